@@ -1,0 +1,109 @@
+#pragma once
+
+#include "colour/colour.h"
+#include "desktop/geometry.h"
+#include "desktop/pasteboard.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace chromalog {
+
+/// The controls of a dialog. Each base is its own null object: an unconnected outlet does nothing and reads as zero or
+/// empty. The toolkit's controls override.
+class Control {
+  public:
+    virtual ~Control() = default;
+    virtual void setEnabled(bool) {}
+    virtual bool enabled() const { return false; }
+    virtual void setHidden(bool) {}
+    virtual bool hidden() const { return false; }
+};
+
+/// Also labels and search fields. A field that a person is typing in keeps its text until it loses the focus or Return
+/// is pressed, and then shows what was last set meanwhile.
+class TextField : public Control {
+  public:
+    virtual void setText(std::string_view) {}
+    virtual std::string text() const { return {}; }
+    /// Called on every edit by a person (typing, paste, cut, clear, undo), never when the program sets the text.
+    std::function<void()> onEdit;
+};
+
+class Button : public Control {
+  public:
+    virtual void setTitle(std::string_view) {}
+    virtual std::string title() const { return {}; }
+    virtual void setBackground(const Colour&) {} ///< the title stays readable on it
+    virtual void setState(int) {}                ///< two-state buttons and check boxes: 0 or 1
+    virtual int state() const { return 0; }
+};
+
+/// A colour well: shows a colour, takes a dropped one, drags its own out.
+class ColorWell : public Control, public DragSource {
+  public:
+    virtual void setColor(const Colour&) {}
+    virtual Colour color() const { return {}; }
+    std::function<void(const DragInfo&)> onDrop; ///< after the well took the dropped colour
+};
+
+class Slider : public Control {
+  public:
+    virtual void setValue(double) {}
+    virtual double value() const { return 0; }
+};
+
+class Stepper : public Control {
+  public:
+    virtual void configure(double minimum, double maximum, double increment, double value, bool wraps) {
+        (void)minimum, (void)maximum, (void)increment, (void)value, (void)wraps;
+    }
+    virtual double value() const { return 0; }
+};
+
+class LevelIndicator : public Control {
+  public:
+    virtual void setValue(double) {} ///< kept as given; only its drawing is clamped to 0..10
+    virtual double value() const { return 0; }
+};
+
+class TextView : public Control {
+  public:
+    virtual void setText(std::string_view) {}
+    virtual std::string text() const { return {}; }
+};
+
+class ScrollView : public Control {
+  public:
+    virtual void setVerticalScroller(double) {} ///< 0..1; the content at v × (content height − clip height) shows
+    virtual double verticalScroller() const { return 0; }
+    virtual void scrollToPoint(Point) {} ///< this content point to the clip's top left, as far as there is content
+    virtual void setNeedsDisplay() {}
+};
+
+class RadioMatrix : public Control {
+  public:
+    virtual void selectRow(int) {}
+    virtual int selectedRow() const { return 0; }
+    virtual std::string selectedTitle() const { return {}; }
+};
+
+class Menu {
+  public:
+    virtual ~Menu() = default;
+    /// Opens at a point of the view and returns when it has closed.
+    virtual void popUp(const class View&, Point) {}
+};
+
+class Window : public Control {
+  public:
+    virtual bool connected() const { return false; }
+    virtual bool visible() const { return false; }
+    virtual void makeKeyAndOrderFront() {}
+    virtual void orderOut() {}
+    virtual void attachAsChildOf(Window&) {} ///< floats above it, and works while it is modal
+    std::function<void()> onClose;           ///< the close box or Escape
+};
+
+} // namespace chromalog

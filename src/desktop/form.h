@@ -1,0 +1,41 @@
+#pragma once
+
+#include "desktop/controls.h"
+#include "desktop/outlet.h"
+#include "desktop/view.h"
+
+#include <functional>
+#include <memory>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace chromalog {
+
+/// One row of a controller's table of outlets: an object of that name in the interface file is connected to it.
+struct OutletEntry {
+    std::string_view name;
+    std::variant<Outlet<TextField>*, Outlet<Button>*, Outlet<ColorWell>*, Outlet<Slider>*, Outlet<Stepper>*,
+                 Outlet<LevelIndicator>*, Outlet<TextView>*, Outlet<ScrollView>*, Outlet<RadioMatrix>*, Outlet<Menu>*,
+                 Outlet<Window>*, View*>
+        target;
+};
+
+/// One row of a controller's table of actions: what a control of the interface file sends, colon included.
+struct ActionEntry {
+    std::string_view name;
+    std::function<void()> run;
+};
+
+struct FormOwner {
+    std::vector<OutletEntry> outlets;
+    std::vector<ActionEntry> actions;
+};
+
+/// A loaded interface file. Its controls live as long as it does; destroying it closes its window.
+class Form {
+  public:
+    virtual ~Form() = default;
+};
+
+} // namespace chromalog

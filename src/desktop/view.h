@@ -1,0 +1,105 @@
+#pragma once
+
+#include "desktop/canvas.h"
+#include "desktop/geometry.h"
+#include "desktop/pasteboard.h"
+
+#include <optional>
+#include <string>
+
+namespace chromalog {
+
+struct MouseEvent {
+    Point location; ///< in the view's coordinates, exact
+    bool alt = false;
+    bool shift = false;
+};
+
+enum class Key { left, right, up, down, home, end, pageUp, pageDown, deleteKey, space, enter, other };
+
+struct KeyEvent {
+    Key key = Key::other;
+    bool shift = false;
+    bool alt = false;
+};
+
+/// What assistive technology is told about a view.
+struct Accessible {
+    enum class Role { colourChooser, slider, list, chart } role = Role::chart;
+    std::string name;
+    std::string value;       ///< as text, e.g. "RGB 12 34 56, #0c2238"
+    std::string description; ///< how the view is used
+    struct Range {
+        double value, minimum, maximum, step;
+    };
+    std::optional<Range> range; ///< sliders
+};
+
+struct AccessibleRow {
+    std::string name;
+    std::string value;
+    bool selected = false;
+};
+
+/// What shows a view: the toolkit's widget, or the tests' twin. Null while a view is not connected.
+class ViewHost {
+  public:
+    virtual ~ViewHost() = default;
+    virtual void needsDisplay() = 0;
+    virtual void frameChanged() = 0;  ///< the view set its own frame
+    virtual void hiddenChanged() = 0; ///< the view was shown or hidden
+    virtual void accessibleChanged() = 0;
+    virtual std::optional<Rect> superviewBounds() const = 0; ///< the clip of a scroll view; nothing without one
+};
+
+/// A view: frame and bounds in points, origin bottom left and y up unless flipped. It draws on a canvas and is sent
+/// events; everything on the one main thread.
+class View : public DragSource {
+  public:
+    const Rect& frame() const { return frame_; }
+    void setFrame(const Rect&); ///< the bounds take the frame's size
+    /// Sets the frame because the host laid the view out; the host is not told.
+    void layOut(const Rect&);
+    const Rect& bounds() const { return bounds_; }
+    void setBounds(const Rect& bounds) { bounds_ = bounds; }
+    bool hidden() const { return hidden_; }
+    void setHidden(bool);
+    void setNeedsDisplay();
+    void announceChange(); ///< name, value or rows changed for assistive technology
+    std::optional<Rect> superviewBounds() const;
+
+    ViewHost* host() const { return host_; }
+    void setHost(ViewHost* host) { host_ = host; }
+    bool connected() const { return host_ != nullptr; }
+
+    virtual bool isFlipped() const { return false; } ///< asked at every call: it changes while printing
+    virtual void drawRect(Canvas&) = 0;
+    virtual void sizeChanged() {} ///< after layOut gave the view another size
+
+    virtual void mouseDown(const MouseEvent&) {}
+    virtual void mouseDragged(const MouseEvent&) {}
+    virtual void mouseUp(const MouseEvent&) {}
+    virtual void rightMouseDown(const MouseEvent&) {}
+    /// True: mouseDragged starts a drag and drop, and is sent once, after the pointer left the start distance.
+    virtual bool startsDrags() const { return false; }
+
+    virtual bool acceptsFocus() const { return false; }
+    virtual bool keyDown(const KeyEvent&) { return false; } ///< true where the key was used
+
+    virtual bool acceptsColourDrags() const { return false; }
+    virtual DragOperation draggingEntered(const DragInfo&) { return DragOperation::none; }
+    virtual bool performDragOperation(const DragInfo&) { return false; }
+
+    virtual Accessible accessible() const { return {}; }
+    virtual int accessibleRowCount() const { return 0; }
+    virtual AccessibleRow accessibleRow(int) const { return {}; }
+    virtual void selectAccessibleRow(int) {}
+    virtual void setAccessibleValue(double) {} ///< sliders
+
+  private:
+    Rect frame_, bounds_;
+    bool hidden_ = false;
+    ViewHost* host_ = nullptr;
+};
+
+} // namespace chromalog
