@@ -46,12 +46,24 @@ Colour Colour::hsb(double hue, double saturation, double brightness, double alph
     const double t = b * (1 - s * (1 - f));
     Colour c;
     switch (i) {
-    case 0: c = rgb(b, t, p, alpha); break;
-    case 1: c = rgb(q, b, p, alpha); break;
-    case 2: c = rgb(p, b, t, alpha); break;
-    case 3: c = rgb(p, q, b, alpha); break;
-    case 4: c = rgb(t, p, b, alpha); break;
-    default: c = rgb(b, p, q, alpha); break;
+    case 0:
+        c = rgb(b, t, p, alpha);
+        break;
+    case 1:
+        c = rgb(q, b, p, alpha);
+        break;
+    case 2:
+        c = rgb(p, b, t, alpha);
+        break;
+    case 3:
+        c = rgb(p, q, b, alpha);
+        break;
+    case 4:
+        c = rgb(t, p, b, alpha);
+        break;
+    default:
+        c = rgb(b, p, q, alpha);
+        break;
     }
     c.remembers_ = true;
     c.hue_ = h;
@@ -59,7 +71,9 @@ Colour Colour::hsb(double hue, double saturation, double brightness, double alph
     return c;
 }
 
-double Colour::brightness() const { return std::max({red_, green_, blue_}); }
+double Colour::brightness() const {
+    return std::max({red_, green_, blue_});
+}
 
 double Colour::saturation() const {
     if (remembers_) return saturation_;

@@ -2,9 +2,9 @@
 
 namespace chromalog {
 
-/// A calibrated RGB colour with alpha: four doubles in 0..1, clamped when the colour is made (no number counts as 0).
-/// A colour made from hue, saturation and brightness remembers its hue and saturation, so that brightness 0 or
-/// saturation 0 does not lose them; every other colour derives them from its components.
+/// A calibrated RGB colour with alpha: four doubles in 0..1, clamped when the colour is made (no number
+/// counts as 0). A colour made from hue, saturation and brightness remembers its hue and saturation, so that
+/// brightness 0 or saturation 0 does not lose them; every other colour derives them from its components.
 class Colour {
   public:
     constexpr Colour() = default; ///< opaque black

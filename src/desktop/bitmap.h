@@ -29,9 +29,7 @@ struct Bitmap {
     }
 
   private:
-    static int held(double v, int count) {
-        return v > 0 ? static_cast<int>(std::min(v, count - 1.0)) : 0;
-    }
+    static int held(double v, int count) { return v > 0 ? static_cast<int>(std::min(v, count - 1.0)) : 0; }
 };
 
 } // namespace chromalog

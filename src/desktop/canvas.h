@@ -34,7 +34,10 @@ struct Path {
 
 /// Text is UTF-8. A size is in points of the view (pixels at scale 1), never of the screen's resolution.
 struct Font {
-    enum class Face { label, message } face = Face::label; ///< label: Arial or its metric twin; message: the system's
+    enum class Face {
+        label,
+        message
+    } face = Face::label; ///< label: Arial or its metric twin; message: the system's
     double size = 12;
 };
 
@@ -47,18 +50,21 @@ class Canvas {
     virtual bool drawsToScreen() const = 0; ///< false on paper; a raster for picking answers true
     virtual Rect clipBounds() const = 0;    ///< what outside of which nothing shows, in view coordinates
 
-    virtual void setFill(const Colour&) = 0;     ///< current fill colour, also the colour of text; white at the start
+    virtual void
+    setFill(const Colour&) = 0; ///< current fill colour, also the colour of text; white at the start
     virtual void setStroke(const Colour&) = 0;   ///< current stroke colour; black at the start
     virtual void setLineWidth(double width) = 0; ///< 1 at the start
 
     virtual void fillRect(const Rect&) = 0;
-    virtual void frameRect(const Rect&, double width) = 0; ///< a frame inside the rectangle, in the fill colour
-    virtual void strokeRect(const Rect&) = 0;              ///< a line centred on the rectangle's edges
+    virtual void frameRect(const Rect&,
+                           double width) = 0; ///< a frame inside the rectangle, in the fill colour
+    virtual void strokeRect(const Rect&) = 0; ///< a line centred on the rectangle's edges
     virtual void fillPath(const Path&) = 0;
     virtual void strokePath(const Path&) = 0;
     virtual void drawBitmap(const Bitmap&, const Rect& into) = 0;
 
-    /// One line with its baseline's left end at `at`. Wider than `maxWidth` (where that is above 0), it ends in U+2026.
+    /// One line with its baseline's left end at `at`. Wider than `maxWidth` (where that is above 0), it ends
+    /// in U+2026.
     virtual void drawText(Point at, std::string_view text, const Font&, double maxWidth) = 0;
 };
 

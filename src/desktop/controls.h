@@ -10,8 +10,8 @@
 
 namespace chromalog {
 
-/// The controls of a dialog. Each base is its own null object: an unconnected outlet does nothing and reads as zero or
-/// empty. The toolkit's controls override.
+/// The controls of a dialog. Each base is its own null object: an unconnected outlet does nothing and reads
+/// as zero or empty. The toolkit's controls override.
 class Control {
   public:
     virtual ~Control() = default;
@@ -21,13 +21,14 @@ class Control {
     virtual bool hidden() const { return false; }
 };
 
-/// Also labels and search fields. A field that a person is typing in keeps its text until it loses the focus or Return
-/// is pressed, and then shows what was last set meanwhile.
+/// Also labels and search fields. A field that a person is typing in keeps its text until it loses the focus
+/// or Return is pressed, and then shows what was last set meanwhile.
 class TextField : public Control {
   public:
     virtual void setText(std::string_view) {}
     virtual std::string text() const { return {}; }
-    /// Called on every edit by a person (typing, paste, cut, clear, undo), never when the program sets the text.
+    /// Called on every edit by a person (typing, paste, cut, clear, undo), never when the program sets the
+    /// text.
     std::function<void()> onEdit;
 };
 
@@ -76,9 +77,11 @@ class TextView : public Control {
 
 class ScrollView : public Control {
   public:
-    virtual void setVerticalScroller(double) {} ///< 0..1; the content at v × (content height − clip height) shows
+    virtual void setVerticalScroller(double) {
+    } ///< 0..1; the content at v × (content height − clip height) shows
     virtual double verticalScroller() const { return 0; }
-    virtual void scrollToPoint(Point) {} ///< this content point to the clip's top left, as far as there is content
+    virtual void scrollToPoint(Point) {
+    } ///< this content point to the clip's top left, as far as there is content
     virtual void setNeedsDisplay() {}
 };
 

@@ -23,16 +23,17 @@ class Timer {
     virtual void fireIn(double seconds) = 0; ///< moves the fire date of a timer that has not fired
 };
 
-/// The platform, asked for everything that a room cannot do alone. One implementation shows a real dialog, its twin
-/// serves the tests. Main thread only. Everything that waits (timers, panels) ends with the pick.
+/// The platform, asked for everything that a room cannot do alone. One implementation shows a real dialog,
+/// its twin serves the tests. Main thread only. Everything that waits (timers, panels) ends with the pick.
 class Desktop {
   public:
     virtual ~Desktop() = default;
 
-    /// Loads the interface file `name` and connects the owner's outlets and actions. Null where it is missing or broken.
+    /// Loads the interface file `name` and connects the owner's outlets and actions. Null where it is missing
+    /// or broken.
     virtual std::unique_ptr<Form> loadForm(std::string_view name, const FormOwner&) = 0;
 
-    virtual std::int64_t runModal(Window&) = 0; ///< returns the code given to stopModal
+    virtual std::int64_t runModal(Window&) = 0;    ///< returns the code given to stopModal
     virtual void stopModal(std::int64_t code) = 0; ///< ends the innermost loop
     virtual void runAlert(const Alert&) = 0;       ///< returns when it was dismissed
     /// Begins a sheet on `parent` and returns at once; the answer comes later, from the modal loop.
@@ -48,8 +49,9 @@ class Desktop {
     virtual bool optionKeyHeld() const = 0;            ///< asked of the keyboard now
     virtual std::string userName() const = 0;          ///< login name
     virtual std::tm localTime() const = 0;
-    virtual std::string localized(std::string_view key) const = 0; ///< the key itself where there is no translation
-    virtual void log(std::string_view line) = 0;                   ///< one line of the system's log
+    virtual std::string
+    localized(std::string_view key) const = 0;   ///< the key itself where there is no translation
+    virtual void log(std::string_view line) = 0; ///< one line of the system's log
     /// The user's applications directory, with no slash at the end; empty where there is none.
     virtual std::string applicationsDirectory() const = 0;
     /// The folder of colour books that stands for the host's own; empty where none was named.

@@ -12,12 +12,13 @@
 
 namespace chromalog {
 
-/// One row of a controller's table of outlets: an object of that name in the interface file is connected to it.
+/// One row of a controller's table of outlets: an object of that name in the interface file is connected to
+/// it.
 struct OutletEntry {
     std::string_view name;
     std::variant<Outlet<TextField>*, Outlet<Button>*, Outlet<ColorWell>*, Outlet<Slider>*, Outlet<Stepper>*,
-                 Outlet<LevelIndicator>*, Outlet<TextView>*, Outlet<ScrollView>*, Outlet<RadioMatrix>*, Outlet<Menu>*,
-                 Outlet<Window>*, View*>
+                 Outlet<LevelIndicator>*, Outlet<TextView>*, Outlet<ScrollView>*, Outlet<RadioMatrix>*,
+                 Outlet<Menu>*, Outlet<Window>*, View*>
         target;
 };
 

@@ -2,7 +2,8 @@
 
 namespace chromalog {
 
-/// A control that an interface file may or may not have connected. Unconnected, it is the control's null object.
+/// A control that an interface file may or may not have connected. Unconnected, it is the control's null
+/// object.
 template <typename T> class Outlet {
   public:
     void connect(T* control) { control_ = control; }

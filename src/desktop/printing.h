@@ -15,8 +15,8 @@ struct PrintInfo {
     double scale = 1.0;
 };
 
-/// A print job: `sheets` pages, each painted on its own canvas of `sheet` points, y down, origin top left of the
-/// printable area, before the print scale is applied.
+/// A print job: `sheets` pages, each painted on its own canvas of `sheet` points, y down, origin top left of
+/// the printable area, before the print scale is applied.
 struct PrintJob {
     std::string title;
     int sheets = 1;

@@ -49,11 +49,12 @@ class ViewHost {
     virtual void frameChanged() = 0;  ///< the view set its own frame
     virtual void hiddenChanged() = 0; ///< the view was shown or hidden
     virtual void accessibleChanged() = 0;
-    virtual std::optional<Rect> superviewBounds() const = 0; ///< the clip of a scroll view; nothing without one
+    virtual std::optional<Rect>
+    superviewBounds() const = 0; ///< the clip of a scroll view; nothing without one
 };
 
-/// A view: frame and bounds in points, origin bottom left and y up unless flipped. It draws on a canvas and is sent
-/// events; everything on the one main thread.
+/// A view: frame and bounds in points, origin bottom left and y up unless flipped. It draws on a canvas and
+/// is sent events; everything on the one main thread.
 class View : public DragSource {
   public:
     const Rect& frame() const { return frame_; }
@@ -80,7 +81,8 @@ class View : public DragSource {
     virtual void mouseDragged(const MouseEvent&) {}
     virtual void mouseUp(const MouseEvent&) {}
     virtual void rightMouseDown(const MouseEvent&) {}
-    /// True: mouseDragged starts a drag and drop, and is sent once, after the pointer left the start distance.
+    /// True: mouseDragged starts a drag and drop, and is sent once, after the pointer left the start
+    /// distance.
     virtual bool startsDrags() const { return false; }
 
     virtual bool acceptsFocus() const { return false; }

@@ -2,9 +2,12 @@
 
 namespace chromalog {
 
-bool HostColorServicesAvailable(ColorServicesProc callback) { return callback != nullptr; }
+bool HostColorServicesAvailable(ColorServicesProc callback) {
+    return callback != nullptr;
+}
 
-std::int16_t CSSetColor(std::int16_t* components, std::int16_t c0, std::int16_t c1, std::int16_t c2, std::int16_t c3) {
+std::int16_t CSSetColor(std::int16_t* components, std::int16_t c0, std::int16_t c1, std::int16_t c2,
+                        std::int16_t c3) {
     if (!components) return kBadParameter;
     components[0] = c0;
     components[1] = c1;
@@ -28,8 +31,8 @@ std::int16_t CSInitInfo(ColorServicesInfo* info) {
     return 0;
 }
 
-std::int16_t HostCSConvertColor(ColorServicesProc callback, std::int16_t sourceSpace, std::int16_t resultSpace,
-                                std::int16_t* components) {
+std::int16_t HostCSConvertColor(ColorServicesProc callback, std::int16_t sourceSpace,
+                                std::int16_t resultSpace, std::int16_t* components) {
     if (!HostColorServicesAvailable(callback)) return kHostInsufficient;
     if (!components) return kBadParameter;
     ColorServicesInfo info;

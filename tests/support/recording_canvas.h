@@ -10,14 +10,14 @@ namespace chromalog::test {
 /// One recorded primitive with the colours and line width in force.
 struct Primitive {
     enum class Kind { fillRect, frameRect, strokeRect, fillPath, strokePath, bitmap, text } kind;
-    Rect rect;          ///< rectangles; bitmap: where it is drawn
-    Path path;          ///< paths
-    Point at;           ///< text: baseline
-    std::string text;   ///< text
-    Font font;          ///< text
+    Rect rect;           ///< rectangles; bitmap: where it is drawn
+    Path path;           ///< paths
+    Point at;            ///< text: baseline
+    std::string text;    ///< text
+    Font font;           ///< text
     double maxWidth = 0; ///< text
-    double width = 0;   ///< line width: frames, strokes
-    Colour colour;      ///< fill colour for fills, frames and text; stroke colour for strokes
+    double width = 0;    ///< line width: frames, strokes
+    Colour colour;       ///< fill colour for fills, frames and text; stroke colour for strokes
 };
 
 /// Records a drawing as a list of values.
@@ -38,7 +38,9 @@ class RecordingCanvas : public Canvas {
     void strokeRect(const Rect& r) override { add(Primitive::Kind::strokeRect, r, stroke_, lineWidth_); }
     void fillPath(const Path&) override;
     void strokePath(const Path&) override;
-    void drawBitmap(const Bitmap&, const Rect& into) override { add(Primitive::Kind::bitmap, into, fill_, 0); }
+    void drawBitmap(const Bitmap&, const Rect& into) override {
+        add(Primitive::Kind::bitmap, into, fill_, 0);
+    }
     void drawText(Point at, std::string_view text, const Font&, double maxWidth) override;
 
     /// The primitives of one kind, in order.

@@ -31,8 +31,8 @@ typedef struct ColorServicesInfo {
     int16_t selector;
     int16_t sourceSpace;
     int16_t resultSpace;
-    uint8_t resultGamutInfoValid; /* out: 1 where resultInGamut was set (CMYK results) */
-    uint8_t resultInGamut;        /* out: 1 = printable with the current print set-up */
+    uint8_t resultGamutInfoValid;  /* out: 1 where resultInGamut was set (CMYK results) */
+    uint8_t resultInGamut;         /* out: 1 = printable with the current print set-up */
     void* reservedSourceSpaceInfo; /* must be null, else -50 */
     void* reservedResultSpaceInfo; /* must be null, else -50 */
     int16_t colorComponents[4];

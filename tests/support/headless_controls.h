@@ -1,0 +1,166 @@
+#pragma once
+
+#include "desktop/controls.h"
+
+#include <string>
+#include <vector>
+
+namespace chromalog::test {
+
+/// A control that remembers whether it is enabled and hidden.
+template <typename Base> class Headless : public Base {
+  public:
+    void setEnabled(bool enabled) override { enabled_ = enabled; }
+    bool enabled() const override { return enabled_; }
+    void setHidden(bool hidden) override { hidden_ = hidden; }
+    bool hidden() const override { return hidden_; }
+
+  private:
+    bool enabled_ = true;
+    bool hidden_ = false;
+};
+
+class HeadlessTextField : public Headless<TextField> {
+  public:
+    void setText(std::string_view text) override {
+        pending_ = text;
+        if (!editing_) shown_ = pending_;
+    }
+    std::string text() const override { return shown_; }
+
+    /// What a person does: selects all and types, one keystroke at a time.
+    void type(const std::string& text) {
+        shown_.clear();
+        editing_ = true;
+        if (text.empty()) edited();
+        for (char c : text) {
+            shown_ += c;
+            edited();
+        }
+    }
+    void endEditing() {
+        editing_ = false;
+        shown_ = pending_;
+    }
+
+  private:
+    void edited() {
+        pending_ = shown_;
+        if (onEdit) onEdit();
+    }
+    std::string shown_, pending_;
+    bool editing_ = false;
+};
+
+class HeadlessButton : public Headless<Button> {
+  public:
+    Colour background;
+    void setTitle(std::string_view title) override { title_ = title; }
+    std::string title() const override { return title_; }
+    void setBackground(const Colour& c) override { background = c; }
+    void setState(int state) override { state_ = state; }
+    int state() const override { return state_; }
+
+  private:
+    std::string title_;
+    int state_ = 0;
+};
+
+class HeadlessColorWell : public Headless<ColorWell> {
+  public:
+    void setColor(const Colour& c) override { color_ = c; }
+    Colour color() const override { return color_; }
+    /// What a drop does: the well takes the colour, then says so.
+    void drop(const Colour& c, const DragSource* source = nullptr) {
+        color_ = c;
+        DragInfo info;
+        info.source = source;
+        info.pasteboard.colourType = true;
+        info.pasteboard.colour = c;
+        if (onDrop) onDrop(info);
+    }
+
+  private:
+    Colour color_;
+};
+
+template <typename Base> class HeadlessValue : public Headless<Base> {
+  public:
+    void setValue(double v) override { value_ = v; }
+    double value() const override { return value_; }
+
+  private:
+    double value_ = 0;
+};
+using HeadlessLevelIndicator = HeadlessValue<LevelIndicator>;
+class HeadlessSlider : public HeadlessValue<Slider> {
+  public:
+    HeadlessSlider() { setValue(50); }
+};
+
+class HeadlessStepper : public Headless<Stepper> {
+  public:
+    double minimum = 0, maximum = 0, increment = 1, current = 0;
+    bool wraps = false;
+    void configure(double lowest, double highest, double step, double value, bool wrap) override {
+        minimum = lowest, maximum = highest, increment = step, current = value, wraps = wrap;
+    }
+    double value() const override { return current; }
+};
+
+class HeadlessTextView : public Headless<TextView> {
+  public:
+    void setText(std::string_view text) override { text_ = text; }
+    std::string text() const override { return text_; }
+
+  private:
+    std::string text_;
+};
+
+class HeadlessScrollView : public Headless<ScrollView> {
+  public:
+    Point scrolledTo;
+    int redisplays = 0;
+    void setVerticalScroller(double v) override { scroller_ = v; }
+    double verticalScroller() const override { return scroller_; }
+    void scrollToPoint(Point p) override { scrolledTo = p; }
+    void setNeedsDisplay() override { ++redisplays; }
+
+  private:
+    double scroller_ = 0;
+};
+
+class HeadlessRadioMatrix : public Headless<RadioMatrix> {
+  public:
+    std::vector<std::string> titles{"Small", "Middle", "Large"};
+    void selectRow(int row) override { row_ = row; }
+    int selectedRow() const override { return row_; }
+    std::string selectedTitle() const override {
+        return row_ >= 0 && row_ < static_cast<int>(titles.size()) ? titles[row_] : "";
+    }
+
+  private:
+    int row_ = 0;
+};
+
+class HeadlessMenu : public Menu {
+  public:
+    int popUps = 0;
+    void popUp(const View&, Point) override { ++popUps; }
+};
+
+class HeadlessWindow : public Headless<Window> {
+  public:
+    Window* parent = nullptr;
+    int madeKey = 0;
+    bool connected() const override { return true; }
+    bool visible() const override { return visible_; }
+    void makeKeyAndOrderFront() override { visible_ = true, ++madeKey; }
+    void orderOut() override { visible_ = false; }
+    void attachAsChildOf(Window& w) override { parent = &w; }
+
+  private:
+    bool visible_ = false;
+};
+
+} // namespace chromalog::test
