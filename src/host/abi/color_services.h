@@ -2,6 +2,8 @@
 #ifndef CHROMALOG_ABI_COLOR_SERVICES_H
 #define CHROMALOG_ABI_COLOR_SERVICES_H
 
+#include "host/abi/abi_assert.h"
+
 #include <stddef.h>
 #include <stdint.h>
 
@@ -47,11 +49,6 @@ typedef struct ColorServicesInfo {
 /* Returns 0, or an error and leaves the components alone. */
 typedef int16_t (*ColorServicesProc)(ColorServicesInfo* info);
 
-#ifdef __cplusplus
-#define CHROMALOG_ABI_ASSERT(condition) static_assert(condition, #condition)
-#else
-#define CHROMALOG_ABI_ASSERT(condition) _Static_assert(condition, #condition)
-#endif
 CHROMALOG_ABI_ASSERT(offsetof(ColorServicesInfo, resultSpace) == 8);
 CHROMALOG_ABI_ASSERT(offsetof(ColorServicesInfo, reservedSourceSpaceInfo) == 16);
 CHROMALOG_ABI_ASSERT(offsetof(ColorServicesInfo, colorComponents) == 32);
