@@ -1,0 +1,60 @@
+#pragma once
+
+#include "desktop/geometry.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+
+namespace chromalog {
+
+/// Where things stand in a swatch list: points, y down. `bounds` is the view's bounds, `frameY` its frame's
+/// origin.
+namespace swatch_geometry {
+
+inline constexpr double kRowPitch = 22;
+inline constexpr double kMargin = 5;
+inline constexpr double kPatchWidth = 32;
+inline constexpr double kPatchHeight = 16;
+
+constexpr Rect patchRectForRow(const Rect& bounds, double frameY, int row) {
+    return {bounds.x + kMargin, frameY + kRowPitch * row + kMargin, kPatchWidth, kPatchHeight};
+}
+
+/// The left end of the name's baseline.
+constexpr Point textOriginForRow(const Rect& bounds, double frameY, int row) {
+    return {bounds.x + kMargin + kPatchWidth + 5, frameY + kRowPitch * row + kMargin + kPatchHeight - 3};
+}
+
+/// A name of full width runs 10 points past the view's right edge: kept.
+constexpr double textWidth(const Rect& bounds) {
+    return bounds.w - kPatchWidth;
+}
+
+/// Stands on the bounds' origin where the patch stands on the frame's: kept.
+constexpr Rect selectionRectForRow(const Rect& bounds, int row) {
+    return {bounds.x + 4, bounds.y + kRowPitch * row + 4, bounds.w - 5, 18};
+}
+
+/// Truncated toward zero, so that the top margin belongs to row 0; not checked against the count. Points that
+/// no list reaches are held to the 16-bit range.
+constexpr std::int16_t rowAtPoint(Point p) {
+    using Limits = std::numeric_limits<std::int16_t>;
+    const double row = (p.y - kMargin) / kRowPitch;
+    if (!(row > Limits::min())) return Limits::min();
+    return static_cast<std::int16_t>(std::min<double>(row, Limits::max()));
+}
+
+/// One spare row stands below the last swatch. `visibleHeight` is the clip's, 0 without one.
+constexpr double contentHeight(int count, double visibleHeight) {
+    return std::max(kRowPitch * (count + 1), visibleHeight);
+}
+
+/// Whether a row can leave a mark inside the clip. A row's ink stays within one pitch of its patch's top, up
+/// and down twice: glyphs with stacked accents and the blue frame included.
+constexpr bool rowMayShow(double patchTop, const Rect& clip) {
+    return patchTop + 2 * kRowPitch > clip.y && patchTop - kRowPitch < clip.y + clip.h;
+}
+
+} // namespace swatch_geometry
+} // namespace chromalog

@@ -1,0 +1,124 @@
+#include "swatches/swatch_list_view.h"
+
+#include "swatches/name_text.h"
+#include "swatches/swatch_list_geometry.h"
+
+#include <charconv>
+#include <cmath>
+
+namespace chromalog {
+namespace {
+
+namespace geometry = swatch_geometry;
+
+/// Six decimals and a point, whatever the process's locale is.
+std::string fixedText(double value) {
+    char text[400]; // the longest double has 309 digits before the point
+    const auto end = std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, 6);
+    return {text, end.ptr};
+}
+
+} // namespace
+
+void CSwatchList::initWithFrame(const Rect& frame) {
+    setFrame(frame);
+    setScrollSize();
+}
+
+void CSwatchList::initFromControler() {
+    lostAndFound.clear();
+    lostAndFound.reserve(25);
+    desk_.setFirstColor(*this, selectcolor);
+    setScrollSize();
+}
+
+void CSwatchList::setScrollSize() {
+    Rect frame = this->frame();
+    frame.h = geometry::contentHeight(nfcocolors, superviewBounds().value_or(Rect{}).h);
+    setFrame(frame);
+}
+
+void CSwatchList::setScrollPos(float position) {
+    const double clipHeight = superviewBounds().value_or(Rect{}).h;
+    const int visibleRows = static_cast<int>(std::clamp(clipHeight / geometry::kRowPitch, 0.0, 1e6));
+    const float first = position * static_cast<float>(nfcocolors - visibleRows);
+    // A position outside 0..1, or no number, must not overflow on its way to 16 bits.
+    startcolor = static_cast<std::int16_t>(std::isnan(first) ? 0 : std::clamp(first, -32768.0F, 32767.0F));
+    logScrollValue(position);
+}
+
+void CSwatchList::logScrollValue(double value) const {
+    desk_.desktop().log("ScrollValue : ," + fixedText(value));
+}
+
+RGBColor CSwatchList::bufferColorOf(const FCOStruct& record) {
+    return {static_cast<std::uint16_t>(record.SRed), static_cast<std::uint16_t>(record.SGreen),
+            static_cast<std::uint16_t>(record.SBlue)};
+}
+
+void CSwatchList::objRGBToCGColor(const RGBColor& color, float (&output)[4]) {
+    output[0] = color.red / 65535.0F;
+    output[1] = color.green / 65535.0F;
+    output[2] = color.blue / 65535.0F;
+    output[3] = 1.0F;
+}
+
+void CSwatchList::selectRow(std::int16_t row) {
+    selectcolor = row;
+    desk_.setFirstColor(*this, selectcolor);
+    setNeedsDisplay();
+    announceChange();
+}
+
+void CSwatchList::drawRect(Canvas& canvas) {
+    if (nfcocolors <= 0) return;
+    if (!canvas.drawsToScreen()) {
+        PrintRect(canvas);
+        return;
+    }
+    desk_.desktop().log("DrawSwatches Oy= ," + fixedText(frame().y) + " HY ," + fixedText(frame().h));
+    canvas.setLineWidth(1);
+    canvas.setStroke(Colour());
+    canvas.setFill(Colour());
+    canvas.strokeRect(bounds());
+    drawRows(canvas);
+}
+
+/// Paints the rows that the clip can show and ends the names of all rows, painted or not: what a later drag,
+/// search or sort reads of a name does not depend on the scroll position.
+void CSwatchList::drawRows(Canvas& canvas) {
+    const Rect clip = canvas.clipBounds();
+    const ListRecords shown = records().first(std::min<std::size_t>(records().size(), shownRows()));
+    for (int row = 0; FCOStruct & record : shown) {
+        const Rect patch = geometry::patchRectForRow(bounds(), frame().y, row);
+        if (patch.y > 0) {
+            if (geometry::rowMayShow(patch.y, clip))
+                drawRow(canvas, row, record);
+            else
+                terminateName(record);
+        }
+        ++row;
+    }
+}
+
+void CSwatchList::drawRow(Canvas& canvas, int row, FCOStruct& record) {
+    const Rect patch = geometry::patchRectForRow(bounds(), frame().y, row);
+    float rgba[4];
+    BufferColor = bufferColorOf(record); // before the terminator, which may change SRed
+    objRGBToCGColor(BufferColor, rgba);
+    canvas.setFill(Colour::rgb(rgba[0], rgba[1], rgba[2], rgba[3]));
+    canvas.fillRect(patch);
+    canvas.setStroke(Colour());
+    canvas.setFill(Colour());
+    canvas.strokeRect(patch);
+    terminateName(record);
+    const double width = geometry::textWidth(bounds());
+    if (width > 0) // not even the ellipsis has room otherwise
+        canvas.drawText(geometry::textOriginForRow(bounds(), frame().y, row),
+                        macRomanToUtf8(nameBytes(record)), Font{Font::Face::label, 12}, width);
+    if (row != selectcolor) return;
+    canvas.setStroke(Colour::rgb(0, 0, 1));
+    canvas.strokeRect(geometry::selectionRectForRow(bounds(), row));
+}
+
+} // namespace chromalog

@@ -1,0 +1,133 @@
+#pragma once
+
+#include "desktop/desktop.h"
+#include "desktop/view.h"
+#include "swatches/list_store.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace chromalog {
+
+class CSwatchList;
+
+/// A colour of 16-bit words.
+struct RGBColor {
+    std::uint16_t red = 0, green = 0, blue = 0;
+};
+
+/// One hit of a search by name.
+struct FoundEntry {
+    std::int64_t position = 0; ///< index of the swatch when the search ran; later changes do not move it
+    double scrollValue = 0;    ///< index / count, computed in single precision
+};
+
+/// What a swatch list asks of the dialog around it.
+class CSwatchListDesk {
+  public:
+    virtual ~CSwatchListDesk() = default;
+    virtual Desktop& desktop() = 0;
+    /// The list's swatch becomes the first working colour; only list 1 feeds it.
+    virtual void setFirstColor(CSwatchList&, std::int16_t index) = 0;
+    /// True and the first colour's name where the colour equals the first colour exactly; else `nameOut` is
+    /// left alone.
+    virtual bool isFirstColorId(const Colour&, std::int16_t index, std::string& nameOut) = 0;
+    virtual void activateKnobs(CSwatchList&, double hits) = 0; ///< a search ended with that many hits
+    virtual void setUndoablePosition(std::string_view labelKey) = 0;
+    virtual ListRecords list1Records() = 0; ///< a search in any list terminates the names of list 1
+    virtual ScrollView& scroller(CSwatchList&) = 0;
+    virtual Menu& menu(CSwatchList&) = 0; ///< the list's context menu
+};
+
+/// One swatch list as a column of rows: a patch, its name, a blue frame around the selected one. It owns no
+/// swatch: it draws and edits the records of its array in place, under a count of its own. The count and the
+/// selection are stored as told; every access to a record is held to the array.
+class CSwatchList : public View {
+  public:
+    explicit CSwatchList(CSwatchListDesk& desk) : desk_(desk) {}
+
+    void initWithFrame(const Rect& frame);
+    void initFromControler(); ///< after the array and the count are set
+
+    bool isFlipped() const override { return true; }
+    bool fromSwatch() const { return false; }
+    void setScrollSize();              ///< the frame's height fits all rows
+    void setScrollPos(float position); ///< 0..1: sets and logs the first row; does not scroll
+    /// Components 0..1 and alpha 1, in single precision.
+    static void objRGBToCGColor(const RGBColor& color, float (&output)[4]);
+    /// Loads the low 16 bits of a record's channels.
+    static RGBColor bufferColorOf(const FCOStruct&);
+
+    const std::string& getSwatchName() const { return swatchListName; }
+    void setName(std::string_view name) { swatchListName = name; }
+    void setSelectedColor(std::int16_t index) { selectcolor = index; }
+    void setStartColor(std::int16_t index) { startcolor = index; }
+    void setNumberOfColors(std::int16_t count) { nfcocolors = count; }
+    void setSwatchList(FCOStruct* first) { mySwatch = first; } ///< the first of kListCapacity records
+    std::int16_t getSelected() const { return selectcolor; }
+    std::int16_t getStartColor() const { return startcolor; }
+    std::int16_t getNumberOfColors() const { return nfcocolors; }
+
+    /// All records of the array, shown or not.
+    ListRecords records() const { return mySwatch ? ListRecords(mySwatch, kListCapacity) : ListRecords(); }
+    int shownRows() const { return heldCount(nfcocolors); } ///< rows that may be read
+
+    void drawRect(Canvas&) override;
+    /// Appends the whole list as a swatch file of version 2.
+    void saveSwatches(std::vector<std::byte>& data) const;
+    /// Draws every page of a print job.
+    void PrintRect(Canvas&);
+
+    // Editing by mouse, keyboard and drags.
+    void selectRow(std::int16_t row); ///< as a click does: selection, first colour, redisplay
+    void mouseDown(const MouseEvent&) override;
+    void rightMouseDown(const MouseEvent&) override;
+    void mouseDragged(const MouseEvent&) override;
+    bool startsDrags() const override { return true; }
+    bool acceptsFocus() const override { return true; }
+    bool keyDown(const KeyEvent&) override;
+    bool acceptsColourDrags() const override { return true; }
+    DragOperation draggingEntered(const DragInfo&) override;
+    bool performDragOperation(const DragInfo&) override;
+    void deleteEntry();
+    void addFcoColor(const Colour&, std::int16_t position);
+    void moveSwatchColor(std::int16_t from, std::int16_t to); ///< does nothing: kept in the interface
+    void setColor(const Colour&, std::string_view name); ///< overwrites the selected swatch; name is UTF-8
+
+    // Sorting, search and nearest colour.
+    void sortSwatchList(std::string_view key); ///< "nom" or "color"
+    void queryForColorsByName(std::string_view text);
+    void jumpToColor(std::int64_t hit); ///< hit number, not held to the hits
+    std::int16_t getNearColor(const Colour&, float& distance) const;
+    const std::vector<FoundEntry>& hits() const { return lostAndFound; }
+    std::uint64_t lastShown() const { return LastShown; }
+    std::uint8_t direction() const { return sens; }
+
+    Accessible accessible() const override;
+    int accessibleRowCount() const override { return shownRows(); }
+    AccessibleRow accessibleRow(int row) const override;
+    void selectAccessibleRow(int row) override { selectRow(static_cast<std::int16_t>(row)); }
+
+  private:
+    void drawRows(Canvas&);
+    void drawRow(Canvas&, int row, FCOStruct&);
+    void logScrollValue(double) const;
+
+    CSwatchListDesk& desk_;
+    RGBColor BufferColor;                 ///< scratch: the row being drawn or dragged
+    std::int16_t nfcocolors = 0;          ///< the view's own count
+    std::int16_t selectcolor = 0;         ///< selected row, not range-checked
+    std::int16_t startcolor = 0;          ///< first row at the scroll position; drawing does not use it
+    FCOStruct* mySwatch = nullptr;        ///< not owned
+    std::vector<FoundEntry> lostAndFound; ///< hits of the last search, in list order
+    std::uint64_t LAFindex = 0;           ///< reset by each search, not used otherwise
+    std::uint64_t LAFCount = 0;           ///< number of hits
+    std::uint64_t LastShown = 0;          ///< hit shown last
+    std::uint8_t sens = 0;                ///< last step: 1 backwards, 0 forwards
+    std::string swatchListName;           ///< file that was loaded into the list
+};
+
+} // namespace chromalog
