@@ -1,0 +1,94 @@
+#include "colour/value_fields.h"
+
+#include "colour/number_text.h"
+
+#include <algorithm>
+#include <string>
+
+namespace chromalog {
+namespace {
+
+void showNumber(Outlet<TextField>& field, int value) {
+    field->setText(std::to_string(value));
+}
+
+std::int16_t firstInk(const Outlet<TextField>& field) {
+    return saturated16((100.0f - floatValue(field->text())) * 255.0f / 100.0f);
+}
+
+std::int16_t secondInk(const Outlet<TextField>& field) {
+    // Held well inside 64 bits before the product; 16 bits saturate far earlier.
+    constexpr std::int64_t bound = 1'000'000'000;
+    const std::int64_t percent = std::clamp(integerValue(field->text()), -bound, bound);
+    return saturated16(static_cast<double>((100 - percent) * 255 / 100));
+}
+
+template <typename Ink> Inks inksOf(const ValueFields& f, Ink ink) {
+    return {ink(f.C), ink(f.M), ink(f.Y), ink(f.K)};
+}
+
+} // namespace
+
+int eightBit(double component) {
+    return static_cast<int>(component * 255.0);
+}
+
+int inkPercent(std::int16_t hostComponent) {
+    return (255 - hostComponent) * 100 / 255;
+}
+
+std::array<int, 4> inkPercents(std::array<int, 3> rgb, ColorServicesProc services) {
+    Inks c{static_cast<std::int16_t>(rgb[0]), static_cast<std::int16_t>(rgb[1]),
+           static_cast<std::int16_t>(rgb[2]), 0};
+    HostCSConvertColor(services, plugIncolorServicesRGBSpace, plugIncolorServicesCMYKSpace, c.data());
+    return {inkPercent(c[0]), inkPercent(c[1]), inkPercent(c[2]), inkPercent(c[3])};
+}
+
+void showRgb(ValueFields& fields, const Colour& colour) {
+    showNumber(fields.R, eightBit(colour.red()));
+    showNumber(fields.G, eightBit(colour.green()));
+    showNumber(fields.B, eightBit(colour.blue()));
+}
+
+void showCmyk(ValueFields& fields, const Colour& colour, ColorServicesProc services) {
+    const auto inks =
+        inkPercents({eightBit(colour.red()), eightBit(colour.green()), eightBit(colour.blue())}, services);
+    showNumber(fields.C, inks[0]);
+    showNumber(fields.M, inks[1]);
+    showNumber(fields.Y, inks[2]);
+    showNumber(fields.K, inks[3]);
+}
+
+Colour colourFromRgbFields(const ValueFields& fields) {
+    return Colour::rgb(floatValue(fields.R->text()) / 255.0, floatValue(fields.G->text()) / 255.0,
+                       floatValue(fields.B->text()) / 255.0);
+}
+
+Inks firstInks(const ValueFields& fields) {
+    return inksOf(fields, firstInk);
+}
+
+Inks secondInks(const ValueFields& fields) {
+    return inksOf(fields, secondInk);
+}
+
+Colour colourFromInks(Inks c, ValueFields& fields, ColorServicesProc services) {
+    HostCSConvertColor(services, plugIncolorServicesCMYKSpace, plugIncolorServicesRGBSpace, c.data());
+    showNumber(fields.R, c[0]);
+    showNumber(fields.G, c[1]);
+    showNumber(fields.B, c[2]);
+    return Colour::rgb(c[0] / 255.0f, c[1] / 255.0f, c[2] / 255.0f);
+}
+
+void bindValueFields(ValueFields& first, ValueFields& second, ValueFieldsDesk& desk) {
+    for (auto* f : {&first.R, &first.G, &first.B})
+        rgb1Text::bind(**f, desk);
+    for (auto* f : {&first.C, &first.M, &first.Y, &first.K})
+        cmyk1Text::bind(**f, desk);
+    for (auto* f : {&second.R, &second.G, &second.B})
+        rgb2Text::bind(**f, desk);
+    for (auto* f : {&second.C, &second.M, &second.Y, &second.K})
+        cmyk2Text::bind(**f, desk);
+}
+
+} // namespace chromalog

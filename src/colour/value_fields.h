@@ -1,0 +1,63 @@
+#pragma once
+
+#include "colour/colour.h"
+#include "desktop/controls.h"
+#include "desktop/outlet.h"
+#include "host/host_conversion.h"
+
+#include <array>
+#include <cstdint>
+
+namespace chromalog {
+
+/// The seven fields of one working colour (or of the nearest swatch): 0..255, and whole percentages of ink.
+struct ValueFields {
+    Outlet<TextField> R, G, B, C, M, Y, K;
+};
+
+/// Host inks: 0..255 with 255 = no ink; cyan, magenta, yellow, black.
+using Inks = std::array<std::int16_t, 4>;
+
+/// The 8-bit value of a component: component × 255 truncated toward zero.
+int eightBit(double component);
+/// Percent of ink that a host component stands for: (255 − c) × 100 / 255, truncated toward zero.
+int inkPercent(std::int16_t hostComponent);
+/// The ink percentages of 8-bit red, green and blue, asked of the host. Where the conversion fails, the
+/// values are used as they stand: C, M and Y then show the inverted RGB, and K shows 100.
+std::array<int, 4> inkPercents(std::array<int, 3> rgb, ColorServicesProc services);
+
+void showRgb(ValueFields&, const Colour&);
+void showCmyk(ValueFields&, const Colour&, ColorServicesProc services);
+
+Colour colourFromRgbFields(const ValueFields&); ///< field as float / 255.0; alpha 1
+Inks firstInks(const ValueFields&);             ///< (100.0 − field) × 255.0 / 100.0 in single precision
+Inks secondInks(const ValueFields&); ///< (100 − field) × 255 / 100 in integers: another rounding, kept
+
+/// Converts the inks to RGB through the host; the RGB fields take the three values directly.
+Colour colourFromInks(Inks, ValueFields&, ColorServicesProc services);
+
+/// What the value fields tell the dialog's controller about a person's edits.
+class ValueFieldsDesk {
+  public:
+    virtual ~ValueFieldsDesk() = default;
+    virtual void rgb1Changed() = 0;
+    virtual void rgb2Changed() = 0;
+    virtual void cmyk1Changed() = 0;
+    virtual void cmyk2Changed() = 0;
+};
+
+/// The four kinds of value field: each sends its own message on every edit.
+template <void (ValueFieldsDesk::*Changed)()> struct ValueText {
+    static void bind(TextField& field, ValueFieldsDesk& desk) {
+        field.onEdit = [&desk] { (desk.*Changed)(); };
+    }
+};
+using rgb1Text = ValueText<&ValueFieldsDesk::rgb1Changed>;
+using rgb2Text = ValueText<&ValueFieldsDesk::rgb2Changed>;
+using cmyk1Text = ValueText<&ValueFieldsDesk::cmyk1Changed>;
+using cmyk2Text = ValueText<&ValueFieldsDesk::cmyk2Changed>;
+
+/// Makes the fields of both colours report their edits.
+void bindValueFields(ValueFields& first, ValueFields& second, ValueFieldsDesk&);
+
+} // namespace chromalog
