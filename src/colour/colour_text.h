@@ -1,0 +1,25 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace chromalog {
+
+/// A colour as a person writes it on the command line or in a script: 16-bit components of one of the host's
+/// colour spaces, as the picker record holds them.
+struct WrittenColour {
+    std::int16_t space = 0; ///< the host's code: 0 RGB, 1 HSB, 2 CMYK, 3 Lab, 4 Gray
+    std::array<std::uint16_t, 4> components{};
+    std::uint16_t alpha = 65535; ///< below 65535 only from #rrggbbaa
+};
+
+enum class WithAlpha { no, yes };
+
+/// Reads #rrggbb, #rgb, a CSS colour name (any case), or SPACE:c0,c1,c2[,c3] with SPACE one of rgb hsb cmyk
+/// lab gray and decimal components 0..65535; #rrggbbaa where asked. A byte b is the word b * 257. Nothing for
+/// any other text.
+std::optional<WrittenColour> readWrittenColour(std::string_view text, WithAlpha = WithAlpha::no);
+
+} // namespace chromalog

@@ -1,0 +1,66 @@
+#include "colour/colour_text.h"
+#include "colour/css_names.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace chromalog {
+namespace {
+
+struct Reading {
+    const char* text;
+    std::int16_t space;
+    std::array<std::uint16_t, 4> components;
+};
+
+TEST(ColourText, ReadsEveryForm) {
+    const Reading readings[] = {
+        {"#3366cc", 0, {0x3333, 0x6666, 0xCCCC, 0}},
+        {"#36C", 0, {0x3333, 0x6666, 0xCCCC, 0}},
+        {"#FFFFFF", 0, {65535, 65535, 65535, 0}},
+        {"red", 0, {65535, 0, 0, 0}},
+        {"RebeccaPurple", 0, {0x6666, 0x3333, 0x9999, 0}},
+        {"rgb:4863,13312,65535", 0, {4863, 13312, 65535, 0}},
+        {"rgb:1,2,3,4", 0, {1, 2, 3, 4}},
+        {"hsb:0,65535,65535", 1, {0, 65535, 65535, 0}},
+        {"cmyk:0,65535,1,2", 2, {0, 65535, 1, 2}},
+        {"lab:1,2,3", 3, {1, 2, 3, 0}},
+        {"gray:32768,0,0", 4, {32768, 0, 0, 0}},
+    };
+    for (const auto& expected : readings) {
+        const auto read = readWrittenColour(expected.text);
+        ASSERT_TRUE(read) << expected.text;
+        EXPECT_EQ(read->space, expected.space) << expected.text;
+        EXPECT_EQ(read->components, expected.components) << expected.text;
+        EXPECT_EQ(read->alpha, 65535) << expected.text;
+    }
+}
+
+TEST(ColourText, RefusesEverythingElse) {
+    for (const char* text :
+         {"",           "#",         "#12",           "#12345",        "#12345g",    "#-12345",
+          "#1234567",   "#33 66cc",  "3366cc",        "reddish",       "rgb:",       "rgb:1",
+          "rgb:1,2",    "rgb:1,2,",  "rgb:1,2,3,4,5", "rgb:1,2,65536", "rgb:1,2,-3", "rgb:1, 2,3",
+          "rgb:1,2,3x", "xyz:1,2,3", ":1,2,3",        "RGB:1,2,3",     "#3366cc80",  "transparent"})
+        EXPECT_FALSE(readWrittenColour(text)) << text;
+}
+
+TEST(ColourText, ReadsAlphaOnlyWhereItIsAsked) {
+    const auto read = readWrittenColour("#33669980", WithAlpha::yes);
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->components, (std::array<std::uint16_t, 4>{0x3333, 0x6666, 0x9999, 0}));
+    EXPECT_EQ(read->alpha, 0x8080);
+    EXPECT_TRUE(readWrittenColour("#336699", WithAlpha::yes));
+    EXPECT_FALSE(readWrittenColour("#33669980", WithAlpha::no));
+}
+
+TEST(ColourText, NamesAreSortedForTheSearch) {
+    EXPECT_TRUE(std::ranges::is_sorted(kCssColours, {}, &CssColour::name));
+    EXPECT_EQ(std::size(kCssColours), 148u);
+    for (const auto& [name, rgb] : kCssColours)
+        EXPECT_TRUE(readWrittenColour(name)) << name;
+}
+
+} // namespace
+} // namespace chromalog
