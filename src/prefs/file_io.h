@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace chromalog {
+
+/// Nothing that this program reads is longer: a swatch file or a colour book ends far below it.
+inline constexpr std::size_t kLongestRead = std::size_t{64} << 20;
+
+/// The contents of a regular file, its first `limit` bytes where it is longer. Nothing for what cannot be
+/// opened and for anything but a regular file (a folder, a pipe, a device): it never waits for another
+/// process.
+std::optional<std::vector<std::uint8_t>> readDataFromFileAtURL(const std::string& path,
+                                                               std::size_t limit = kLongestRead);
+
+/// Writes `data`, followed by `zeros` zero bytes, to a temporary file beside `path` that then takes its
+/// place. On any failure, a killed process included, what was there before stays whole. An existing file
+/// keeps its mode, a symbolic link stays and its target is replaced. False where nothing was written.
+bool writeDataToFileAtURL(const std::string& path, std::span<const std::uint8_t> data, std::size_t zeros = 0);
+
+} // namespace chromalog

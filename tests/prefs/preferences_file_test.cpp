@@ -1,0 +1,198 @@
+#include "prefs/file_io.h"
+#include "prefs/preferences_file.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <memory>
+#include <random>
+
+#include <sys/stat.h>
+
+namespace chromalog {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+std::uint8_t* bytesOf(GlobalRecord& record) {
+    return reinterpret_cast<std::uint8_t*>(&record);
+}
+
+Bytes copyOf(GlobalRecord& record) {
+    return {bytesOf(record), bytesOf(record) + sizeof record};
+}
+
+class PreferencesFile : public testing::Test {
+  protected:
+    void SetUp() override {
+        for (std::size_t i = 0; i < sizeof(GlobalRecord); ++i)
+            bytesOf(*record)[i] = static_cast<std::uint8_t>(i * 7);
+        record->numColors1 = 12;
+        record->numColors2 = -3;
+    }
+    Bytes file() { return readDataFromFileAtURL(path).value_or(Bytes{}); }
+
+    test::TemporaryFolder folder;
+    std::string path = folder / "file";
+    std::unique_ptr<GlobalRecord> record = std::make_unique<GlobalRecord>();
+};
+
+TEST_F(PreferencesFile, ByteFOfTheFileIsByteF18OfTheRecordAndTheLastTwoAreZero) {
+    ASSERT_TRUE(writePreferences(path, *record));
+    const Bytes written = file();
+    ASSERT_EQ(written.size(), 3'040'536u);
+    for (std::size_t f = 0; f < 3'040'534; ++f)
+        ASSERT_EQ(written[f], bytesOf(*record)[f + 18]) << f;
+    EXPECT_EQ(written[3'040'534], 0);
+    EXPECT_EQ(written[3'040'535], 0);
+}
+
+TEST_F(PreferencesFile, FieldsStandAtTheirOffsets) {
+    record->swatchList1[0].Namen[0] = 0xA1;
+    record->swatchList2[0].Namen[0] = 0xA2;
+    record->numColors1 = 0x1234;
+    record->numColors2 = 0x5678;
+    record->swatchName1[0] = 0xB1;
+    record->swatchName2[0] = 0xB2;
+    record->useSecondColor = 0x0201;
+    record->undoLimit = 0x0403;
+    const auto image = preferencesImage(*record);
+    EXPECT_EQ(image[6], 0xA1);
+    EXPECT_EQ(image[1'520'006], 0xA2);
+    EXPECT_EQ(image[3'040'006], 0x34);
+    EXPECT_EQ(image[3'040'007], 0x12);
+    EXPECT_EQ(image[3'040'008], 0x78);
+    EXPECT_EQ(image[3'040'010], 0xB1);
+    EXPECT_EQ(image[3'040'266], 0xB2);
+    EXPECT_EQ(image[3'040'528], 0x01);
+    EXPECT_EQ(image[3'040'530], 0x03);
+}
+
+TEST_F(PreferencesFile, AFileOf0xFFNeverTouchesThePointers) {
+    const Bytes before = copyOf(*record);
+    ASSERT_TRUE(writeDataToFileAtURL(path, Bytes(kPreferencesSize, 0xFF)));
+    ASSERT_TRUE(readPreferences(path, *record));
+    const Bytes after = copyOf(*record);
+    EXPECT_TRUE(std::equal(before.begin(), before.begin() + 18, after.begin()));
+    EXPECT_EQ(after[17], before[17]);
+    EXPECT_EQ(std::count(after.begin() + 18, after.end(), 0xFF), 3'040'534);
+    EXPECT_EQ(record->numColors1, -1) << "kept as it stands";
+    EXPECT_EQ(record->useSecondColor, 0xFFFF);
+}
+
+TEST_F(PreferencesFile, WithoutAFileTheRecordKeepsWhatItHolds) {
+    const Bytes before = copyOf(*record);
+    EXPECT_FALSE(readPreferences(path, *record));
+    EXPECT_FALSE(readPreferences(folder.path(), *record));
+    EXPECT_FALSE(readPreferences("", *record));
+    EXPECT_EQ(copyOf(*record), before);
+}
+
+TEST_F(PreferencesFile, AFileOf100BytesOverwritesSixReservedAnd94BytesOfTheFirstSwatch) {
+    const Bytes before = copyOf(*record);
+    applyPreferences(*record, Bytes(100, 0xEE));
+    const Bytes after = copyOf(*record);
+    for (std::size_t i = 0; i < after.size(); ++i)
+        ASSERT_EQ(after[i], i >= 18 && i < 118 ? 0xEE : before[i]) << i;
+    EXPECT_EQ(record->swatchList1[0].Namen[93], 0xEE);
+    EXPECT_NE(record->swatchList1[0].Namen[94], 0xEE);
+}
+
+TEST_F(PreferencesFile, AFileCutInsideListTwoLeavesCountsAndNames) {
+    record->swatchName1[0] = 5;
+    const std::size_t cut = 1'520'006 + 304 * 7 + 100;
+    applyPreferences(*record, Bytes(cut, 0));
+    EXPECT_EQ(record->swatchList1[4999].SRed, 0);
+    EXPECT_EQ(record->swatchList2[6].SRed, 0);
+    EXPECT_NE(record->swatchList2[7].SRed, 0);
+    EXPECT_EQ(record->numColors1, 12);
+    EXPECT_EQ(record->numColors2, -3);
+    EXPECT_EQ(record->swatchName1[0], 5);
+}
+
+TEST_F(PreferencesFile, BytesPastTheRecordAreDropped) {
+    Bytes longer(kPreferencesSize + 100'000, 0x55);
+    ASSERT_TRUE(writeDataToFileAtURL(path, longer));
+    ASSERT_TRUE(readPreferences(path, *record));
+    EXPECT_EQ(record->undoLimit, 0x5555);
+    applyPreferences(*record, longer); // the sanitizers watch the record's end
+    EXPECT_EQ(record->reserved3[1], 0x55);
+}
+
+TEST_F(PreferencesFile, AFileOfAnyLengthChangesExactlyItsOwnBytes) {
+    std::mt19937 random(11);
+    for (int round = 0; round < 60; ++round) {
+        Bytes bytes(random() % (kPreferencesSize + 1000));
+        for (std::size_t i = 0; i < bytes.size(); i += 1 + random() % 64)
+            bytes[i] = static_cast<std::uint8_t>(random());
+        Bytes expected = copyOf(*record);
+        const std::size_t length = std::min<std::size_t>(bytes.size(), sizeof(GlobalRecord) - 18);
+        std::copy_n(bytes.begin(), length, expected.begin() + 18);
+        applyPreferences(*record, bytes);
+        ASSERT_TRUE(copyOf(*record) == expected) << bytes.size();
+    }
+}
+
+TEST_F(PreferencesFile, WhatIsWrittenIsReadBack) {
+    ASSERT_TRUE(writePreferences(path, *record));
+    auto other = std::make_unique<GlobalRecord>();
+    ASSERT_TRUE(readPreferences(path, *other));
+    EXPECT_EQ(std::memcmp(bytesOf(*other) + 18, bytesOf(*record) + 18, sizeof(GlobalRecord) - 18), 0);
+    EXPECT_EQ(other->pickerRecord, nullptr);
+}
+
+TEST_F(PreferencesFile, TheFolderIsMadeEachTimeThePathIsAsked) {
+    const std::string applications = folder / "share/applications";
+    const std::string expected = applications + "/Quorvex/com_Quorvex_Chromalog_64_3-50.prf";
+    EXPECT_EQ(applicationDataDirectory(applications), expected);
+    EXPECT_TRUE(std::filesystem::is_directory(applications + "/Quorvex"));
+    std::filesystem::remove_all(folder / "share");
+    EXPECT_EQ(applicationDataDirectory(applications), expected);
+    EXPECT_TRUE(std::filesystem::is_directory(applications + "/Quorvex"));
+}
+
+TEST_F(PreferencesFile, WithoutAnApplicationsDirectoryThereIsNoPath) {
+    EXPECT_EQ(applicationDataDirectory(""), "");
+    EXPECT_FALSE(writePreferences("", *record));
+}
+
+TEST_F(PreferencesFile, AFolderThatCannotBeMadeIsIgnored) {
+    ASSERT_TRUE(writeDataToFileAtURL(folder / "applications", Bytes(3)));
+    const std::string below = applicationDataDirectory(folder / "applications");
+    EXPECT_EQ(below, folder / "applications/Quorvex/com_Quorvex_Chromalog_64_3-50.prf");
+    EXPECT_FALSE(writePreferences(below, *record));
+    EXPECT_EQ(readDataFromFileAtURL(folder / "applications"), Bytes(3));
+}
+
+TEST_F(PreferencesFile, ASkippedFileIsKeptBesideItself) {
+    keepSkippedPreferences(path);
+    EXPECT_EQ(folder.entries(), 0) << "no file, no copy";
+    ASSERT_TRUE(writePreferences(path, *record));
+    const Bytes skipped = file();
+    keepSkippedPreferences(path);
+    EXPECT_EQ(readDataFromFileAtURL(path + ".skipped"), skipped);
+    EXPECT_EQ(file(), skipped);
+}
+
+TEST_F(PreferencesFile, ASkippedFileWithoutColoursReplacesNoOlderCopy) {
+    record->numColors1 = 0;
+    record->numColors2 = 0;
+    ASSERT_TRUE(writePreferences(path, *record));
+    const Bytes empty = file();
+    keepSkippedPreferences(path);
+    EXPECT_EQ(readDataFromFileAtURL(path + ".skipped"), empty) << "there was no older copy";
+
+    record->numColors2 = 1;
+    ASSERT_TRUE(writePreferences(path, *record));
+    const Bytes full = file();
+    keepSkippedPreferences(path);
+    EXPECT_EQ(readDataFromFileAtURL(path + ".skipped"), full);
+
+    ASSERT_TRUE(writeDataToFileAtURL(path, empty));
+    keepSkippedPreferences(path);
+    EXPECT_EQ(readDataFromFileAtURL(path + ".skipped"), full);
+}
+
+} // namespace
+} // namespace chromalog
