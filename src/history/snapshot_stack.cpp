@@ -1,0 +1,107 @@
+#include "history/snapshot_stack.h"
+
+#include <utility>
+
+namespace chromalog {
+
+void SnapshotStack::setLevelLimit(int levels) {
+    levels_ = levels;
+    hold(undo_);
+    hold(redo_);
+}
+
+void SnapshotStack::hold(Steps& steps) const {
+    while (levels_ > 0 && steps.size() > static_cast<std::size_t>(levels_))
+        steps.pop_front();
+}
+
+void SnapshotStack::beginGroup() {
+    if (groupDepth_++ == 0) open_ = {};
+}
+
+void SnapshotStack::registerUndo(UndoAction action) {
+    if (groupDepth_ > 0) open_.actions.push_back(std::move(action));
+}
+
+void SnapshotStack::setActionName(std::string_view name) {
+    if (groupDepth_ > 0) open_.name = name;
+}
+
+void SnapshotStack::endGroup() {
+    if (groupDepth_ == 0 || --groupDepth_ > 0) return;
+    Step step = std::exchange(open_, {});
+    if (!step.actions.empty()) push(std::move(step)); // an empty group is no step
+}
+
+void SnapshotStack::push(Step step) {
+    Steps& target = phase_ == Phase::undoing ? redo_ : undo_;
+    target.push_back(std::move(step));
+    hold(target);
+    if (phase_ == Phase::recording) redo_.clear(); // a new change ends what could be redone
+}
+
+void SnapshotStack::closeGroups() {
+    while (groupDepth_ > 0)
+        endGroup();
+}
+
+void SnapshotStack::undo() {
+    closeGroups();
+    invokeLast(undo_, Phase::undoing);
+}
+
+void SnapshotStack::redo() {
+    closeGroups();
+    invokeLast(redo_, Phase::redoing);
+}
+
+void SnapshotStack::invokeLast(Steps& steps, Phase phase) {
+    if (steps.empty() || phase_ != Phase::recording) return;
+    const Step step = std::move(steps.back());
+    steps.pop_back();
+    phase_ = phase;
+    beginGroup();
+    setActionName(step.name);
+    for (auto action = step.actions.rbegin(); action != step.actions.rend(); ++action)
+        invoke_(*action);
+    closeGroups();
+    phase_ = Phase::recording;
+}
+
+void SnapshotStack::removeAllActions() {
+    undo_.clear();
+    redo_.clear();
+    open_ = {};
+    groupDepth_ = 0;
+}
+
+std::vector<std::string> SnapshotStack::undoNames() const {
+    std::vector<std::string> names;
+    for (const Step& step : undo_)
+        names.push_back(step.name);
+    return names;
+}
+
+std::vector<std::string> SnapshotStack::redoNames() const {
+    std::vector<std::string> names;
+    for (auto step = redo_.rbegin(); step != redo_.rend(); ++step)
+        names.push_back(step->name);
+    return names;
+}
+
+const Snapshot* SnapshotStack::latest() const {
+    if (!open_.actions.empty()) return open_.actions.back().snapshot.get();
+    return undo_.empty() ? nullptr : undo_.back().actions.back().snapshot.get();
+}
+
+std::size_t SnapshotStack::heldBytes() const {
+    std::unordered_set<const void*> counted;
+    std::size_t bytes = 0;
+    for (const Steps* steps : {&undo_, &redo_})
+        for (const Step& step : *steps)
+            for (const UndoAction& action : step.actions)
+                bytes += action.snapshot->bytesBeside(counted);
+    return bytes;
+}
+
+} // namespace chromalog

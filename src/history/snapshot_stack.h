@@ -1,0 +1,71 @@
+#pragma once
+
+#include "history/snapshot.h"
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace chromalog {
+
+/// What undoes one change: the state before it, and the label that its own inverse gets again.
+struct UndoAction {
+    std::shared_ptr<const Snapshot> snapshot;
+    std::string label;
+};
+
+/// The undo manager: steps that can be undone and steps that can be redone, each a group of registered
+/// actions under a name. To undo a step is to invoke its actions, latest first; what they register meanwhile
+/// becomes the step that redoes it, and the other way round. Nothing outside of a group is recorded.
+class SnapshotStack {
+  public:
+    using Invoke = std::function<void(const UndoAction&)>;
+    /// `invoke` puts a snapshot back and registers the inverse.
+    explicit SnapshotStack(Invoke invoke) : invoke_(std::move(invoke)) {}
+
+    /// Steps kept on either side; the oldest go first. 0 or less: no limit. Applied now and at every push.
+    void setLevelLimit(int levels);
+
+    void beginGroup(); ///< groups nest; the outermost one is a step
+    void registerUndo(UndoAction);
+    void setActionName(std::string_view name); ///< of the group that is open
+    void endGroup();
+
+    bool canUndo() const { return groupDepth_ > 0 ? !open_.actions.empty() : !undo_.empty(); }
+    bool canRedo() const { return !redo_.empty(); }
+    void undo(); ///< closes open groups first; nothing where there is no step
+    void redo();
+    void removeAllActions();
+
+    std::vector<std::string> undoNames() const; ///< the last is undone next
+    std::vector<std::string> redoNames() const; ///< the first is redone next
+
+    /// The state most recently recorded for undo; null where there is none.
+    const Snapshot* latest() const;
+    std::size_t heldBytes() const; ///< memory of all snapshots, shared pages counted once
+
+  private:
+    struct Step {
+        std::string name;
+        std::vector<UndoAction> actions;
+    };
+    using Steps = std::deque<Step>; ///< the latest at the back
+    enum class Phase { recording, undoing, redoing };
+
+    void closeGroups();
+    void push(Step);
+    void hold(Steps&) const;
+    void invokeLast(Steps&, Phase);
+
+    Invoke invoke_;
+    Steps undo_, redo_;
+    Step open_; ///< being collected while groupDepth_ > 0
+    int groupDepth_ = 0;
+    int levels_ = 0;
+    Phase phase_ = Phase::recording;
+};
+
+} // namespace chromalog

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace chromalog {
+
+/// Names of the steps, as keys of the string table; an untranslated key is shown as it is. The "!" marks are
+/// what the history panel cuts the labels out by.
+namespace undo_label {
+
+inline constexpr std::string_view loadSwatch = "!Load Swatch!";
+inline constexpr std::string_view loadSwatchFile = "!LoadSwatch!"; ///< second step of every load and append
+inline constexpr std::string_view appendSwatch = "!Append Swatch!";
+inline constexpr std::string_view deleteSwatch = "!Delete Swatch!"; ///< the whole list is cleared
+inline constexpr std::string_view sortAlpha = "!Sort Swatch Alpha!";
+inline constexpr std::string_view sortHue = "!Sort Swatch Hue!";
+inline constexpr std::string_view colorChanged = "!Swatch Color Changed!";
+inline constexpr std::string_view colorDeleted =
+    "!Swatch Color deleted!"; ///< one swatch deleted; also every drop
+
+inline constexpr std::array all = {loadSwatch, loadSwatchFile, appendSwatch, deleteSwatch,
+                                   sortAlpha,  sortHue,        colorChanged, colorDeleted};
+
+} // namespace undo_label
+
+/// The labels between pairs of "!" marks in a description of recorded steps, each followed by a carriage
+/// return, after a leading space.
+std::string undoListing(std::string_view description);
+
+} // namespace chromalog

@@ -1,0 +1,132 @@
+#include "history/snapshot_stack.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <array>
+
+namespace chromalog {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// One byte of state under a manager, changed as the history changes its record.
+class SnapshotStackTest : public testing::Test {
+  protected:
+    void change(int value, std::string label) {
+        stack.setLevelLimit(limit);
+        stack.beginGroup();
+        stack.registerUndo({std::make_shared<Snapshot>(state, stack.latest()), label});
+        stack.setActionName(label);
+        stack.endGroup();
+        state[0] = static_cast<std::byte>(value);
+    }
+    int value() const { return std::to_integer<int>(state[0]); }
+
+    std::array<std::byte, 1> state{};
+    int limit = 3;
+    SnapshotStack stack{[this](const UndoAction& action) {
+        stack.beginGroup();
+        stack.registerUndo({std::make_shared<Snapshot>(state, action.snapshot.get()), action.label});
+        stack.endGroup();
+        action.snapshot->restore(state);
+    }};
+};
+
+TEST_F(SnapshotStackTest, StartsWithNothingToUndoOrRedo) {
+    EXPECT_FALSE(stack.canUndo());
+    EXPECT_FALSE(stack.canRedo());
+    stack.undo();
+    stack.redo();
+    EXPECT_EQ(stack.latest(), nullptr);
+    EXPECT_EQ(stack.heldBytes(), 0u);
+}
+
+TEST_F(SnapshotStackTest, UndoesAndRedoesInOrderWithNames) {
+    change(1, "one");
+    change(2, "two");
+    EXPECT_THAT(stack.undoNames(), ElementsAre("one", "two"));
+    stack.undo();
+    EXPECT_EQ(value(), 1);
+    EXPECT_THAT(stack.undoNames(), ElementsAre("one"));
+    EXPECT_THAT(stack.redoNames(), ElementsAre("two"));
+    stack.undo();
+    EXPECT_EQ(value(), 0);
+    EXPECT_THAT(stack.redoNames(), ElementsAre("one", "two"));
+    stack.redo();
+    stack.redo();
+    EXPECT_EQ(value(), 2);
+    EXPECT_FALSE(stack.canRedo());
+}
+
+TEST_F(SnapshotStackTest, ForgetsTheOldestStepsPastTheLimit) {
+    for (int i = 1; i <= 5; ++i)
+        change(i, std::to_string(i));
+    EXPECT_THAT(stack.undoNames(), ElementsAre("3", "4", "5"));
+    for (int i = 0; i < 5; ++i)
+        stack.undo();
+    EXPECT_EQ(value(), 2);
+}
+
+TEST_F(SnapshotStackTest, ALowerLimitAppliesAtOnceAndNoneKeepsAll) {
+    limit = 0;
+    for (int i = 1; i <= 50; ++i)
+        change(i, "step");
+    EXPECT_EQ(stack.undoNames().size(), 50u);
+    stack.setLevelLimit(2);
+    EXPECT_EQ(stack.undoNames().size(), 2u);
+}
+
+TEST_F(SnapshotStackTest, ANewChangeForgetsWhatCouldBeRedone) {
+    change(1, "one");
+    stack.undo();
+    change(2, "two");
+    EXPECT_THAT(stack.redoNames(), IsEmpty());
+    stack.redo();
+    EXPECT_EQ(value(), 2);
+}
+
+TEST_F(SnapshotStackTest, AnOuterGroupIsOneStep) {
+    stack.beginGroup();
+    stack.setActionName("both");
+    change(1, "one");
+    change(2, "two");
+    EXPECT_THAT(stack.undoNames(), IsEmpty());
+    stack.endGroup();
+    EXPECT_EQ(stack.undoNames().size(), 1u);
+    stack.undo();
+    EXPECT_EQ(value(), 0);
+    stack.redo();
+    EXPECT_EQ(value(), 2);
+}
+
+TEST_F(SnapshotStackTest, UndoClosesAGroupThatWasLeftOpen) {
+    stack.beginGroup();
+    change(7, "seven");
+    EXPECT_TRUE(stack.canUndo());
+    stack.undo();
+    EXPECT_EQ(value(), 0);
+    EXPECT_THAT(stack.redoNames(), ElementsAre("seven"));
+}
+
+TEST_F(SnapshotStackTest, EmptyGroupsAndStrayCallsRecordNothing) {
+    stack.beginGroup();
+    stack.endGroup();
+    stack.endGroup();
+    stack.setActionName("lost");
+    stack.registerUndo({std::make_shared<Snapshot>(state, nullptr), "lost"});
+    EXPECT_FALSE(stack.canUndo());
+}
+
+TEST_F(SnapshotStackTest, RemovingAllActionsFreesEverything) {
+    change(1, "one");
+    change(2, "two");
+    stack.undo();
+    stack.removeAllActions();
+    EXPECT_FALSE(stack.canUndo() || stack.canRedo());
+    EXPECT_EQ(stack.heldBytes(), 0u);
+}
+
+} // namespace
+} // namespace chromalog
