@@ -1,5 +1,6 @@
 #include "swatches/swatch_list_view.h"
 
+#include "swatches/formats/aco_writer.h"
 #include "swatches/name_text.h"
 #include "swatches/swatch_list_geometry.h"
 
@@ -68,6 +69,10 @@ void CSwatchList::selectRow(std::int16_t row) {
     desk_.setFirstColor(*this, selectcolor);
     setNeedsDisplay();
     announceChange();
+}
+
+void CSwatchList::saveSwatches(std::vector<std::uint8_t>& data) const {
+    writeAco(data, records(), nfcocolors);
 }
 
 void CSwatchList::drawRect(Canvas& canvas) {

@@ -4,7 +4,6 @@
 #include "desktop/view.h"
 #include "swatches/list_store.h"
 
-#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -77,7 +76,7 @@ class CSwatchList : public View {
 
     void drawRect(Canvas&) override;
     /// Appends the whole list as a swatch file of version 2.
-    void saveSwatches(std::vector<std::byte>& data) const;
+    void saveSwatches(std::vector<std::uint8_t>& data) const;
     /// Draws every page of a print job.
     void PrintRect(Canvas&);
 

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "swatches/formats/book_format.h"
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace chromalog {
+
+/// The folder of colour books, as a look-up sees it.
+class ColourBookShelf {
+  public:
+    virtual ~ColourBookShelf() = default;
+    /// A whole book by its file name, or nothing where it cannot be read.
+    virtual std::optional<std::vector<std::uint8_t>> readBook(std::string_view file) const = 0;
+};
+
+/// The colours of one book by key; of equal keys the first in the file.
+class BookIndex {
+  public:
+    explicit BookIndex(Bytes file);
+    std::int16_t space() const { return space_; }
+    const BookColour* find(const BookKey&) const;
+
+  private:
+    std::size_t
+    slotOf(const BookKey&) const; ///< the slot that holds the key, or the empty one where it would stand
+
+    std::int16_t space_;
+    std::vector<BookColour> colours_;
+    std::vector<std::uint16_t>
+        slots_; ///< index + 1 into colours_, 0 = empty; a power of two, at most half full
+};
+
+/// Looks up the colour-book references of one swatch file. It lives as long as one load: each book is read
+/// once, and the book in force and the last result are carried from record to record.
+class BookLookup {
+  public:
+    BookLookup(const ColourBookShelf& shelf, ColorServicesProc services)
+        : shelf_(shelf), services_(services) {}
+
+    /// Red, green and blue for a reference; those of the look-up before (at first 0, 0, 0) where nothing is
+    /// found.
+    const std::int16_t (&getValueFromAse(std::int16_t space, const BookKey&))[4];
+    /// A record of an unknown space names the book in force after its code: nothing is found by that name.
+    void meetUnknownSpace(std::int16_t space) { book_ = "farbe.Ctype =" + std::to_string(space); }
+
+  private:
+    const BookIndex* indexOf(const std::string& file);
+
+    const ColourBookShelf& shelf_;
+    ColorServicesProc services_;
+    std::string book_; ///< file name of the book in force
+    std::int16_t result_[4] = {};
+    std::map<std::string, std::optional<BookIndex>> read_; ///< nothing inside: could not be read
+};
+
+} // namespace chromalog
