@@ -11,6 +11,32 @@ float channelFraction(std::int64_t channel) {
 
 } // namespace
 
+std::vector<OutletEntry> WorkingColours::table() {
+    return {
+        {"firstR", &first.R},
+        {"firstG", &first.G},
+        {"firstB", &first.B},
+        {"firstC", &first.C},
+        {"firstM", &first.M},
+        {"firstY", &first.Y},
+        {"firstK", &first.K},
+        {"secondR", &second.R},
+        {"secondG", &second.G},
+        {"secondB", &second.B},
+        {"secondC", &second.C},
+        {"secondM", &second.M},
+        {"secondY", &second.Y},
+        {"secondK", &second.K},
+        {"colorName", &colorName},
+        {"origFirstColor", &origFirstColor},
+        {"origSecondColor", &origSecondColor},
+        {"origComplement", &origComplement},
+        {"origHarmony", &origHarmony},
+        {"origTrichrome", &origTrichrome},
+        {"origQuadrichrome", &origQuadrichrome},
+    };
+}
+
 void WorkingColours::zeroInit() {
     firstColor_ = Colour::rgb(0.9, 0.3, 0.1);
     secondColor_ = Colour::rgb(0.1, 0.7, 0.3);

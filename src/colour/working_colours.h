@@ -2,12 +2,12 @@
 
 #include "colour/colour.h"
 #include "colour/value_fields.h"
-#include "desktop/controls.h"
-#include "desktop/outlet.h"
+#include "desktop/form.h"
 #include "swatches/fco_struct.h"
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace chromalog {
 
@@ -37,6 +37,8 @@ class WorkingColours : public ValueFieldsDesk {
     Outlet<ColorWell> origFirstColor, origSecondColor;
     Outlet<ColorWell> origComplement, origHarmony, origTrichrome,
         origQuadrichrome; ///< show the second colour
+
+    std::vector<OutletEntry> table(); ///< its outlets, each under the name that interface files give it
 
     void zeroInit(); ///< the defaults of a pick
     const Colour& getFirstColor() const { return firstColor_; }

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "desktop/desktop.h"
+#include "host/abi/picker_record.h"
+#include "host/abi/standalone_suite.h"
+#include "host/global_record.h"
+
+#include <cstdint>
+#include <memory>
+
+namespace chromalog {
+
+class ChromalogControler;
+
+/// Where a pick runs: makes the desktop, and is told when the dialog stands.
+class Platform {
+  public:
+    virtual ~Platform() = default;
+    /// The desktop of one pick, or null where no dialog can be shown. `standalone` is null in any other host.
+    virtual std::unique_ptr<Desktop> makeDesktop(const StandaloneSuite* standalone) = 0;
+    /// The controller is complete, its modal loop starts next. Scripts attach here.
+    virtual void dialogReady(Desktop&, ChromalogControler&) {}
+};
+
+struct PickSession; ///< what one pick runs with
+
+/// The plug-in's entry, called by the host on its main thread: selector 0 is the about call, any other a
+/// pick. `data` is the host's slot for the plug-in's handle. On return *result is -108 where the global
+/// record could not be had, 0 after a pick; the about call and a pick without a display leave it alone.
+void runPluginMain(std::int16_t selector, void* record, std::intptr_t* data, std::int16_t* result, Platform&);
+
+void InitGlobals(GlobalRecord* block); ///< stores the pointer, writes nothing else
+std::int64_t DoPick(PickSession&);     ///< the modal code
+std::int64_t DoUI(PickSession&);
+void SetDefaultValues(); ///< does nothing: kept in the sequence
+std::int16_t initializeCocoaChromalog(GlobalRecord*, PickSession&);
+std::int64_t orderWindowFrontChromalog(PickSession&);
+
+} // namespace chromalog
