@@ -93,8 +93,7 @@ void CSwatchList::drawRect(Canvas& canvas) {
 /// search or sort reads of a name does not depend on the scroll position.
 void CSwatchList::drawRows(Canvas& canvas) {
     const Rect clip = canvas.clipBounds();
-    const ListRecords shown = records().first(std::min<std::size_t>(records().size(), shownRows()));
-    for (int row = 0; FCOStruct & record : shown) {
+    for (int row = 0; FCOStruct & record : shownRecords()) {
         const Rect patch = geometry::patchRectForRow(bounds(), frame().y, row);
         if (patch.y > 0) {
             if (geometry::rowMayShow(patch.y, clip))

@@ -3,6 +3,7 @@
 #include "desktop/desktop.h"
 #include "desktop/view.h"
 #include "swatches/list_store.h"
+#include "swatches/search.h"
 
 #include <cstdint>
 #include <string>
@@ -16,12 +17,6 @@ class CSwatchList;
 /// A colour of 16-bit words.
 struct RGBColor {
     std::uint16_t red = 0, green = 0, blue = 0;
-};
-
-/// One hit of a search by name.
-struct FoundEntry {
-    std::int64_t position = 0; ///< index of the swatch when the search ran; later changes do not move it
-    double scrollValue = 0;    ///< index / count, computed in single precision
 };
 
 /// What a swatch list asks of the dialog around it.
@@ -73,6 +68,9 @@ class CSwatchList : public View {
     /// All records of the array, shown or not.
     ListRecords records() const { return mySwatch ? ListRecords(mySwatch, kListCapacity) : ListRecords(); }
     int shownRows() const { return heldCount(nfcocolors); } ///< rows that may be read
+    ListRecords shownRecords() const {
+        return records().first(std::min<std::size_t>(records().size(), shownRows()));
+    }
 
     void drawRect(Canvas&) override;
     /// Appends the whole list as a swatch file of version 2.
@@ -92,8 +90,9 @@ class CSwatchList : public View {
     DragOperation draggingEntered(const DragInfo&) override;
     bool performDragOperation(const DragInfo&) override;
     void deleteEntry();
-    void addFcoColor(const Colour&, std::int16_t position);
-    void moveSwatchColor(std::int16_t from, std::int16_t to); ///< does nothing: kept in the interface
+    /// Inserts a swatch without a name, or appends it; false and the limit alert where the list is full.
+    bool addFcoColor(const Colour&, std::int16_t position);
+    void moveSwatchColor(std::int16_t, std::int16_t) {}  ///< does nothing: kept in the interface
     void setColor(const Colour&, std::string_view name); ///< overwrites the selected swatch; name is UTF-8
 
     // Sorting, search and nearest colour.
@@ -111,6 +110,10 @@ class CSwatchList : public View {
     void selectAccessibleRow(int row) override { selectRow(static_cast<std::int16_t>(row)); }
 
   private:
+    void contentsChanged(); ///< redisplay, and new rows for assistive technology
+    void selectByKey(int row);
+    void insertDropped(const Pasteboard&, const Colour&, std::int16_t drop);
+    void refuseDropped(const FCOStruct* near);
     void drawRows(Canvas&);
     void drawRow(Canvas&, int row, FCOStruct&);
     void logScrollValue(double) const;

@@ -1,0 +1,85 @@
+#include "history/undo_labels.h"
+#include "swatches/list_edits.h"
+#include "swatches/name_text.h"
+#include "swatches/swatch_list_geometry.h"
+#include "swatches/swatch_list_view.h"
+
+namespace chromalog {
+namespace {
+
+namespace geometry = swatch_geometry;
+
+constexpr Size kDragImage{32, 16};
+constexpr float kSameColour = 10.0F; ///< at most this far from a swatch, a dropped colour is refused
+
+/// The alert's text was a format once: "%%" is shown as "%", and nothing else is replaced.
+std::string shownAsFormat(std::string text) {
+    for (std::size_t at = 0; (at = text.find("%%", at)) != text.npos; ++at)
+        text.erase(at, 1);
+    return text;
+}
+
+} // namespace
+
+/// Carries the row of the preceding press. The colour and the name also stay on the general pasteboard: kept.
+void CSwatchList::mouseDragged(const MouseEvent& event) {
+    const FCOStruct* record = recordAt(records(), selectcolor);
+    if (!record) return;
+    float rgba[4];
+    BufferColor = bufferColorOf(*record);
+    objRGBToCGColor(BufferColor, rgba); // single precision loses a unit of about half of all words: kept
+    const Colour colour = Colour::rgb(rgba[0], rgba[1], rgba[2]);
+
+    DragRequest drag;
+    drag.source = this;
+    drag.image = {kDragImage, colour, true, {event.location.x - 16, event.location.y + 8}};
+    drag.pasteboard.colourType = drag.pasteboard.textType = true;
+    drag.pasteboard.colour = colour;
+    drag.pasteboard.text = macRomanToUtf8(zeroTerminatedName(*record));
+    desk_.desktop().setGeneralPasteboard(drag.pasteboard);
+    desk_.desktop().beginDrag(drag);
+}
+
+DragOperation CSwatchList::draggingEntered(const DragInfo& info) {
+    return info.pasteboard.colourType && info.sourceAllows ? DragOperation::copy : DragOperation::none;
+}
+
+bool CSwatchList::performDragOperation(const DragInfo& info) {
+    desk_.setUndoablePosition(undo_label::colorDeleted); // whatever the drop then does: kept
+    const std::int16_t drop = std::max<std::int16_t>(geometry::rowAtPoint(info.location), 0);
+    if (!info.pasteboard.colourType || !info.pasteboard.colour) return true;
+    const Colour& colour = *info.pasteboard.colour;
+    float distance = 0;
+    const std::int16_t near = getNearColor(colour, distance);
+    if (info.source == this)
+        moveRecord(records(), selectcolor, drop); // the count and the selection stay
+    else if (distance > kSameColour)
+        insertDropped(info.pasteboard, colour, drop);
+    else
+        refuseDropped(recordAt(records(), near));
+    contentsChanged();
+    return true;
+}
+
+void CSwatchList::insertDropped(const Pasteboard& pasteboard, const Colour& colour, std::int16_t drop) {
+    if (!addFcoColor(colour, drop)) return;
+    const int place = std::min<int>(drop, nfcocolors - 1);
+    if (FCOStruct* record = recordAt(records(), place)) {
+        if (pasteboard.textType) {
+            writeName(*record, pasteboard.text.value_or(""));
+        } else {
+            std::string name = "New Color";
+            desk_.isFirstColorId(colour, static_cast<std::int16_t>(place), name);
+            record->Namen[0] = 9; // for any name: kept
+            copyNameBytes(*record, name);
+        }
+    }
+    setScrollSize();
+}
+
+void CSwatchList::refuseDropped(const FCOStruct* near) {
+    const std::string name = near ? macRomanToUtf8(zeroTerminatedName(*near)) : std::string();
+    desk_.desktop().runAlert({"Thist color exists !", shownAsFormat(name), "ok"});
+}
+
+} // namespace chromalog
