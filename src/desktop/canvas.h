@@ -50,6 +50,9 @@ class Canvas {
     virtual bool drawsToScreen() const = 0; ///< false on paper; a raster for picking answers true
     virtual Rect clipBounds() const = 0;    ///< what outside of which nothing shows, in view coordinates
 
+    /// Device pixels a point: a picture of that many pixels is drawn sharp.
+    virtual double deviceScale() const { return 1; }
+
     virtual void
     setFill(const Colour&) = 0; ///< current fill colour, also the colour of text; white at the start
     virtual void setStroke(const Colour&) = 0;   ///< current stroke colour; black at the start

@@ -85,6 +85,9 @@ class View : public DragSource {
     /// distance.
     virtual bool startsDrags() const { return false; }
 
+    /// Where the keyboard stands inside a view that has the focus. The host outlines it on the screen; it is
+    /// no part of the view's picture.
+    virtual std::optional<Rect> focusMark() const { return std::nullopt; }
     virtual bool acceptsFocus() const { return false; }
     virtual bool keyDown(const KeyEvent&) { return false; } ///< true where the key was used
 

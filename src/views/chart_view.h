@@ -1,0 +1,52 @@
+#pragma once
+
+#include "desktop/desktop.h"
+#include "desktop/view.h"
+
+#include <optional>
+
+namespace chromalog {
+
+/// What a chart asks of the dialog.
+class chartDesk {
+  public:
+    virtual ~chartDesk() = default;
+    virtual Desktop& desktop() = 0;
+};
+
+/// A chart of colours that a click picks and a drag carries away. Picks read the view's own picture, so that
+/// whatever lies under the pointer can be picked; the working colours do not change.
+class chartView : public View {
+  public:
+    explicit chartView(chartDesk& desk) : chartDesk_(desk) {}
+
+    bool isFlipped() const override { return isPrinting_; }
+    bool isPrinting() const { return isPrinting_; }
+    void setPrinting(bool printing) { isPrinting_ = printing; }
+    virtual void printRect(Canvas&) = 0; ///< the chart as a page of labelled patches
+    const std::optional<Colour>& selectedColor() const {
+        return selectedColor_;
+    } ///< nothing until the first pick
+
+    void mouseDown(const MouseEvent& event) override { pick(event.location); }
+    void mouseDragged(const MouseEvent&) override;
+    bool startsDrags() const override { return true; }
+    bool acceptsFocus() const override { return true; }
+    bool keyDown(const KeyEvent&) override; ///< arrows: one cell, with Shift ten; Space: the same cell again
+    std::optional<Rect> focusMark() const override;
+    Accessible accessible() const override;
+
+  protected:
+    virtual void moveCell(int right, int up) = 0; ///< the cell that the keyboard stands on
+    virtual Point cellCentre() const = 0;
+    virtual const char* accessibleName() const = 0;
+
+  private:
+    void pick(Point);
+
+    chartDesk& chartDesk_;
+    std::optional<Colour> selectedColor_;
+    bool isPrinting_ = false;
+};
+
+} // namespace chromalog

@@ -1,0 +1,168 @@
+#include "views/chromatic_circle_view.h"
+
+#include "views/accessible_colour.h"
+#include "views/arrow_keys.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+#include <vector>
+
+namespace chromalog {
+namespace {
+
+constexpr double turn = 6.283185307179586;
+constexpr double selectedRadius = 4, harmonyRadius = 3;
+constexpr double largestScale = 4; // of a screen; bounds the sharp picture
+
+Rect squareAround(Point p, double radius) {
+    return {p.x - radius, p.y - radius, 2 * radius, 2 * radius};
+}
+
+/// A length in whole pixels, held to what 16 bits keep.
+int wholePixels(double length) {
+    return length > 0 ? static_cast<int>(std::min<double>(length, std::numeric_limits<std::int16_t>::max()))
+                      : 0;
+}
+
+/// Points that a mode outlines, and the corners of its path after the selected point.
+struct Outline {
+    std::vector<Point> rings, corners;
+    bool closed;
+};
+
+Outline outlineOf(std::int16_t mode, const HarmonyPoints& h) {
+    switch (mode) {
+    case 1:
+        return {{h.opposite}, {h.opposite}, false};
+    case 2:
+        return {{h.equi1, h.equi2}, {h.equi1, h.equi2}, true};
+    case 3:
+        return {{h.balance1, h.balance2}, {h.balance1, h.balance2}, true};
+    case 4:
+        return {{h.quadri1, h.quadri2, h.opposite}, {h.quadri1, h.opposite, h.quadri2}, true};
+    default:
+        return {{}, {}, false};
+    }
+}
+
+} // namespace
+
+void chromaticCircleView::drawOnce() {
+    brightness_ = desk_.getLuminosity();
+    picture_.render(wholePixels(bounds().w), brightness_);
+    rendered_ = true;
+}
+
+/// The picture at the screen's scale, rendered when it is drawn.
+const Bitmap& chromaticCircleView::shownPicture(double scale) {
+    const int size = picture_.bitmap().width;
+    const int sharp = static_cast<int>(std::lround(size * std::clamp(scale, 1.0, largestScale)));
+    if (sharp == size) return picture_.bitmap();
+    sharpPicture_.render(sharp, brightness_);
+    return sharpPicture_.bitmap();
+}
+
+void chromaticCircleView::drawRect(Canvas& canvas) {
+    if (!rendered_) drawOnce();
+    canvas.drawBitmap(shownPicture(canvas.deviceScale()), bounds());
+    canvas.setStroke(Colour::rgb(1, 1, 1));
+    canvas.strokePath(markers());
+}
+
+Path chromaticCircleView::markers() const {
+    const Outline outline = outlineOf(desk_.getHarmonyMode(), harmony_);
+    Path path;
+    path.oval(squareAround(selectedPoint_, selectedRadius));
+    for (Point p : outline.rings)
+        path.oval(squareAround(p, harmonyRadius));
+    if (outline.corners.empty()) return path;
+    path.moveTo(selectedPoint_);
+    for (Point p : outline.corners)
+        path.lineTo(p);
+    if (outline.closed) path.lineTo(selectedPoint_);
+    return path;
+}
+
+/// Rows count from the top, the view's y from the bottom.
+float chromaticCircleView::pictureRow(double y) const {
+    return static_cast<float>(bounds().h - y);
+}
+
+Colour chromaticCircleView::pixelAt(double x, float row) const {
+    return picture_.bitmap().colourAt(x, row);
+}
+
+Colour chromaticCircleView::getColorAtPoint(Point p) const {
+    return pixelAt(p.x, pictureRow(p.y));
+}
+
+void chromaticCircleView::setHarmonyColors() {
+    const Size size{bounds().w, bounds().h};
+    desk_.setAlpha(harmonyAngle(size, selectedPoint_));
+    harmony_ = harmonyPoints(size, selectedPoint_, desk_.getAlpha());
+    struct Read {
+        Point point;
+        std::int16_t code;
+    };
+    for (const Read& read : {Read{harmony_.opposite, 1}, Read{harmony_.balance1, 4},
+                             Read{harmony_.balance2, 5}, Read{harmony_.equi1, 2}, Read{harmony_.equi2, 3},
+                             Read{harmony_.quadri1, 6}, Read{harmony_.quadri2, 7}})
+        desk_.setoppositeColor(getColorAtPoint(read.point), read.code);
+}
+
+void chromaticCircleView::setCursorWithColor(const Colour& colour) {
+    const float radius = static_cast<float>(bounds().w / 2);
+    const double angle = colour.hue() * turn;
+    const double distance = radius * colour.saturation();
+    selectedPoint_ = {radius + distance * std::cos(angle), radius - distance * std::sin(angle)};
+    setHarmonyColors();
+    setNeedsDisplay();
+    announceChange();
+}
+
+void chromaticCircleView::sizeChanged() {
+    if (!rendered_) return; // nothing was placed yet
+    drawOnce();
+    setCursorWithColor(desk_.getSecondColor());
+}
+
+void chromaticCircleView::pick(Point p) {
+    if (!rendered_) drawOnce();
+    const float row =
+        pictureRow(selectedPoint_.y); // of the point before this event: a drag trails by one event, kept
+    const double c = static_cast<float>(bounds().h / 2);
+    const double dx = c - p.x, dy = c - p.y;
+    if (!(c > std::sqrt(dx * dx + dy * dy))) return;
+    selectedPoint_ = p;
+    desk_.changeSecondColor(pixelAt(p.x, row));
+    setHarmonyColors();
+    setNeedsDisplay();
+    announceChange();
+}
+
+bool chromaticCircleView::keyDown(const KeyEvent& event) {
+    const std::optional<Step> step = arrowStep(event);
+    if (!step) return false;
+    const Point p{selectedPoint_.x + step->right, selectedPoint_.y + step->up};
+    pick(p); // a press
+    pick(p); // and one drag, which picks in the row of the press
+    return true;
+}
+
+std::optional<Rect> chromaticCircleView::focusMark() const {
+    return squareAround(selectedPoint_, selectedRadius + 2);
+}
+
+Accessible chromaticCircleView::accessible() const {
+    Accessible a;
+    a.role = Accessible::Role::colourChooser;
+    a.name = "Colour wheel";
+    a.value = accessibleColour(desk_.getSecondColor());
+    a.description =
+        "Hue and saturation of the second colour. Arrow keys move the point, with Shift ten times as far.";
+    return a;
+}
+
+} // namespace chromalog

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "colour/harmony.h"
+#include "desktop/view.h"
+#include "views/wheel_picture.h"
+
+#include <cstdint>
+
+namespace chromalog {
+
+/// What the wheel asks of the dialog.
+class chromaticCircleDesk {
+  public:
+    virtual ~chromaticCircleDesk() = default;
+    virtual float getLuminosity() const = 0; ///< brightness of the disc; may lie outside 0..1
+    virtual std::int16_t getHarmonyMode() const = 0;
+    virtual Colour getSecondColor() const = 0;
+    virtual void changeSecondColor(const Colour&) = 0; ///< a pick
+    virtual float getAlpha() const = 0;                ///< the spread angle in degrees
+    virtual void setAlpha(float radians) = 0;          ///< the selected point's angle; never read back
+    virtual void setoppositeColor(const Colour&,
+                                  std::int16_t code) = 0; ///< a harmony colour for the well of that code
+};
+
+/// The colour wheel: hue around the centre, saturation outwards, at the dialog's brightness. Picks and
+/// harmony colours are read from its own picture at one pixel a point; the screen gets a picture at its own
+/// scale.
+class chromaticCircleView : public View {
+  public:
+    explicit chromaticCircleView(chromaticCircleDesk& desk) : desk_(desk) {}
+
+    void drawOnce(); ///< renders the picture at the dialog's brightness
+    void drawRect(Canvas&) override;
+    Colour getColorAtPoint(Point) const; ///< of the picture; the nearest pixel outside
+    void setHarmonyColors(); ///< places the harmony points and hands out their colours; does not redraw
+    void setCursorWithColor(const Colour&); ///< moves the selected point to the colour's hue and saturation
+    const Bitmap& picture() const { return picture_.bitmap(); }
+    Point selectedPoint() const { return selectedPoint_; }
+    const HarmonyPoints& harmony() const { return harmony_; }
+
+    void sizeChanged() override;
+    void mouseDown(const MouseEvent& event) override { pick(event.location); }
+    void mouseDragged(const MouseEvent& event) override { pick(event.location); }
+    bool acceptsFocus() const override { return true; }
+    bool keyDown(const KeyEvent&) override; ///< arrows: one point, with Shift ten
+    std::optional<Rect> focusMark() const override;
+    Accessible accessible() const override;
+
+  private:
+    void pick(Point);
+    float pictureRow(double y) const;
+    Colour pixelAt(double x, float row) const;
+    const Bitmap& shownPicture(double scale);
+    Path markers() const;
+
+    chromaticCircleDesk& desk_;
+    Point selectedPoint_; ///< stands for the second working colour
+    HarmonyPoints harmony_;
+    WheelPicture picture_;      ///< one pixel a point
+    WheelPicture sharpPicture_; ///< at the screen's scale, where that is not 1
+    float brightness_ = 0;      ///< of the picture
+    bool rendered_ = false;
+};
+
+} // namespace chromalog

@@ -1,0 +1,84 @@
+#include "views/luminosity_view.h"
+
+#include "views/accessible_colour.h"
+#include "views/arrow_keys.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace chromalog {
+namespace {
+
+constexpr int cells = 100;
+
+} // namespace
+
+void luminosityView::drawRect(Canvas& canvas) {
+    const Colour second = desk_.getSecondColor();
+    const auto hue = static_cast<float>(second.hue());
+    const auto saturation = static_cast<float>(second.saturation());
+    const auto brightness = static_cast<float>(second.brightness());
+    Rect cell = bounds();
+    cell.h /= cells;
+    const float step = static_cast<float>(cell.h);
+    for (int i = 0; i < cells; ++i, cell.y += step) {
+        const float v = static_cast<float>(i) / (cells - 1);
+        // The band is narrower than the spacing of the levels: some brightnesses mark no cell. Kept.
+        const bool marked = brightness > v && v + 0.01 > brightness;
+        const Colour fill = marked ? Colour::rgb(1, 1, 1) : Colour::hsb(hue, saturation, v);
+        canvas.setFill(fill);
+        canvas.fillRect(cell);
+        canvas.setFill(marked ? Colour() : fill);
+        canvas.frameRect(cell, 1);
+    }
+}
+
+void luminosityView::setCursorWithColor(const Colour&) {
+    setNeedsDisplay();
+    announceChange();
+}
+
+void luminosityView::pick(Point p) {
+    if (bounds().h > 0) setBrightness(static_cast<float>(p.y / bounds().h));
+}
+
+void luminosityView::setBrightness(float brightness) {
+    setNeedsDisplay();
+    desk_.setLuminosity(brightness);
+    desk_.redrawCircle();
+    desk_.setHarmonyColors(); // read from the rebuilt picture
+    announceChange();
+}
+
+double luminosityView::percent() const {
+    return std::round(desk_.getSecondColor().brightness() * 100);
+}
+
+bool luminosityView::keyDown(const KeyEvent& event) {
+    if (const auto step = arrowStep(event))
+        setAccessibleValue(percent() + step->right + step->up);
+    else if (event.key == Key::home)
+        setAccessibleValue(0);
+    else if (event.key == Key::end)
+        setAccessibleValue(100);
+    else
+        return false;
+    return true;
+}
+
+void luminosityView::setAccessibleValue(double percent) {
+    setBrightness(static_cast<float>(std::clamp(percent, 0.0, 100.0) / 100));
+}
+
+Accessible luminosityView::accessible() const {
+    Accessible a;
+    a.role = Accessible::Role::slider;
+    a.name = "Luminosity";
+    a.value = accessibleColour(desk_.getSecondColor());
+    a.description =
+        "Brightness of the second colour in percent. Arrow keys change it by 1, with Shift by 10.";
+    a.range = {percent(), 0, 100, 1};
+    return a;
+}
+
+} // namespace chromalog

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "views/chart_view.h"
+
+#include <array>
+
+namespace chromalog {
+
+/// What the tone chart asks of the dialog.
+class toneDesk : public chartDesk {
+  public:
+    virtual Colour getSecondColor() const = 0;
+    virtual bool absoluteTone() const = 0;
+    virtual float getToneShadeValue() const = 0; ///< the slider's value; 100 is the full tone
+};
+
+constexpr int toneRings = 7;
+constexpr int toneSectors = 32;
+
+/// The eight colours around the chart, in single precision: red, green, blue.
+using ToneColour = std::array<float, 3>;
+using ToneCircle = std::array<ToneColour, 8>;
+
+/// `t` is the slider's value / 100.
+ToneCircle toneCircle(float t, const Colour& second, bool absolute);
+
+/// The cell of ring 1 (mostly the second colour) to 7 (the circle alone) and sector 0..31.
+Colour toneCell(const ToneCircle&, const Colour& second, int ring, int sector);
+
+/// The tone chart: seven rings of 32 sectors around the second colour.
+class toneView : public chartView {
+  public:
+    explicit toneView(toneDesk& desk) : chartView(desk), desk_(desk) {}
+
+    void drawRect(Canvas&) override;
+    void printRect(Canvas&) override;
+
+  protected:
+    void moveCell(int right, int up) override; ///< up: the next ring outwards; right: clockwise
+    Point cellCentre() const override;
+    const char* accessibleName() const override { return "Tone chart"; }
+
+  private:
+    toneDesk& desk_;
+    int ring_ = 0, sector_ = 0; ///< where the keyboard stands; ring 0 is the disc in the middle
+};
+
+} // namespace chromalog
