@@ -33,6 +33,9 @@ class Desktop {
     /// or broken.
     virtual std::unique_ptr<Form> loadForm(std::string_view name, const FormOwner&) = 0;
 
+    /// The host's main window as the platform's own identifier, 0 where there is none: dialogs belong to it.
+    virtual void setHostWindow(std::intptr_t) {}
+
     virtual std::int64_t runModal(Window&) = 0;    ///< returns the code given to stopModal
     virtual void stopModal(std::int64_t code) = 0; ///< ends the innermost loop
     virtual void runAlert(const Alert&) = 0;       ///< returns when it was dismissed

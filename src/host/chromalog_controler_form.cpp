@@ -1,0 +1,88 @@
+// The dialog's interface file: its outlets, its actions, and the actions of the colour views.
+#include "host/chromalog_controler.h"
+
+namespace chromalog {
+
+void ChromalogControler::loadForm() {
+    form_ = desktop_.loadForm("chromalogWindow", formOwner());
+    if (!form_) desktop_.log("failed to load prismaticaDialog xib");
+    bindValueFields(colours_.first, colours_.second, colours_);
+    outlets_.chromalogWindow->onClose = [this] { cancelPressed(); };
+    myWell(colours_.origFirstColor, *this);
+    myWell(colours_.origSecondColor, *this);
+}
+
+FormOwner ChromalogControler::formOwner() {
+    FormOwner owner{outlets_.table(), actions()};
+    const auto colourOutlets = colours_.table();
+    owner.outlets.insert(owner.outlets.end(), colourOutlets.begin(), colourOutlets.end());
+    owner.outlets.push_back({"chromaView", &chromaView_});
+    owner.outlets.push_back({"lumiView", &lumiView_});
+    owner.outlets.push_back({"myToneView", &toneView_});
+    owner.outlets.push_back({"myDegrade", &degradeView_});
+    owner.outlets.push_back({"swatch1", &swatch1_});
+    owner.outlets.push_back({"swatch2", &swatch2_});
+    return owner;
+}
+
+std::vector<ActionEntry> ChromalogControler::actions() {
+    return {
+        {"okPressed:", [this] { okPressed(); }},
+        {"cancelPressed:", [this] { cancelPressed(); }},
+        {"toggleSecondColor:", [this] { toggleSecondColor(); }},
+        {"complementOn:", [this] { complementOn(); }},
+        {"harmoniquesOn:", [this] { harmoniquesOn(); }},
+        {"triComplementOn:", [this] { triComplementOn(); }},
+        {"quadriOn:", [this] { quadriOn(); }},
+        {"changeTone:", [this] { changeTone(); }},
+        {"switchAbs:", [this] { switchAbs(); }},
+        {"switchTone:", [this] { switchTone(); }},
+        {"editSwatch:", [this] { editSwatch(); }},
+        {"deleteSwatch1:", [this] { swatch1_.deleteEntry(); }},
+        {"deleteSwatch2:", [this] { swatch2_.deleteEntry(); }},
+        {"doUndo:", [this] { doUndo(); }},
+        {"doRedo:", [this] { doRedo(); }},
+        {"showProtocolWindow", [this] { history_->showProtocolWindow(); }},
+    };
+}
+
+void ChromalogControler::setHarmonyMode(std::int16_t mode) {
+    harmonyMode_ = mode;
+    setHarmonyColors();
+    chromaView_.setNeedsDisplay();
+}
+
+void ChromalogControler::complementOn() {
+    setHarmonyMode(harmonyMode_ != 1 ? 1 : 0);
+}
+void ChromalogControler::harmoniquesOn() {
+    setHarmonyMode(harmonyMode_ != 2 ? 2 : 0);
+}
+void ChromalogControler::triComplementOn() {
+    setHarmonyMode(3);
+} // unlike the two above, no toggle: kept
+void ChromalogControler::quadriOn() {
+    setHarmonyMode(4);
+}
+
+void ChromalogControler::changeTone() {
+    toneView_.setNeedsDisplay();
+}
+void ChromalogControler::switchAbs() {
+    toneView_.setNeedsDisplay();
+}
+
+void ChromalogControler::switchTone() {
+    const bool tone = outlets_.toneOrDegrade->state() == 1;
+    degradeView_.setHidden(tone);
+    toneView_.setHidden(!tone);
+    outlets_.absOrRel->setHidden(!tone);
+    outlets_.toneSlider->setHidden(!tone);
+}
+
+void ChromalogControler::editSwatch() {
+    setFirstColor(swatch1_, swatch1_.getSelected());
+    swatch1_.setNeedsDisplay();
+}
+
+} // namespace chromalog
