@@ -30,6 +30,8 @@ class TextField : public Control {
     /// Called on every edit by a person (typing, paste, cut, clear, undo), never when the program sets the
     /// text.
     std::function<void()> onEdit;
+    /// Called in place of what Return does elsewhere (ending the edit, pressing OK), where it is set.
+    std::function<void()> onReturn;
 };
 
 class Button : public Control {
