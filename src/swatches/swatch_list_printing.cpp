@@ -2,6 +2,8 @@
 
 namespace chromalog {
 
-void CSwatchList::PrintRect(Canvas&) {}
+void CSwatchList::PrintRect(Canvas& canvas) {
+    if (onPaper) onPaper(canvas);
+}
 
 } // namespace chromalog

@@ -6,6 +6,7 @@
 #include "swatches/search.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -75,8 +76,9 @@ class CSwatchList : public View {
     void drawRect(Canvas&) override;
     /// Appends the whole list as a swatch file of version 2.
     void saveSwatches(std::vector<std::uint8_t>& data) const;
-    /// Draws every page of a print job.
+    /// Draws the list on paper, a sheet at a time, as the print job that set `onPaper` laid it out.
     void PrintRect(Canvas&);
+    std::function<void(Canvas&)> onPaper;
 
     // Editing by mouse, keyboard and drags.
     void selectRow(std::int16_t row); ///< as a click does: selection, first colour, redisplay

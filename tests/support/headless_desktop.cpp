@@ -143,10 +143,16 @@ std::string HeadlessDesktop::localized(std::string_view key) const {
 }
 
 PrintOutcome HeadlessDesktop::runPrintOperation(const PrintJob& job) {
-    printJobs.push_back(job);
-    for (int i = 0; i < job.sheets && printOutcome == PrintOutcome::printed; ++i) {
-        RecordingCanvas paper(false);
-        job.paint(i, paper);
+    printedTitle = job.title;
+    sheets.clear();
+    if (printOutcome == PrintOutcome::cancelled) return printOutcome;
+    if (onPrint) onPrint();
+    const PrintPages pages = job.layOut(printInfo);
+    if (pages.sheets == 0) return PrintOutcome::failed;
+    for (int i = 0; i < pages.sheets && printOutcome == PrintOutcome::printed; ++i) {
+        RecordingCanvas paper(false, {0, 0, pages.sheet.w, pages.sheet.h});
+        pages.paint(i, paper);
+        sheets.push_back(paper.primitives);
     }
     return printOutcome;
 }

@@ -2,6 +2,7 @@
 
 #include "desktop/desktop.h"
 #include "support/headless_controls.h"
+#include "support/recording_canvas.h"
 
 #include <deque>
 #include <map>
@@ -54,6 +55,7 @@ class HeadlessDesktop : public Desktop {
     Bitmap nextCapture;
     PrintInfo printInfo;
     PrintOutcome printOutcome = PrintOutcome::printed;
+    std::function<void()> onPrint; ///< while the print dialog is up
     std::tm clock{};
 
     // What the test reads.
@@ -63,7 +65,8 @@ class HeadlessDesktop : public Desktop {
     std::vector<OpenPanel> openPanels;
     std::vector<SavePanel> savePanels;
     std::vector<DragRequest> drags;
-    std::vector<PrintJob> printJobs;
+    std::string printedTitle;
+    std::vector<std::vector<Primitive>> sheets; ///< of the latest print operation
     std::vector<std::int64_t> stops;
     int pageLayouts = 0;
     std::function<void(const Alert&)> onAlert; ///< called while the alert is up
