@@ -69,6 +69,7 @@ void ChromalogControler::startLists() {
     swatch2_.setNumberOfColors(data_.numColors2);
     outlets_.toneOrDegrade->setState(0);
     switchTone();
+    search_.observeFields();
     swatch1_.initFromControler();
     swatch2_.initFromControler();
 }

@@ -6,7 +6,9 @@
 #include "host/abi/picker_record.h"
 #include "host/dialog_outlets.h"
 #include "host/global_record.h"
-#include "swatches/swatch_list_view.h"
+#include "swatches/list_commands.h"
+#include "swatches/nearest_display.h"
+#include "swatches/search_knobs.h"
 #include "views/chromatic_circle_view.h"
 #include "views/degrade_view.h"
 #include "views/luminosity_view.h"
@@ -29,6 +31,7 @@ class ChromalogControler : WorkingColoursDesk,
                            toneDesk,
                            myWellDesk,
                            CSwatchListDesk,
+                           ListCommandsDesk,
                            HistoryDesk {
   public:
     ChromalogControler(GlobalRecord&, Desktop&);
@@ -59,6 +62,7 @@ class ChromalogControler : WorkingColoursDesk,
     void switchAbs();
     void switchTone();
     void editSwatch();
+    void writeToSwatch();
     void doUndo();
     void doRedo();
 
@@ -90,7 +94,7 @@ class ChromalogControler : WorkingColoursDesk,
     // The desks of the rooms.
     Desktop& desktop() override { return desktop_; }
     ColorServicesProc colorServices() const override { return data_.pickerRecord->colorServices; }
-    void getNearFco() override {}
+    void getNearFco() override { nearest_.getNearFco(swatch1_, colours_.getSecondColor(), colorServices()); }
     void placeStripCursor() override;
     void redrawWheelAndPlace() override;
     void markWheel() override { chromaView_.setNeedsDisplay(); }
@@ -110,7 +114,9 @@ class ChromalogControler : WorkingColoursDesk,
     bool isFirstColorId(const Colour& c, std::int16_t index, std::string& nameOut) override {
         return colours_.isFirstColorId(c, index, nameOut);
     }
-    void activateKnobs(CSwatchList&, double) override {}
+    void activateKnobs(CSwatchList& list, double hits) override { search_.activateKnobs(list, hits); }
+    ListParts list(ListNumber) override;
+    std::string colourBooksFolder() override; ///< one property call
     void setUndoablePosition(std::string_view labelKey) override;
     void storeViewCounts() override;
     void restoreUndoUI() override;
@@ -135,6 +141,9 @@ class ChromalogControler : WorkingColoursDesk,
     toneView toneView_{*this};
     degradeView degradeView_{static_cast<toneDesk&>(*this)};
     CSwatchList swatch1_{*this}, swatch2_{*this};
+    ListCommands commands_{*this};
+    NearestDisplay nearest_;
+    SearchKnobs search_{desktop_, swatch1_, swatch2_};
     std::unique_ptr<Form> form_; ///< its controls go before what they point to
     std::unique_ptr<ProtocolControler> history_;
 };

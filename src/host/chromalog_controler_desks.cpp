@@ -1,6 +1,8 @@
 // The calls that the rooms make on the dialog's controller.
 #include "host/chromalog_controler.h"
 
+#include "host/host_version.h"
+#include "swatches/formats/colour_books.h"
 #include "swatches/name_text.h"
 
 namespace chromalog {
@@ -82,6 +84,18 @@ ScrollView& ChromalogControler::listScroller(int number) {
 
 Menu& ChromalogControler::menu(CSwatchList& list) {
     return &list == &swatch1_ ? *outlets_.swatchContextMenu : *outlets_.swatchContextMenu2;
+}
+
+ListParts ChromalogControler::list(ListNumber which) {
+    if (which == ListNumber::one)
+        return {swatch1_, *outlets_.swatch1Scroller, *outlets_.swatch1Name, data_.numColors1,
+                data_.swatchName1};
+    return {swatch2_, *outlets_.swatch2scroller, *outlets_.swatch2Name, data_.numColors2, data_.swatchName2};
+}
+
+std::string ChromalogControler::colourBooksFolder() {
+    return chromalog::colourBooksFolder(hostVersion(data_.pickerRecord->propertyProcs),
+                                        desktop_.colourBooksDirectory());
 }
 
 } // namespace chromalog

@@ -14,8 +14,10 @@ void ChromalogControler::loadForm() {
 
 FormOwner ChromalogControler::formOwner() {
     FormOwner owner{outlets_.table(), actions()};
-    const auto colourOutlets = colours_.table();
-    owner.outlets.insert(owner.outlets.end(), colourOutlets.begin(), colourOutlets.end());
+    for (const auto& table : {colours_.table(), nearest_.table(), search_.table()})
+        owner.outlets.insert(owner.outlets.end(), table.begin(), table.end());
+    for (const ActionEntry& action : commands_.actions())
+        owner.actions.push_back(action);
     owner.outlets.push_back({"chromaView", &chromaView_});
     owner.outlets.push_back({"lumiView", &lumiView_});
     owner.outlets.push_back({"myToneView", &toneView_});
@@ -38,11 +40,15 @@ std::vector<ActionEntry> ChromalogControler::actions() {
         {"switchAbs:", [this] { switchAbs(); }},
         {"switchTone:", [this] { switchTone(); }},
         {"editSwatch:", [this] { editSwatch(); }},
+        {"writeToSwatch:", [this] { writeToSwatch(); }},
+        {"jumpFirst:", [this] { search_.jumpFirst(); }},
+        {"jumpSecond:", [this] { search_.jumpSecond(); }},
         {"deleteSwatch1:", [this] { swatch1_.deleteEntry(); }},
         {"deleteSwatch2:", [this] { swatch2_.deleteEntry(); }},
         {"doUndo:", [this] { doUndo(); }},
         {"doRedo:", [this] { doRedo(); }},
         {"showProtocolWindow", [this] { history_->showProtocolWindow(); }},
+        {"dumpUndo", [this] { history_->dumpUndo(); }},
     };
 }
 
@@ -83,6 +89,10 @@ void ChromalogControler::switchTone() {
 void ChromalogControler::editSwatch() {
     setFirstColor(swatch1_, swatch1_.getSelected());
     swatch1_.setNeedsDisplay();
+}
+
+void ChromalogControler::writeToSwatch() {
+    commands_.writeToSwatch(colours_.getFirstColor(), colours_.colorName->text());
 }
 
 } // namespace chromalog

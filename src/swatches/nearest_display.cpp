@@ -5,6 +5,14 @@
 
 namespace chromalog {
 
+std::vector<OutletEntry> NearestDisplay::table() {
+    return {{"nearColor", &nearColor}, {"nearR", &near.R},
+            {"nearG", &near.G},        {"nearB", &near.B},
+            {"nearC", &near.C},        {"nearM", &near.M},
+            {"nearY", &near.Y},        {"nearK", &near.K},
+            {"nearName", &nearName},   {"baterieSwatch", &baterieSwatch}};
+}
+
 void NearestDisplay::getNearFco(const CSwatchList& swatch1, const Colour& secondColor,
                                 ColorServicesProc services) {
     float distance = 0;

@@ -1,7 +1,10 @@
 #pragma once
 
 #include "colour/value_fields.h"
+#include "desktop/form.h"
 #include "swatches/swatch_list_view.h"
+
+#include <vector>
 
 namespace chromalog {
 
@@ -13,6 +16,8 @@ class NearestDisplay {
     ValueFields near; ///< nearR .. nearK
     Outlet<TextField> nearName;
     Outlet<LevelIndicator> baterieSwatch; ///< closeness, unclamped
+
+    std::vector<OutletEntry> table();
 
     /// An empty list shows its record 0, whatever that holds.
     void getNearFco(const CSwatchList& swatch1, const Colour& secondColor, ColorServicesProc);

@@ -14,6 +14,11 @@ std::string foundText(std::int64_t hits) {
 
 } // namespace
 
+std::vector<OutletEntry> SearchKnobs::table() {
+    return {{"findColor1", &findColor1}, {"findColor2", &findColor2}, {"seachStep1", &seachStep1},
+            {"seachStep2", &seachStep2}, {"found1", &found1},         {"found2", &found2}};
+}
+
 void SearchKnobs::observeFields() {
     for (Outlet<TextField>* outlet : {&findColor1, &findColor2}) {
         if (!outlet->connected()) continue;

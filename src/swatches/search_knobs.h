@@ -4,6 +4,7 @@
 #include "swatches/swatch_list_view.h"
 
 #include <memory>
+#include <vector>
 
 namespace chromalog {
 
@@ -18,6 +19,7 @@ class SearchKnobs {
     Outlet<Stepper> seachStep1, seachStep2;
     Outlet<TextField> found1, found2;
 
+    std::vector<OutletEntry> table();
     void observeFields(); ///< after the outlets are connected
 
     /// Searches 0.25 s after the last keystroke. A timer that waits keeps the field that it was started for.
