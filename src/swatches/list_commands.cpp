@@ -2,28 +2,15 @@
 
 #include "history/undo_labels.h"
 #include "prefs/file_io.h"
+#include "swatches/colour_book_folder.h"
 #include "swatches/formats/aco_reader.h"
 #include "swatches/limit_alert.h"
 #include "swatches/name_text.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace chromalog {
 namespace {
-
-/// The host's colour books as files of one folder.
-class BookFolder : public ColourBookShelf {
-  public:
-    explicit BookFolder(std::string folder) : folder_(std::move(folder)) {}
-    std::optional<std::vector<std::uint8_t>> readBook(std::string_view file) const override {
-        if (folder_.empty()) return std::nullopt;
-        return readDataFromFileAtURL(folder_ + "/" + std::string(file));
-    }
-
-  private:
-    std::string folder_;
-};
 
 std::string_view lastPathComponent(std::string_view path) {
     return path.substr(path.rfind('/') + 1);
@@ -128,7 +115,7 @@ void ListCommands::DispachSwatch(std::span<const std::uint8_t> data, CSwatchList
     const AcoHeader header = readAcoHeader(data, start);
     if (header.overLimit) desk_.desktop().runAlert(limitAlert(*header.overLimit));
     view.setNumberOfColors(header.viewCount);
-    const BookFolder books(desk_.colourBooksFolder()); // asked for whatever the file holds
+    const ColourBookFolder books(desk_.colourBooksFolder()); // asked for whatever the file holds
     const auto secondCount =
         readAcoRecords(data, header, start, view.records(), desk_.colorServices(), books);
     if (secondCount) view.setNumberOfColors(*secondCount);
