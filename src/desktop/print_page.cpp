@@ -6,14 +6,16 @@
 namespace chromalog {
 namespace {
 
+constexpr double kHair = 1e-6; ///< what rounding may push over the sheet's edge; points
+
 bool onSheet(const Rect& r, const Rect& sheet) {
-    return r.w > 0 && r.h > 0 && r.x < sheet.x + sheet.w && r.x + r.w > sheet.x && r.y < sheet.y + sheet.h &&
-           r.y + r.h > sheet.y;
+    return r.w > 0 && r.h > 0 && r.x + kHair < sheet.x + sheet.w && r.x + r.w > sheet.x &&
+           r.y + kHair < sheet.y + sheet.h && r.y + r.h > sheet.y;
 }
 
 /// A line left of the sheet may reach into it: its length is not known here.
 bool onSheet(const PrintLabel& label, const Rect& sheet) {
-    return label.box.x < sheet.x + sheet.w && label.box.y - kPrintFont.size < sheet.y + sheet.h &&
+    return label.box.x + kHair < sheet.x + sheet.w && label.box.y - kPrintFont.size < sheet.y + sheet.h &&
            label.box.y + kPrintFont.size > sheet.y;
 }
 

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "host/host_conversion.h"
+#include "print/list_printing.h"
+#include "print/print_options.h"
+#include "support/headless_desktop.h"
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+#include <vector>
+
+namespace chromalog::test {
+
+/// RGB to CMYK in closed form, 255 = no ink.
+inline std::int16_t closedForm(ColorServicesInfo* info) {
+    std::int16_t* c = info->colorComponents;
+    if (info->sourceSpace != plugIncolorServicesRGBSpace || info->resultSpace != plugIncolorServicesCMYKSpace)
+        return -1;
+    const int k = std::max({c[0], c[1], c[2]});
+    for (int i = 0; i < 3; ++i)
+        c[i] = static_cast<std::int16_t>(k ? (c[i] * 255 + k / 2) / k : 255);
+    c[3] = static_cast<std::int16_t>(k);
+    return 0;
+}
+
+inline FCOStruct swatch(std::string_view name, std::int64_t red, std::int64_t green, std::int64_t blue) {
+    FCOStruct record{};
+    record.Namen[0] = static_cast<std::uint8_t>(name.size());
+    std::memcpy(record.Namen + 1, name.data(), std::min<std::size_t>(name.size(), 255));
+    record.SRed = red;
+    record.SGreen = green;
+    record.SBlue = blue;
+    return record;
+}
+
+/// A whole array whose first records are numbered in their red channel: swatch i has red i × 257 % 65536.
+inline std::vector<FCOStruct> numberedSwatches() {
+    std::vector<FCOStruct> records;
+    for (int i = 0; i < kListCapacity; ++i)
+        records.push_back(swatch("Colour " + std::to_string(i), i % 256 * 257, 0, 65535));
+    return records;
+}
+
+/// The parts of the dialog that printing asks.
+class PrintingDialog : public PrintDesk, public CSwatchListDesk {
+  public:
+    HeadlessDesktop screen;
+    PrintOptions options;
+    ColorServicesProc services = closedForm;
+
+    Desktop& desktop() override { return screen; }
+    void setSwatchPrintsize(std::int16_t size) override { options.printSize = size; }
+    void setPrintAttributes(std::int16_t which, std::uint8_t flag) override {
+        options.setPrintAttributes(which, flag);
+    }
+    std::uint8_t isNameToPrint() const override { return options.printName; }
+    std::uint8_t isRGBToPrint() const override { return options.printRGB; }
+    std::uint8_t isCMYKToPrint() const override { return options.printCMYK; }
+    std::int16_t getMyPrintSize() const override { return options.printSize; }
+    ColorServicesProc colorServices() const override { return services; }
+
+    void setFirstColor(CSwatchList&, std::int16_t) override {}
+    bool isFirstColorId(const Colour&, std::int16_t, std::string&) override { return false; }
+    void activateKnobs(CSwatchList&, double) override {}
+    void setUndoablePosition(std::string_view) override {}
+    ListRecords list1Records() override { return {}; }
+    ScrollView& scroller(CSwatchList&) override { return scroller_; }
+    Menu& menu(CSwatchList&) override { return menu_; }
+
+    HeadlessForm& dialog() { return *screen.forms.at("SwatchPrintOptions"); }
+
+  private:
+    ScrollView scroller_;
+    Menu menu_;
+};
+
+} // namespace chromalog::test
