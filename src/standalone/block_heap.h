@@ -1,0 +1,40 @@
+#pragma once
+
+#include "standalone/call_ledger.h"
+#include "standalone/guarded_block.h"
+
+#include <cstdint>
+#include <map>
+#include <memory>
+
+namespace chromalog::standalone {
+
+/// Blocks that do not move: those of the basic suite, of the buffer suite, and the older buffers, which are
+/// locked for use. Allocating through any of these and not freeing is named at the end of the call.
+class BlockHeap {
+  public:
+    BlockHeap(CallLedger& ledger, const char* allocator) : ledger_(ledger), allocator_(allocator) {}
+
+    /// Null where there is no memory.
+    void* allocate(std::uint64_t size);
+    /// False where the address is not a block of this heap; `callback` is then named.
+    bool release(void* block, const char* callback);
+    std::uint64_t sizeOf(void* block, const char* callback);
+    void lock(void* block, const char* callback);
+    void unlock(void* block, const char* callback);
+
+    void checkAfterCall();
+
+  private:
+    struct Entry {
+        std::unique_ptr<GuardedBlock> memory;
+        int locks = 0;
+    };
+    Entry* find(void* block, const char* callback);
+
+    CallLedger& ledger_;
+    const char* allocator_;
+    std::map<void*, Entry> blocks_;
+};
+
+} // namespace chromalog::standalone

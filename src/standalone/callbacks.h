@@ -1,0 +1,23 @@
+#pragma once
+
+#include "host/abi/picker_record.h"
+#include "host/abi/standalone_suite.h"
+
+#include <cstdint>
+
+namespace chromalog::standalone {
+
+/// The tables of C functions that the plug-in is given; each function forwards to Host::current().
+HandleProcs* handleProcs();
+BufferProcs* bufferProcs();
+PropertyProcs* propertyProcs();
+SPBasicSuite* basicSuite();
+std::int16_t colourServicesCallback(ColorServicesInfo* info);
+
+const PSBufferSuite1* bufferSuite1();
+const PSBufferSuite2* bufferSuite2();
+/// Version 1 to 4: fields of later versions are null.
+const PSUIHooksSuite* uiHooksSuite(int version);
+const StandaloneSuite* standaloneSuite();
+
+} // namespace chromalog::standalone

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "standalone/colour_converter.h"
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace chromalog::standalone {
+
+/// How many bits of a record's component hold the colour: 16 as this plug-in understands records, or 8 as the
+/// published ranges have it (0..255 in each slot).
+enum class Scale { eight = 8, sixteen = 16 };
+
+/// A colour as the picker's record holds it.
+struct HeldColour {
+    Space space = Space::rgb;
+    std::array<std::uint16_t, 4> components{};
+    bool operator==(const HeldColour&) const = default;
+};
+
+using Rgb16 = std::array<std::uint16_t, 3>;
+
+/// Reads #rrggbb, #rgb, a CSS name, or SPACE:c0,c1,c2[,c3] with the components as the record holds them (cmyk
+/// wants all four, for its fourth is ink; gray may have one).
+std::optional<HeldColour> parseColour(std::string_view text, Scale scale);
+
+/// The colour as 16-bit RGB; other spaces go through the converter.
+Rgb16 rgbOf(const HeldColour& colour, Scale scale, const ColourConverter& converter);
+
+enum class Format { hex, rgb8, rgb16, css, json };
+
+/// One line without its end. 8-bit values are the high byte, as the plug-in reads them.
+std::string formatColour(const Rgb16& rgb, Format format);
+
+} // namespace chromalog::standalone

@@ -1,0 +1,164 @@
+#include "standalone/command_line.h"
+
+#include <CLI/CLI.hpp>
+#include <filesystem>
+#include <iostream>
+
+namespace chromalog::standalone {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::map<std::string, Format> kFormats{{"hex", Format::hex},
+                                             {"rgb8", Format::rgb8},
+                                             {"rgb16", Format::rgb16},
+                                             {"css", Format::css},
+                                             {"json", Format::json}};
+const std::map<std::string, ServicesKind> kServices{{"lcms", ServicesKind::lcms},
+                                                    {"closed", ServicesKind::closed},
+                                                    {"none", ServicesKind::none},
+                                                    {"error", ServicesKind::error}};
+
+const CLI::Validator kMayBecomeDirectory(
+    [](std::string& path) {
+        std::error_code ignored;
+        return fs::exists(path, ignored) && !fs::is_directory(path, ignored) ? "is no directory: " + path
+                                                                             : std::string();
+    },
+    "DIR");
+
+const CLI::Validator kWritablePlace(
+    [](std::string& path) {
+        std::error_code ignored;
+        const fs::path folder = fs::path(path).parent_path();
+        if (!folder.empty() && !fs::is_directory(folder, ignored))
+            return "no such folder: " + folder.string();
+        return fs::is_directory(path, ignored) ? "is a directory: " + path : std::string();
+    },
+    "FILE.png");
+
+/// Help lines with the kind of value alone: the checks behind it would only repeat it.
+class ShortHelp : public CLI::Formatter {
+  public:
+    std::string make_option_opts(const CLI::Option* option) const override {
+        const bool takesValue = option->get_items_expected_max() > 0;
+        return takesValue ? " " + option->get_type_name().substr(0, option->get_type_name().find(':'))
+                          : std::string();
+    }
+};
+
+void addHostOptions(CLI::App& app, CommandLine& line, std::string& colour) {
+    app.add_option("--color", colour,
+                   "Offer this colour: #rrggbb, #rgb, a CSS name, or SPACE:c0,c1,c2[,c3] with SPACE one of "
+                   "rgb hsb cmyk lab gray and 16-bit components as the record holds them")
+        ->type_name("COLOUR");
+    app.add_option("--format", "Print the colour in this form (hex)")
+        ->check(CLI::IsMember(kFormats))
+        ->type_name("hex|rgb8|rgb16|css|json");
+    app.add_option("--picks", line.picks, "Run N picks in one host run")
+        ->check(CLI::Range(1, 1'000'000))
+        ->type_name("N");
+    app.add_flag("--about", line.about, "Make the about call instead of a pick");
+    app.add_option("--plugin", line.plugin, "The plug-in's module; else the one beside this program")
+        ->check(CLI::ExistingFile)
+        ->type_name("FILE");
+    app.add_option("--host-version", line.hostVersion, "Major version that the host reports (16)")
+        ->check(CLI::Range(1, 32767))
+        ->type_name("N");
+    app.add_option("--color-services",
+                   "Colour conversions by lcms, by the closed form, none, or always failing")
+        ->check(CLI::IsMember(kServices))
+        ->type_name("lcms|closed|none|error");
+    app.add_option("--cmyk-profile", line.cmykProfile, "CMYK profile for lcms")
+        ->check(CLI::ExistingFile)
+        ->type_name("FILE");
+    app.add_option("--component-scale", "Bits that the record's components hold (16)")
+        ->check(CLI::IsMember({"8", "16"}))
+        ->type_name("8|16");
+    app.add_option("--fail", line.fail, "Refuse memory at the new or at the lock of a handle")
+        ->check(CLI::IsMember({"new", "lock"}))
+        ->type_name("new|lock");
+    app.add_flag("--verbose", line.verbose, "Say on standard error what the host uses");
+}
+
+/// Options that act inside the plug-in, which asks for them by name.
+void addPluginOptions(CLI::App& app) {
+    auto* accept = app.add_flag_callback(
+        "--accept", [] {}, "Press OK as soon as the dialog shows");
+    app.add_flag_callback(
+           "--cancel", [] {}, "Press Cancel as soon as the dialog shows")
+        ->excludes(accept);
+    app.add_flag_callback(
+        "--option", [] {}, "As if the Option key were held while the picker opens");
+    app.add_option("--screenshot", "Write a picture of the dialog")
+        ->check(kWritablePlace)
+        ->type_name("FILE.png");
+    app.add_option("--drive", "Play a script against the dialog")
+        ->check(CLI::ExistingFile)
+        ->type_name("FILE");
+    app.add_option("--books", "Folder of colour books")->check(CLI::ExistingDirectory)->type_name("DIR");
+    app.add_option("--data-dir", "Folder in the place of the user's applications directory")
+        ->check(kMayBecomeDirectory)
+        ->type_name("DIR");
+}
+
+std::map<std::string, std::string> optionsGiven(const CLI::App& app) {
+    std::map<std::string, std::string> given;
+    for (const CLI::Option* option : app.get_options())
+        if (option->count() > 0)
+            given[option->get_lnames().front()] =
+                option->get_items_expected_max() == 0 ? "1" : option->results().back();
+    return given;
+}
+
+void readTables(CommandLine& line) {
+    const auto text = [&line](const char* key) {
+        return line.given.count(key) ? line.given.at(key) : std::string();
+    };
+    if (const auto format = kFormats.find(text("format")); format != kFormats.end())
+        line.format = format->second;
+    if (const auto kind = kServices.find(text("color-services")); kind != kServices.end())
+        line.services = kind->second;
+    if (text("component-scale") == "8") line.scale = Scale::eight;
+}
+
+int complain(const std::string& text) {
+    std::cerr << "chromalog: " << text << '\n';
+    return 2;
+}
+
+} // namespace
+
+std::optional<CommandLine> parseCommandLine(int argc, const char* const* argv, int& exitCode) {
+    CommandLine line;
+    std::string colour = "black";
+    CLI::App app("Opens the Chromalog colour picker and prints the colour that was picked.", "chromalog");
+    app.set_help_flag("--help", "Print this text");
+    app.set_version_flag("--version", "chromalog " CHROMALOG_VERSION, "Print the version");
+    app.formatter(std::make_shared<ShortHelp>());
+    app.footer(
+        "Exit code: 0 a colour was picked, 1 it is as offered, 2 a mistake in the arguments, 3 no memory.");
+    addHostOptions(app, line, colour);
+    addPluginOptions(app);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::Success& wanted) { // help or version
+        exitCode = app.exit(wanted);
+        return std::nullopt;
+    } catch (const CLI::ParseError& error) {
+        exitCode = complain(error.what());
+        return std::nullopt;
+    }
+    line.given = optionsGiven(app);
+    readTables(line);
+    const auto parsed = parseColour(colour, line.scale);
+    if (!parsed) {
+        exitCode = complain("not a colour: " + colour);
+        return std::nullopt;
+    }
+    line.colour = *parsed;
+    return line;
+}
+
+} // namespace chromalog::standalone

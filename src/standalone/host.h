@@ -1,0 +1,46 @@
+#pragma once
+
+#include "standalone/block_heap.h"
+#include "standalone/call_ledger.h"
+#include "standalone/colour_services.h"
+#include "standalone/handle_heap.h"
+#include "standalone/suite_shelf.h"
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace chromalog::standalone {
+
+/// Everything that a plug-in can reach of this host, for one host run.
+/// Callbacks are plain C functions without a context, so that exactly one host lives at a time.
+class Host {
+  public:
+    explicit Host(std::unique_ptr<ColourConverter> converter);
+    ~Host();
+    Host(const Host&) = delete;
+    Host& operator=(const Host&) = delete;
+
+    static Host& current();
+
+    CallLedger ledger;
+    HandleHeap handles{ledger};
+    BlockHeap buffers{ledger, "allocateProc"}; ///< of the older buffer callbacks
+    BlockHeap suiteBuffers{ledger, "New"};     ///< of the buffer suite
+    BlockHeap blocks{ledger, "AllocateBlock"}; ///< of the basic suite
+    SuiteShelf suites{ledger};
+    ColourServices colours;
+
+    int version = 16;                 ///< major version that 'vers' reports
+    bool offersColourServices = true; ///< false: the record's callback is null
+    bool offersProperties = true;
+    std::map<std::string, std::string> options; ///< of the command line, for the host's own suite
+    std::optional<int> endWith;                 ///< set by the plug-in: start no further pick, exit with this
+
+    void beginCall() { ledger.beginCall(); }
+    /// Names everything that the plug-in left behind. `slot` is what it keeps between calls.
+    void endCall(std::intptr_t slot);
+};
+
+} // namespace chromalog::standalone

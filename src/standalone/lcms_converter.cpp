@@ -1,0 +1,150 @@
+#include "standalone/lcms_converter.h"
+
+#include "standalone/closed_converter.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <filesystem>
+#include <lcms2.h>
+#include <map>
+#include <stdexcept>
+
+namespace chromalog::standalone {
+
+namespace {
+
+using Profile = std::unique_ptr<void, decltype(&cmsCloseProfile)>;
+using Transform = std::unique_ptr<void, decltype(&cmsDeleteTransform)>;
+
+/// How a space's 8-bit slots lie in Little CMS's doubles: value = slot * scale + offset.
+struct Coding {
+    cmsUInt32Number type;
+    int channels;
+    std::array<double, 4> scale, offset;
+};
+
+Coding codingOf(Space space) {
+    constexpr double kUnit = 1 / 255.0, kPercent = 100 / 255.0;
+    switch (space) {
+    case Space::cmyk: // percent of ink, 255 = none
+        return {TYPE_CMYK_DBL, 4, {-kPercent, -kPercent, -kPercent, -kPercent}, {100, 100, 100, 100}};
+    case Space::lab:
+        return {TYPE_Lab_DBL, 3, {kPercent, 1, 1}, {0, -128, -128}};
+    case Space::xyz:
+        return {TYPE_XYZ_DBL, 3, {kUnit, kUnit, kUnit}, {}};
+    case Space::gray:
+        return {TYPE_GRAY_DBL, 1, {kUnit}, {}};
+    default:
+        return {TYPE_RGB_DBL, 3, {kUnit, kUnit, kUnit}, {}};
+    }
+}
+
+/// RGB and CMYK go as bytes between each other, as image editors convert pixels; all other pairs as doubles.
+bool worksInBytes(Space from, Space to) {
+    return (from == Space::rgb && to == Space::cmyk) || (from == Space::cmyk && to == Space::rgb);
+}
+
+cmsUInt32Number byteTypeOf(Space space) {
+    return space == Space::cmyk ? TYPE_CMYK_8_REV : TYPE_RGB_8;
+}
+
+Components convertBytes(cmsHTRANSFORM transform, const Components& in) {
+    std::array<std::uint8_t, 4> bytes{}, answer{};
+    std::copy(in.begin(), in.end(), bytes.begin());
+    cmsDoTransform(transform, bytes.data(), answer.data(), 1);
+    return {answer[0], answer[1], answer[2], answer[3]};
+}
+
+Components convertDoubles(cmsHTRANSFORM transform, const Coding& source, const Coding& result,
+                          const Components& in) {
+    std::array<double, 4> values{}, answer{};
+    for (int i = 0; i < source.channels; ++i)
+        values[i] = in[i] * source.scale[i] + source.offset[i];
+    cmsDoTransform(transform, values.data(), answer.data(), 1);
+    Components out{};
+    for (int i = 0; i < result.channels; ++i) {
+        const double slot = (answer[i] - result.offset[i]) / result.scale[i];
+        out[i] = static_cast<std::int16_t>(std::lround(std::clamp(slot, 0.0, 255.0)));
+    }
+    return out;
+}
+
+cmsHPROFILE makeGray() {
+    const cmsFloat64Number sRgbCurve[]{2.4, 1 / 1.055, 0.055 / 1.055, 1 / 12.92, 0.04045};
+    cmsToneCurve* curve = cmsBuildParametricToneCurve(nullptr, 4, sRgbCurve);
+    cmsHPROFILE profile = cmsCreateGrayProfile(cmsD50_xyY(), curve);
+    cmsFreeToneCurve(curve);
+    return profile;
+}
+
+Profile openCmyk(const std::string& path) {
+    Profile profile(cmsOpenProfileFromFile(path.c_str(), "r"), cmsCloseProfile);
+    if (!profile) throw std::runtime_error("cannot read a colour profile from " + path);
+    if (cmsGetColorSpace(profile.get()) != cmsSigCmykData)
+        throw std::runtime_error(path + " is no CMYK profile");
+    if (!cmsIsIntentSupported(profile.get(), INTENT_RELATIVE_COLORIMETRIC, LCMS_USED_AS_OUTPUT))
+        throw std::runtime_error(path + " cannot be converted to");
+    return profile;
+}
+
+} // namespace
+
+struct LcmsConverter::Transforms {
+    std::map<Space, Profile> profiles;
+    std::map<std::pair<Space, Space>, Transform> made;
+
+    cmsHTRANSFORM get(Space from, Space to) {
+        const auto found = made.find({from, to});
+        if (found != made.end()) return found->second.get();
+        const bool bytes = worksInBytes(from, to);
+        // Doubles are not optimised: a table of grid points would move neutral colours by one.
+        const cmsUInt32Number flags = bytes ? 0 : cmsFLAGS_NOOPTIMIZE | cmsFLAGS_NOCACHE;
+        cmsHTRANSFORM transform =
+            cmsCreateTransform(profiles.at(from).get(), bytes ? byteTypeOf(from) : codingOf(from).type,
+                               profiles.at(to).get(), bytes ? byteTypeOf(to) : codingOf(to).type,
+                               INTENT_RELATIVE_COLORIMETRIC, cmsFLAGS_BLACKPOINTCOMPENSATION | flags);
+        if (!transform) throw std::runtime_error("the colour profiles cannot be connected");
+        made.emplace(std::pair{from, to}, Transform(transform, cmsDeleteTransform));
+        return transform;
+    }
+};
+
+LcmsConverter::LcmsConverter(const std::string& cmykProfile) : transforms_(std::make_unique<Transforms>()) {
+    auto& profiles = transforms_->profiles;
+    profiles.emplace(Space::rgb, Profile(cmsCreate_sRGBProfile(), cmsCloseProfile));
+    profiles.emplace(Space::lab, Profile(cmsCreateLab4Profile(nullptr), cmsCloseProfile));
+    profiles.emplace(Space::xyz, Profile(cmsCreateXYZProfile(), cmsCloseProfile));
+    profiles.emplace(Space::gray, Profile(makeGray(), cmsCloseProfile));
+    if (cmykProfile.empty()) return;
+    profiles.emplace(Space::cmyk, openCmyk(cmykProfile));
+    transforms_->get(Space::rgb, Space::cmyk); // a profile that cannot serve is refused here, not in a pick
+    transforms_->get(Space::cmyk, Space::rgb);
+}
+
+LcmsConverter::~LcmsConverter() = default;
+
+Components LcmsConverter::convert(Space from, Space to, const Components& components) const {
+    if (from == to) return components;
+    const auto& profiles = transforms_->profiles;
+    if (!profiles.count(from)) return convert(Space::rgb, to, closedToRgb(from, components));
+    if (!profiles.count(to)) return closedFromRgb(to, convert(from, Space::rgb, components));
+
+    const Components in = clamped(from, components);
+    cmsHTRANSFORM transform = transforms_->get(from, to);
+    return worksInBytes(from, to) ? convertBytes(transform, in)
+                                  : convertDoubles(transform, codingOf(from), codingOf(to), in);
+}
+
+std::string LcmsConverter::installedCmykProfile() {
+    // As the package libgs-common and Homebrew's ghostscript install it.
+    for (const char* path : {"/usr/share/color/icc/ghostscript/default_cmyk.icc",
+                             "/opt/homebrew/share/ghostscript/iccprofiles/default_cmyk.icc",
+                             "/usr/local/share/ghostscript/iccprofiles/default_cmyk.icc"}) {
+        std::error_code ignored;
+        if (std::filesystem::is_regular_file(path, ignored)) return path;
+    }
+    return {};
+}
+
+} // namespace chromalog::standalone

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "host/abi/picker_record.h"
+#include "standalone/colour_text.h"
+#include "standalone/guarded_block.h"
+#include "standalone/host.h"
+
+#include <optional>
+
+namespace chromalog::standalone {
+
+/// One host run with one plug-in: the calls of its entry, each with a fresh record, and the plug-in's slot
+/// between them.
+class HostRun {
+  public:
+    HostRun(Host& host, PluginMainProc entry) : host_(host), entry_(entry) {}
+    /// Takes the memory in the slot back, as a host does when it ends.
+    ~HostRun();
+
+    struct Answer {
+        std::int16_t result; ///< the plug-in's result code
+        HeldColour colour;   ///< what the record holds after the call
+        std::string error;   ///< the plug-in's own message with errReportString
+    };
+    Answer pick(const HeldColour& offered);
+    void about();
+
+    std::intptr_t slot() const { return slot_; }
+
+  private:
+    struct Call;
+    void enter(std::int16_t selector, void* record, std::int16_t& result);
+    void watchOldRecord();
+
+    Host& host_;
+    PluginMainProc entry_;
+    std::intptr_t slot_ = 0;
+    std::optional<GuardedBlock> oldCall_; // the last call's record, filled with rubbish
+};
+
+} // namespace chromalog::standalone

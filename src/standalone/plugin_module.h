@@ -1,0 +1,29 @@
+#pragma once
+
+#include "host/abi/picker_record.h"
+
+#include <string>
+
+namespace chromalog::standalone {
+
+/// A plug-in's module, loaded for the life of this object.
+class PluginModule {
+  public:
+    /// Throws std::runtime_error with one line where the file is no plug-in.
+    explicit PluginModule(const std::string& path);
+    ~PluginModule();
+    PluginModule(const PluginModule&) = delete;
+    PluginModule& operator=(const PluginModule&) = delete;
+
+    PluginMainProc entry() const { return entry_; }
+
+    /// The module that belongs to this program: beside it, or in the library folder that it is installed
+    /// with. Throws std::runtime_error where there is none.
+    static std::string besideProgram();
+
+  private:
+    void* library_;
+    PluginMainProc entry_;
+};
+
+} // namespace chromalog::standalone

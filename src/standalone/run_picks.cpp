@@ -1,0 +1,109 @@
+#include "standalone/run_picks.h"
+
+#include "standalone/closed_converter.h"
+#include "standalone/lcms_converter.h"
+#include "standalone/pick.h"
+#include "standalone/plugin_module.h"
+
+#include <cstdlib>
+#include <iostream>
+#include <stdexcept>
+#include <string_view>
+
+namespace chromalog::standalone {
+
+namespace {
+
+void say(const std::string& text) {
+    std::cerr << "chromalog: " << text << '\n';
+}
+
+std::unique_ptr<ColourConverter> makeConverter(const CommandLine& line) {
+    if (line.services == ServicesKind::closed) {
+        if (line.verbose) say("colour conversions by the closed form");
+        return std::make_unique<ClosedConverter>();
+    }
+    const std::string profile =
+        line.cmykProfile.empty() ? LcmsConverter::installedCmykProfile() : line.cmykProfile;
+    auto converter = std::make_unique<LcmsConverter>(profile);
+    if (line.verbose)
+        say(profile.empty() ? "no CMYK profile found: CMYK by the closed form" : "CMYK profile " + profile);
+    return converter;
+}
+
+void setUp(Host& host, const CommandLine& line) {
+    host.version = line.hostVersion;
+    host.options = line.given;
+    host.offersColourServices = line.services != ServicesKind::none;
+    if (line.services == ServicesKind::error) host.colours.failAlways();
+    if (line.fail == "new") host.handles.setFailing(HandleHeap::Failing::newProc);
+    if (line.fail == "lock") host.handles.setFailing(HandleHeap::Failing::lockProc);
+}
+
+/// The exit code of a pick that gave no colour; nothing where it did.
+std::optional<int> failureOf(const Host& host, const HostRun::Answer& answer) {
+    if (host.endWith) return host.endWith;
+    if (answer.result == hostMemFullErr) {
+        say("the plug-in could not get its memory");
+        return exitNoMemory;
+    }
+    if (answer.result != hostNoErr && answer.result != hostUserCanceledErr) {
+        say(answer.error.empty() ? "the plug-in ended with error " + std::to_string(answer.result)
+                                 : answer.error);
+        return exitPluginError;
+    }
+    return std::nullopt;
+}
+
+int runPicks(Host& host, PluginMainProc entry, const CommandLine& line) {
+    HostRun run(host, entry);
+    if (line.about) {
+        run.about();
+        return exitPicked;
+    }
+    HeldColour held = line.colour;
+    bool changed = false;
+    for (int i = 0; i < line.picks; ++i) {
+        const HostRun::Answer answer = run.pick(held);
+        if (const auto failure = failureOf(host, answer)) return *failure;
+        // The interface has no other sign of a pick than that the components differ; an answer is always RGB.
+        if (answer.colour.components != held.components) {
+            held = {Space::rgb, answer.colour.components};
+            changed = true;
+        }
+        std::cout << formatColour(rgbOf(held, line.scale, host.colours.converter()), line.format)
+                  << std::endl;
+    }
+    return changed ? exitPicked : exitAsOffered;
+}
+
+void reportMisuse(const Host& host) {
+    for (const std::string& misuse : host.ledger.misuses())
+        say("misuse of the host: " + misuse);
+}
+
+bool misuseIsFatal() {
+    const char* strict = std::getenv("CHROMALOG_STRICT");
+    return strict && std::string_view(strict) == "1";
+}
+
+} // namespace
+
+int runProgram(const CommandLine& line) {
+    try {
+        Host host(makeConverter(line));
+        setUp(host, line);
+        int exitCode = exitPicked;
+        {
+            const PluginModule module(line.plugin.empty() ? PluginModule::besideProgram() : line.plugin);
+            exitCode = runPicks(host, module.entry(), line);
+        }
+        reportMisuse(host); // the module is gone: what it did while it was unloaded counts too
+        return misuseIsFatal() && !host.ledger.misuses().empty() ? exitMisuse : exitCode;
+    } catch (const std::runtime_error& error) {
+        say(error.what());
+        return exitBadArguments;
+    }
+}
+
+} // namespace chromalog::standalone

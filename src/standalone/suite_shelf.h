@@ -1,0 +1,39 @@
+#pragma once
+
+#include "standalone/call_ledger.h"
+
+#include <cstdint>
+#include <map>
+#include <set>
+#include <string>
+#include <utility>
+
+namespace chromalog::standalone {
+
+/// The suites that the host offers, by name and version, and how often the plug-in holds each.
+class SuiteShelf {
+  public:
+    explicit SuiteShelf(CallLedger& ledger) : ledger_(ledger) {}
+
+    void offer(const std::string& name, std::int32_t version, const void* table) {
+        offered_[{name, version}] = table;
+    }
+    /// From now on the host has no suite of this name.
+    void withhold(const std::string& name) { withheld_.insert(name); }
+
+    std::int32_t acquire(const char* name, std::int32_t version, const void** suite);
+    std::int32_t release(const char* name, std::int32_t version);
+    /// Names a use of a suite's function by a plug-in that holds no version of that suite.
+    void requireHeld(const std::string& name, const char* callback);
+
+    void checkAfterCall();
+
+  private:
+    using Key = std::pair<std::string, std::int32_t>;
+    CallLedger& ledger_;
+    std::map<Key, const void*> offered_;
+    std::set<std::string> withheld_;
+    std::map<Key, int> held_;
+};
+
+} // namespace chromalog::standalone
