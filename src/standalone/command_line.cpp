@@ -152,7 +152,7 @@ std::optional<CommandLine> parseCommandLine(int argc, const char* const* argv, i
     }
     line.given = optionsGiven(app);
     readTables(line);
-    const auto parsed = parseColour(colour, line.scale);
+    const auto parsed = readColour(colour, line.scale);
     if (!parsed) {
         exitCode = complain("not a colour: " + colour);
         return std::nullopt;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "standalone/colour_text.h"
+#include "standalone/held_colour.h"
 
 #include <map>
 #include <optional>

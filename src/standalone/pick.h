@@ -1,8 +1,8 @@
 #pragma once
 
 #include "host/abi/picker_record.h"
-#include "standalone/colour_text.h"
 #include "standalone/guarded_block.h"
+#include "standalone/held_colour.h"
 #include "standalone/host.h"
 
 #include <optional>

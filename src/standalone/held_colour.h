@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
 
 namespace chromalog::standalone {
 
@@ -23,9 +22,8 @@ struct HeldColour {
 
 using Rgb16 = std::array<std::uint16_t, 3>;
 
-/// Reads #rrggbb, #rgb, a CSS name, or SPACE:c0,c1,c2[,c3] with the components as the record holds them (cmyk
-/// wants all four, for its fourth is ink; gray may have one).
-std::optional<HeldColour> parseColour(std::string_view text, Scale scale);
+/// Reads #rrggbb, #rgb, a CSS name, or SPACE:c0,c1,c2[,c3] with the components as the record holds them.
+std::optional<HeldColour> readColour(const std::string& text, Scale scale);
 
 /// The colour as 16-bit RGB; other spaces go through the converter.
 Rgb16 rgbOf(const HeldColour& colour, Scale scale, const ColourConverter& converter);

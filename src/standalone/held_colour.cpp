@@ -1,0 +1,64 @@
+#include "standalone/held_colour.h"
+
+#include "colour/colour_text.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace chromalog::standalone {
+
+std::optional<HeldColour> readColour(const std::string& text, Scale scale) {
+    const auto written = readWrittenColour(text);
+    if (!written) return std::nullopt;
+    HeldColour colour{Space{written->space}, written->components};
+    // Only bytes need scaling: components that were written out are taken as they stand.
+    if (scale == Scale::eight && text.find(':') == std::string::npos)
+        for (std::uint16_t& component : colour.components)
+            component >>= 8;
+    return colour;
+}
+
+Rgb16 rgbOf(const HeldColour& colour, Scale scale, const ColourConverter& converter) {
+    const auto& c = colour.components;
+    const auto widened = [](int byte) { return static_cast<std::uint16_t>(std::clamp(byte, 0, 255) * 257); };
+    if (colour.space == Space::rgb) {
+        if (scale == Scale::sixteen) return {c[0], c[1], c[2]};
+        return {widened(c[0]), widened(c[1]), widened(c[2])};
+    }
+    Components slots{};
+    for (int i = 0; i < 4; ++i)
+        slots[i] = static_cast<std::int16_t>(scale == Scale::sixteen ? c[i] >> 8 : std::min<int>(c[i], 255));
+    // A 16-bit hue is the full circle; the host's slots want degrees.
+    if (colour.space == Space::hsb)
+        slots[0] =
+            static_cast<std::int16_t>(scale == Scale::sixteen ? c[0] * 360 >> 16 : std::min<int>(c[0], 359));
+    const Components rgb = converter.convert(colour.space, Space::rgb, slots);
+    return {widened(rgb[0]), widened(rgb[1]), widened(rgb[2])};
+}
+
+std::string formatColour(const Rgb16& rgb, Format format) {
+    const int r = rgb[0] >> 8, g = rgb[1] >> 8, b = rgb[2] >> 8;
+    char hex[8], line[128];
+    std::snprintf(hex, sizeof hex, "#%02x%02x%02x", static_cast<unsigned>(r), static_cast<unsigned>(g),
+                  static_cast<unsigned>(b));
+    switch (format) {
+    case Format::hex:
+        return hex;
+    case Format::rgb8:
+        std::snprintf(line, sizeof line, "%d %d %d", r, g, b);
+        break;
+    case Format::rgb16:
+        std::snprintf(line, sizeof line, "%d %d %d", rgb[0], rgb[1], rgb[2]);
+        break;
+    case Format::css:
+        std::snprintf(line, sizeof line, "rgb(%d, %d, %d)", r, g, b);
+        break;
+    case Format::json:
+        std::snprintf(line, sizeof line, R"({"hex": "%s", "rgb8": [%d, %d, %d], "rgb16": [%d, %d, %d]})", hex,
+                      r, g, b, rgb[0], rgb[1], rgb[2]);
+        break;
+    }
+    return line;
+}
+
+} // namespace chromalog::standalone
