@@ -1,0 +1,168 @@
+#include "standalone/closed_converter.h"
+#include "standalone/colour_services.h"
+#include "standalone/lcms_converter.h"
+
+#include "host/abi/result_codes.h"
+
+#include <gmock/gmock.h>
+
+namespace chromalog::standalone {
+namespace {
+
+using ::testing::ElementsAre;
+
+void expectNear(const Components& got, const Components& wanted, int tolerance, const std::string& what) {
+    for (int i = 0; i < 4; ++i)
+        EXPECT_NEAR(got[i], wanted[i], tolerance) << what << ", slot " << i;
+}
+
+struct Pair {
+    Space from;
+    Components in;
+    Space to;
+    Components out;
+};
+
+// Each row holds for both converters, within the tolerance of the test.
+const Pair kCommon[]{
+    {Space::rgb, {255, 0, 0, 0}, Space::hsb, {0, 255, 255, 0}},
+    {Space::rgb, {0, 255, 0, 0}, Space::hsb, {120, 255, 255, 0}},
+    {Space::rgb, {0, 0, 255, 0}, Space::hsb, {240, 255, 255, 0}},
+    {Space::rgb, {77, 77, 77, 0}, Space::hsb, {0, 0, 77, 0}},
+    {Space::hsb, {300, 255, 255, 0}, Space::rgb, {255, 0, 255, 0}},
+    {Space::hsb, {359, 255, 255, 0}, Space::rgb, {255, 0, 4, 0}},
+    {Space::hsb, {123, 0, 200, 0}, Space::rgb, {200, 200, 200, 0}},
+    {Space::rgb, {255, 128, 0, 0}, Space::hsl, {30, 255, 128, 0}},
+    {Space::hsl, {120, 255, 64, 0}, Space::rgb, {0, 128, 0, 0}},
+    {Space::gray, {0, 0, 0, 0}, Space::rgb, {0, 0, 0, 0}},
+    {Space::gray, {128, 9, 9, 9}, Space::rgb, {128, 128, 128, 0}},
+    {Space::gray, {255, 0, 0, 0}, Space::rgb, {255, 255, 255, 0}},
+    {Space::rgb, {128, 128, 128, 0}, Space::gray, {128, 0, 0, 0}},
+    {Space::lab, {255, 128, 128, 0}, Space::rgb, {255, 255, 255, 0}},
+    {Space::lab, {0, 128, 128, 0}, Space::rgb, {0, 0, 0, 0}},
+    {Space::rgb, {255, 0, 0, 0}, Space::lab, {138, 209, 198, 0}},
+    {Space::rgb, {0, 0, 255, 0}, Space::lab, {75, 196, 16, 0}},
+    {Space::xyz, {246, 255, 210, 0}, Space::rgb, {255, 255, 255, 0}},
+    {Space::rgb, {255, 255, 255, 0}, Space::cmyk, {255, 255, 255, 255}},
+    {Space::cmyk, {255, 255, 255, 255}, Space::rgb, {255, 255, 255, 0}},
+};
+
+TEST(ColourConversion, KnownColoursByArithmetic) {
+    for (const Pair& p : kCommon)
+        expectNear(ClosedConverter().convert(p.from, p.to, p.in), p.out, 1, ::testing::PrintToString(p.in));
+}
+
+TEST(ColourConversion, KnownColoursByColourManagement) {
+    const LcmsConverter withProfile(LcmsConverter::installedCmykProfile()), without("");
+    for (const Pair& p : kCommon) {
+        expectNear(withProfile.convert(p.from, p.to, p.in), p.out, 1, ::testing::PrintToString(p.in));
+        expectNear(without.convert(p.from, p.to, p.in), p.out, 1, ::testing::PrintToString(p.in));
+    }
+}
+
+TEST(ColourConversion, CmykByTheInstalledProfile) {
+    const std::string profile = LcmsConverter::installedCmykProfile();
+    if (profile.empty()) GTEST_SKIP() << "libgs-common is not installed";
+    const LcmsConverter converter(profile);
+    const std::array<Components, 3> rows[]{{{{255, 255, 255, 0}, {255, 255, 255, 255}, {255, 255, 255, 0}}},
+                                           {{{0, 0, 0, 0}, {71, 82, 84, 29}, {8, 6, 6, 0}}},
+                                           {{{255, 0, 0, 0}, {255, 0, 0, 255}, {237, 28, 36, 0}}},
+                                           {{{128, 128, 128, 0}, {125, 144, 144, 235}, {129, 128, 128, 0}}},
+                                           {{{229, 76, 25, 0}, {243, 38, 0, 254}, {229, 77, 37, 0}}},
+                                           {{{25, 178, 76, 0}, {55, 252, 4, 255}, {29, 177, 77, 0}}}};
+    for (const auto& [rgb, cmyk, back] : rows) {
+        expectNear(converter.convert(Space::rgb, Space::cmyk, rgb), cmyk, 1, "to CMYK");
+        expectNear(converter.convert(Space::cmyk, Space::rgb, cmyk), back, 1, "back");
+    }
+}
+
+TEST(ColourConversion, TheClosedFormOfCmykIsExactThereAndBackForEveryColour) {
+    const ClosedConverter converter;
+    int wrong = 0;
+    for (int rgb = 0; rgb < 1 << 24; ++rgb) {
+        const Components in{static_cast<std::int16_t>(rgb >> 16), static_cast<std::int16_t>(rgb >> 8 & 255),
+                            static_cast<std::int16_t>(rgb & 255), 0};
+        wrong +=
+            converter.convert(Space::cmyk, Space::rgb, converter.convert(Space::rgb, Space::cmyk, in)) != in;
+    }
+    EXPECT_EQ(wrong, 0);
+    EXPECT_THAT(converter.convert(Space::rgb, Space::cmyk, {0, 0, 0, 0}), ElementsAre(255, 255, 255, 0));
+    EXPECT_THAT(converter.convert(Space::rgb, Space::cmyk, {229, 76, 25, 0}), ElementsAre(255, 85, 28, 229));
+}
+
+TEST(ColourConversion, WithoutAProfileCmykGoesByTheClosedForm) {
+    const LcmsConverter lcms("");
+    const Components orange{229, 76, 25, 0};
+    EXPECT_EQ(lcms.convert(Space::rgb, Space::cmyk, orange),
+              ClosedConverter().convert(Space::rgb, Space::cmyk, orange));
+}
+
+TEST(ColourConversion, EqualSpacesChangeNothingNotEvenOutOfRange) {
+    const Components odd{-179, 3000, 256, -1};
+    for (const Space space :
+         {Space::rgb, Space::hsb, Space::cmyk, Space::lab, Space::gray, Space::hsl, Space::xyz}) {
+        EXPECT_EQ(ClosedConverter().convert(space, space, odd), odd);
+        EXPECT_EQ(LcmsConverter("").convert(space, space, odd), odd);
+    }
+}
+
+TEST(ColourConversion, SlotsOutOfRangeAreTakenAsTheNearestValueInside) {
+    const LcmsConverter lcms(LcmsConverter::installedCmykProfile());
+    for (const Space from :
+         {Space::rgb, Space::hsb, Space::cmyk, Space::lab, Space::gray, Space::hsl, Space::xyz})
+        for (const Space to : {Space::rgb, Space::cmyk, Space::lab}) {
+            if (from == to) continue;
+            const Components wild{32767, -32768, 400, -1}, tame = clamped(from, wild);
+            EXPECT_EQ(lcms.convert(from, to, wild), lcms.convert(from, to, tame));
+            EXPECT_EQ(ClosedConverter().convert(from, to, wild), ClosedConverter().convert(from, to, tame));
+            for (const std::int16_t slot : lcms.convert(from, to, wild))
+                EXPECT_TRUE(slot >= 0 && slot <= 255);
+        }
+}
+
+TEST(ColourConversion, AFileThatIsNoCmykProfileIsRefused) {
+    EXPECT_THROW(LcmsConverter{__FILE__}, std::runtime_error);
+    EXPECT_THROW(LcmsConverter{"/nowhere.icc"}, std::runtime_error);
+}
+
+struct Services : ::testing::Test {
+    Services() {
+        ledger.beginCall();
+        info.infoSize = sizeof info;
+        info.selector = plugIncolorServicesConvertColor;
+        info.resultSpace = plugIncolorServicesCMYKSpace;
+        for (int i = 0; i < 4; ++i)
+            info.colorComponents[i] = static_cast<std::int16_t>(10 * i);
+    }
+    CallLedger ledger;
+    ColourServices services{ledger, std::make_unique<ClosedConverter>()};
+    ColorServicesInfo info{};
+};
+
+TEST_F(Services, ConvertInPlace) {
+    EXPECT_EQ(services.call(&info), 0);
+    EXPECT_THAT(info.colorComponents, ElementsAre(0, 128, 255, 20));
+    EXPECT_EQ(info.resultGamutInfoValid, 0);
+    EXPECT_EQ(ledger.calls("colorServices"), 1);
+}
+
+TEST_F(Services, SpacesOutOfRangeAreAnErrorAndLeaveTheComponentsAlone) {
+    for (const std::int16_t space : {-2, -1, 7, 10, 3000}) {
+        info.sourceSpace = space;
+        EXPECT_EQ(services.call(&info), hostParamErr);
+        info.sourceSpace = 0;
+        info.resultSpace = space;
+        EXPECT_EQ(services.call(&info), hostParamErr);
+    }
+    EXPECT_THAT(info.colorComponents, ElementsAre(0, 10, 20, 30));
+    EXPECT_TRUE(ledger.misuses().empty());
+}
+
+TEST_F(Services, FailAndLeaveTheComponentsAloneWhereAsked) {
+    services.failAlways();
+    EXPECT_EQ(services.call(&info), hostParamErr);
+    EXPECT_THAT(info.colorComponents, ElementsAre(0, 10, 20, 30));
+}
+
+} // namespace
+} // namespace chromalog::standalone

@@ -1,0 +1,43 @@
+#include "standalone/closed_converter.h"
+#include "standalone/held_colour.h"
+
+#include <gtest/gtest.h>
+
+namespace chromalog::standalone {
+namespace {
+
+TEST(HeldColour, IsReadAsTheRecordHoldsIt) {
+    EXPECT_EQ(readColour("#12ABff", Scale::sixteen), (HeldColour{Space::rgb, {0x1212, 0xABAB, 0xFFFF, 0}}));
+    EXPECT_EQ(readColour("tomato", Scale::sixteen), (HeldColour{Space::rgb, {0xFFFF, 0x6363, 0x4747, 0}}));
+    EXPECT_EQ(readColour("cmyk:9,8,7,6", Scale::sixteen), (HeldColour{Space::cmyk, {9, 8, 7, 6}}));
+    EXPECT_EQ(readColour("no colour", Scale::sixteen), std::nullopt);
+    EXPECT_EQ(readColour("#12345678", Scale::sixteen), std::nullopt);
+}
+
+TEST(HeldColour, EightBitRecordsHoldBytes) {
+    EXPECT_EQ(readColour("#12ABff", Scale::eight), (HeldColour{Space::rgb, {0x12, 0xAB, 0xFF, 0}}));
+    EXPECT_EQ(readColour("rgb:1,2,300", Scale::eight), (HeldColour{Space::rgb, {1, 2, 300, 0}}));
+}
+
+TEST(HeldColour, EveryByteSurvivesReadingAndPrinting) {
+    for (int byte = 0; byte < 256; ++byte) {
+        char text[8];
+        std::snprintf(text, sizeof text, "#%02x%02x%02x", byte, 255 - byte, byte / 2);
+        for (const Scale scale : {Scale::eight, Scale::sixteen}) {
+            const auto colour = readColour(text, scale);
+            ASSERT_TRUE(colour);
+            EXPECT_EQ(formatColour(rgbOf(*colour, scale, ClosedConverter()), Format::hex), text);
+        }
+    }
+}
+
+TEST(HeldColour, EightBitFormatsTakeTheHighByte) {
+    const Rgb16 rgb{58981, 0x00FF, 0xFF00};
+    EXPECT_EQ(formatColour(rgb, Format::hex), "#e600ff");
+    EXPECT_EQ(formatColour(rgb, Format::rgb8), "230 0 255");
+    EXPECT_EQ(formatColour(rgb, Format::rgb16), "58981 255 65280");
+    EXPECT_EQ(formatColour(rgb, Format::css), "rgb(230, 0, 255)");
+}
+
+} // namespace
+} // namespace chromalog::standalone

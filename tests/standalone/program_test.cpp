@@ -1,0 +1,198 @@
+// The program as a person or a script runs it, with a picker that has no dialog.
+#include "support/run_program.h"
+
+#include <filesystem>
+#include <gmock/gmock.h>
+
+namespace chromalog {
+namespace {
+
+using ::testing::HasSubstr;
+using Words = std::vector<std::string>;
+
+ProgramResult run(const Words& words, const std::string& behaviour = {}, const std::string& strict = "1") {
+    Words command{CHROMALOG_PROGRAM, "--plugin", TEST_PICKER_MODULE};
+    command.insert(command.end(), words.begin(), words.end());
+    return runProgram(command, {{"TEST_PICKER", behaviour}, {"CHROMALOG_STRICT", strict}});
+}
+
+TEST(Program, PrintsThePickedColourInTheAskedFormat) {
+    const std::pair<const char*, const char*> cases[]{
+        {"hex", "#cc9933\n"},
+        {"rgb8", "204 153 51\n"},
+        {"rgb16", "52428 39321 13107\n"},
+        {"css", "rgb(204, 153, 51)\n"},
+        {"json", "{\"hex\": \"#cc9933\", \"rgb8\": [204, 153, 51], \"rgb16\": [52428, 39321, 13107]}\n"}};
+    for (const auto& [format, printed] : cases) {
+        const ProgramResult result = run({"--color", "#3366cc", "--accept", "--format", format});
+        EXPECT_EQ(result.out, printed);
+        EXPECT_EQ(result.err, "");
+        EXPECT_EQ(result.exitCode, 0);
+    }
+}
+
+TEST(Program, PrintsTheOfferedColourAndExits1WhereTheComponentsAreAsOffered) {
+    const std::pair<const char*, const char*> cases[]{{"#3366cc", "#3366cc\n"},
+                                                      {"#36c", "#3366cc\n"},
+                                                      {"RebeccaPurple", "#663399\n"},
+                                                      {"rgb:13107,26214,52428", "#3366cc\n"},
+                                                      {"hsb:0,65535,65535", "#ff0000\n"},
+                                                      {"hsb:32768,65535,65535", "#00ffff\n"},
+                                                      {"cmyk:65535,65535,65535,65535", "#ffffff\n"},
+                                                      {"lab:65535,32768,32768", "#ffffff\n"},
+                                                      {"gray:32896,0,0", "#808080\n"}};
+    for (const auto& [offered, printed] : cases) {
+        const ProgramResult result = run({"--color", offered, "--color-services", "closed"});
+        EXPECT_EQ(result.out, printed) << offered;
+        EXPECT_EQ(result.exitCode, 1) << offered;
+    }
+}
+
+TEST(Program, AnAnswerToAnotherSpaceIsRgb) {
+    const ProgramResult result =
+        run({"--color", "cmyk:1000,2000,3000,4000", "--accept", "--format", "rgb16"});
+    EXPECT_EQ(result.out, "64535 63535 62535\n");
+    EXPECT_EQ(result.exitCode, 0);
+}
+
+TEST(Program, OffersBlackWhereNoColourIsGiven) {
+    EXPECT_EQ(run({}).out, "#000000\n");
+}
+
+TEST(Program, ABadArgumentIsOneLineAndExit2) {
+    const std::pair<Words, const char*> cases[]{
+        {{"--color", "bleu"}, "not a colour: bleu"},
+        {{"--color", "#12345"}, "not a colour"},
+        {{"--color", "#12345g"}, "not a colour"},
+        {{"--color", "rgb:1,2"}, "not a colour"},
+        {{"--color", "rgb:1,2,65536"}, "not a colour"},
+        {{"--color", "rgb:1,2,-3"}, "not a colour"},
+        {{"--color", "rgb:1,2,3,4,5"}, "not a colour"},
+        {{"--color", "rgb:1,2,3,"}, "not a colour"},
+        {{"--color", "xyz:1,2,3"}, "not a colour"},
+        {{"--color", ""}, ""},
+        {{"--color"}, "--color"},
+        {{"--format", "bmp"}, "--format"},
+        {{"--zork"}, "--zork"},
+        {{"word"}, "word"},
+        {{"--accept", "--cancel"}, "excludes"},
+        {{"--picks", "0"}, "--picks"},
+        {{"--picks", "many"}, "--picks"},
+        {{"--host-version", "0"}, "--host-version"},
+        {{"--fail", "often"}, "--fail"},
+        {{"--component-scale", "12"}, "--component-scale"},
+        {{"--color-services", "some"}, "--color-services"},
+        {{"--drive", "/nowhere/script"}, "/nowhere/script"},
+        {{"--books", "/nowhere/books"}, "/nowhere/books"},
+        {{"--data-dir", TEST_PICKER_MODULE}, "is no directory"},
+        {{"--screenshot", "/nowhere/shot.png"}, "/nowhere"},
+        {{"--screenshot", "/tmp"}, "/tmp"},
+        {{"--cmyk-profile", "/nowhere/profile.icc"}, "/nowhere/profile.icc"},
+        {{"--cmyk-profile", TEST_PICKER_MODULE}, "cannot read a colour profile"},
+        {{"--plugin", "/nowhere/plugin.so"}, "--plugin"}};
+    for (const auto& [words, message] : cases) {
+        const ProgramResult result = run(words);
+        EXPECT_EQ(result.exitCode, 2) << words.front();
+        EXPECT_EQ(result.out, "") << words.front();
+        EXPECT_THAT(result.err, HasSubstr(message));
+        EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 1) << result.err;
+    }
+}
+
+TEST(Program, AModuleWithoutAnEntryOrNoModuleAtAllIsABadFile) {
+    for (const char* file : {NO_ENTRY_MODULE, CHROMALOG_PROGRAM "_missing", __FILE__}) {
+        const ProgramResult result = runProgram({CHROMALOG_PROGRAM, "--plugin", file});
+        EXPECT_EQ(result.exitCode, 2) << file;
+        EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 1) << result.err;
+    }
+}
+
+TEST(Program, FindsThePlugInBesideItself) {
+    namespace fs = std::filesystem;
+    const fs::path folder = fs::path(::testing::TempDir()) / ("beside" + std::to_string(getpid()));
+    fs::create_directories(folder / "bin");
+    fs::create_directories(folder / "lib/chromalog");
+    fs::copy_file(CHROMALOG_PROGRAM, folder / "bin/chromalog");
+    const std::string program = folder / "bin/chromalog";
+    EXPECT_EQ(runProgram({program}).exitCode, 2);
+    fs::copy_file(TEST_PICKER_MODULE, folder / "lib/chromalog/Chromalog.so");
+    EXPECT_EQ(runProgram({program, "--color", "red"}).out, "#ff0000\n") << "installed";
+    fs::rename(folder / "lib/chromalog/Chromalog.so", folder / "bin/Chromalog.so");
+    EXPECT_EQ(runProgram({program, "--color", "red"}).out, "#ff0000\n") << "build tree";
+    fs::remove_all(folder);
+}
+
+TEST(Program, RunsSeveralPicksOnTheColourThatItThenHolds) {
+    const ProgramResult result = run({"--color", "#3366cc", "--accept", "--picks", "3"});
+    EXPECT_EQ(result.out, "#cc9933\n#3366cc\n#cc9933\n");
+    EXPECT_EQ(result.exitCode, 0);
+}
+
+TEST(Program, RefusedMemoryIsExit3) {
+    for (const char* when : {"new", "lock"}) {
+        const ProgramResult result = run({"--fail", when, "--accept"});
+        EXPECT_EQ(result.exitCode, 3) << when;
+        EXPECT_EQ(result.out, "") << when;
+        EXPECT_EQ(result.err, "chromalog: the plug-in could not get its memory\n") << when;
+    }
+}
+
+TEST(Program, TheAboutCallShowsAndPrintsNothing) {
+    const ProgramResult result = run({"--about"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.out + result.err, "");
+}
+
+TEST(Program, MisuseIsNamedAndFatalInStrictRuns) {
+    const std::string line =
+        "chromalog: misuse of the host: lockProc: handle 1 is still locked at the end of the call\n";
+    const ProgramResult lenient = run({"--accept"}, "leave locked", "");
+    EXPECT_EQ(lenient.err, line);
+    EXPECT_EQ(lenient.exitCode, 0);
+    const ProgramResult strict = run({"--accept"}, "leave locked");
+    EXPECT_EQ(strict.err, line);
+    EXPECT_EQ(strict.exitCode, 4);
+}
+
+TEST(Program, EndsAsThePlugInAsksAndStartsNoFurtherPick) {
+    const ProgramResult result = run({"--accept", "--picks", "3"}, "end with 7");
+    EXPECT_EQ(result.exitCode, 7);
+    EXPECT_EQ(result.out, "");
+}
+
+TEST(Program, AnErrorOfThePlugInIsShownAndNoColourPrinted) {
+    const ProgramResult reported = run({"--accept"}, "report");
+    EXPECT_EQ(reported.exitCode, 5);
+    EXPECT_EQ(reported.err, "chromalog: the picker has no colours left\n");
+    const ProgramResult failed = run({"--accept"}, "fail");
+    EXPECT_EQ(failed.exitCode, 5);
+    EXPECT_EQ(failed.err, "chromalog: the plug-in ended with error 12\n");
+    EXPECT_EQ(failed.out, "");
+}
+
+TEST(Program, VerboseSaysWhichConversionIsInUse) {
+    EXPECT_THAT(run({"--verbose"}).err, HasSubstr("CMYK"));
+    EXPECT_THAT(run({"--verbose", "--color-services", "closed"}).err, HasSubstr("closed form"));
+}
+
+TEST(Program, EightBitComponentsAreOfferedAndReadAsBytes) {
+    const ProgramResult offered = run({"--component-scale", "8", "--color", "#3366cc"});
+    EXPECT_EQ(offered.out, "#3366cc\n");
+    // The picker answers 65535 - 51 and so on: more than a byte holds.
+    EXPECT_EQ(run({"--component-scale", "8", "--color", "#3366cc", "--accept"}).out, "#ffffff\n");
+}
+
+TEST(Program, HelpAndVersionGoToStandardOutput) {
+    const ProgramResult help = run({"--help"});
+    EXPECT_EQ(help.exitCode, 0);
+    for (const char* option :
+         {"--color",          "--format",          "--accept",  "--cancel",       "--option",
+          "--screenshot",     "--drive",           "--books",   "--host-version", "--cmyk-profile",
+          "--color-services", "--data-dir",        "--plugin",  "--picks",        "--about",
+          "--fail",           "--component-scale", "--verbose", "--help",         "--version"})
+        EXPECT_THAT(help.out, HasSubstr(option));
+    EXPECT_EQ(run({"--version"}).out, "chromalog " CHROMALOG_VERSION "\n");
+}
+
+} // namespace
+} // namespace chromalog
