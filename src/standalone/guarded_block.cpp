@@ -28,6 +28,7 @@ bool GuardedBlock::guardsIntact() const {
 }
 
 void GuardedBlock::poison() {
+    bytes_.assign(bytes_.size(), kGuardByte);
     std::memset(data(), kPoisonByte, size());
 }
 
