@@ -41,10 +41,10 @@ HarmonyPoints harmonyPoints(Size view, Point selected, float spread) {
     const float sign = lower ? -1.0f : 1.0f;
     if (lower) phi = static_cast<float>(pi + phi);
 
-    const auto single = [&](float x, float angle) {
+    const auto single = [&, r = r](float x, float angle) {
         return Point{x * std::cos(angle) + centre.x, r * std::sin(angle) + centre.y};
     };
-    const auto wide = [&](double x, double angle) {
+    const auto wide = [&, r = r](double x, double angle) {
         return Point{x * std::cos(angle) + centre.x, r * std::sin(angle) + centre.y};
     };
 
