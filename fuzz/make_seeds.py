@@ -1,0 +1,101 @@
+#!/usr/bin/env python3
+"""Writes a few good and bad files for each fuzz target to OUT/<target>/: the seeds that the corpus grew from.
+
+Usage: fuzz/make_seeds.py OUT
+"""
+import pathlib
+import struct
+import sys
+
+
+def name(text, length=None):
+    units = text.encode("utf-16-be") + b"\0\0"
+    return struct.pack(">I", len(text) + 1 if length is None else length) + units
+
+
+def colour(space, *components):
+    return struct.pack(">H4H", space, *(c & 0xFFFF for c in components))
+
+
+def header(version, count):
+    return struct.pack(">BBh", 0, version, count)
+
+
+def reference(space, key):
+    return struct.pack(">H", space) + key + b"\0\0"
+
+
+def units(text):
+    return struct.pack(">I", len(text)) + text.encode("utf-16-be")
+
+
+def book(space, count, *colours):
+    head = b"8BCB" + struct.pack(">HH", 1, 3000) + units("title") + units("") + units("C") + units("about")
+    body = b"".join(units(n) + k + bytes(c) for n, k, c in colours)
+    return head + struct.pack(">hHHH", count, 9, 4, space) + body + b"spflspot"
+
+
+ALL = [(0, 65535, 0, 32768, 0), (1, 0, 65535, 65535, 0), (2, 65535, 0, 32768, 257), (7, 10000, -12800, 12700, 0),
+       (8, 40000, 0, 0, 0), (9, 1, 2, 3, 4), (3014, 1, 2, 3, 4)]
+BOOKS = [3, 4, 5, 6, 10, 11, 3000, 3022, 3032, *range(3060, 3069)]
+
+
+def aco_seeds():
+    version1 = header(1, len(ALL)) + b"".join(colour(*c) for c in ALL)
+    records = b"".join(colour(*c) + name("c%d" % i) for i, c in enumerate(ALL))
+    references = b"".join(reference(s, b"   1EP") + name("ref") for s in BOOKS)
+    start = struct.pack(">h", 0)
+    yield start
+    yield start + b"\0\2\0"
+    yield start + version1
+    yield start + header(2, len(ALL)) + records
+    yield start + version1 + header(2, len(ALL)) + records
+    yield start + header(1, 0) + header(2, len(BOOKS)) + references
+    yield start + header(2, len(BOOKS)) + references
+    yield start + header(2, 2) + colour(0, 1, 2, 3, 0) + name("n" * 255) + colour(0, 1, 2, 3, 0) + name("")
+    yield start + header(2, 1) + colour(0, 1, 2, 3, 0) + name("x", 0x80000000)
+    for first, count in [(0, -1), (0, 5000), (0, 5001), (0, 32767), (4990, 20), (-3, 7), (30000, 5), (-32768, 32767)]:
+        yield struct.pack(">h", first) + header(2, count) + records
+        yield struct.pack(">h", first) + header(1, 0) + header(2, count) + records
+
+
+def book_files():
+    three = [("Red", b"RED   ", (255, 0, 0)), ("", b"      ", (0, 0, 0)), ("Blue", b"  BLUE", (0, 0, 255))]
+    four = [("a", b"   1EP", (1, 2, 3, 4)), ("b", b"   1EP", (5, 6, 7, 8))]
+    yield b""
+    yield book(0, 3, *three)
+    yield book(7, 3, *three)
+    yield book(5, 3, *three)
+    yield book(2, 2, *four)
+    yield book(0, 8000, *three)
+    yield book(0, -1, *three)
+    yield book(0, 32767, *(three * 50))
+    yield book(2, 2, *four)[:-12]
+    yield b"8BCB\0\1\0\0\0\0\xff\xffshort"
+
+
+def preferences_seeds():
+    names, counts = 3040028 - 18, 3040024 - 18
+    for length, position, data in [(0, 0, b""), (3040536, counts, struct.pack("<hh", 3, 5)), (3040536, 6, b"\5Abcde"),
+                                   (3040536, counts, struct.pack("<hh", -3, 30000)), (100, 0, b"\xff" * 100),
+                                   (3040536, 6, b"\xff" * 304), (3044000, 3040500, b"\xff" * 600),
+                                   (3040536, counts, struct.pack("<hh", 1, 1) + b"\xff" * 532), (names + 5, names, b"\4List")]:
+        yield struct.pack(">II", length, position) + data
+
+
+def main(out):
+    seeds = {
+        "aco": list(aco_seeds()),
+        "book_load": list(book_files()),
+        "book_lookup": [reference(s, k)[:8] + b for b in book_files() for s, k in [(3000, b"RED   "), (10, b"   1EP")]],
+        "preferences": list(preferences_seeds()),
+    }
+    for target, files in seeds.items():
+        folder = pathlib.Path(out, target)
+        folder.mkdir(parents=True, exist_ok=True)
+        for i, data in enumerate(files):
+            (folder / f"seed{i:02}").write_bytes(data)
+
+
+if __name__ == "__main__":
+    main(sys.argv[1])
