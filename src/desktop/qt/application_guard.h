@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QApplication>
+
+#include <memory>
+#include <string>
+
+namespace chromalog {
+
+/// Whether the toolkit can start here. Without a screen its application object would abort the host's
+/// process, so this is asked first.
+bool displayAvailable();
+
+/// Makes the toolkit's application object where the process has none, for the length of a pick. Owned by a
+/// static it would crash at exit; made anew for every pick it works. The locale is left as it was found.
+class ApplicationGuard {
+  public:
+    ApplicationGuard();
+    ~ApplicationGuard();
+    bool owns() const { return own_ != nullptr; }
+
+  private:
+    std::string locale_; ///< of all categories, before
+    std::unique_ptr<QApplication> own_;
+};
+
+} // namespace chromalog

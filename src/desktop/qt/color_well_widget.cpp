@@ -1,0 +1,104 @@
+#include "desktop/qt/color_well_widget.h"
+
+#include "desktop/qt/convert.h"
+#include "desktop/qt/drags.h"
+#include "desktop/qt/focus_ring.h"
+
+#include <QAccessible>
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace chromalog {
+
+namespace {
+constexpr int bezel = 4; ///< pixels from the edge to the colour
+constexpr Size dragPicture{20, 20};
+} // namespace
+
+ColorWellWidget::ColorWellWidget(QWidget* parent) : QWidget(parent) {
+    setAcceptDrops(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setContextMenuPolicy(Qt::ActionsContextMenu);
+    auto* copy = new QAction(tr("Copy as hex"), this);
+    connect(copy, &QAction::triggered, this, &ColorWellWidget::copyAsHex);
+    addAction(copy);
+}
+
+void ColorWellWidget::setColor(const Colour& colour) {
+    colour_ = colour;
+    update();
+    QAccessibleValueChangeEvent changed(this, valueText());
+    QAccessible::updateAccessibility(&changed);
+}
+
+QString ColorWellWidget::valueText() const {
+    const auto byte = [](double v) { return int(v * 255.0); };
+    const int r = byte(colour_.red()), g = byte(colour_.green()), b = byte(colour_.blue());
+    return QString("RGB %1 %2 %3, %4").arg(r).arg(g).arg(b).arg(QColor(r, g, b).name());
+}
+
+void ColorWellWidget::copyAsHex() {
+    QGuiApplication::clipboard()->setText(valueText().section(' ', -1));
+}
+
+void ColorWellWidget::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const QRect whole = rect();
+    painter.fillRect(whole, palette().color(QPalette::Mid));
+    painter.fillRect(whole.adjusted(1, 1, -1, -1), palette().color(QPalette::Light));
+    const QRect inside = whole.adjusted(bezel, bezel, -bezel, -bezel);
+    painter.fillRect(inside.adjusted(-1, -1, 1, 1), palette().color(QPalette::Dark));
+    QColor shown = toQt(colour_);
+    shown.setAlpha(255);
+    painter.fillRect(inside, isEnabled() ? shown : palette().color(QPalette::Window));
+    if (hasFocus()) paintFocusRing(painter, whole);
+}
+
+void ColorWellWidget::mousePressEvent(QMouseEvent* event) {
+    pressed_ = event->button() == Qt::LeftButton;
+    pressedAt_ = event->position();
+}
+
+void ColorWellWidget::mouseMoveEvent(QMouseEvent* event) {
+    if (!pressed_ || !drags_ || !(event->buttons() & Qt::LeftButton)) return;
+    if ((event->position() - pressedAt_).manhattanLength() < QApplication::startDragDistance()) return;
+    pressed_ = false;
+    DragRequest request;
+    request.source = this;
+    request.image = {dragPicture, colour_, false, {}};
+    request.pasteboard = {true, false, colour_, std::nullopt};
+    drags_->begin(request, this);
+}
+
+void ColorWellWidget::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Copy)) return copyAsHex();
+    QWidget::keyPressEvent(event);
+}
+
+void ColorWellWidget::dragEnterEvent(QDragEnterEvent* event) {
+    const DragInfo info = dragInfoOf(*event, {});
+    if (info.source == this || !info.pasteboard.colourType || !info.sourceAllows) return event->ignore();
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+void ColorWellWidget::dragMoveEvent(QDragMoveEvent* event) {
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+void ColorWellWidget::dropEvent(QDropEvent* event) {
+    const QPointF at = event->position();
+    const DragInfo info = dragInfoOf(*event, {at.x(), height() - at.y()});
+    if (!info.pasteboard.colour) return event->ignore();
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    setColor(*info.pasteboard.colour);
+    if (onDrop) onDrop(info);
+}
+
+} // namespace chromalog

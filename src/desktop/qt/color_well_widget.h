@@ -1,0 +1,52 @@
+#pragma once
+
+#include "desktop/controls.h"
+
+#include <QWidget>
+
+namespace chromalog {
+
+class Drags;
+
+/// A colour well: a bezel around a colour. It drags its colour out, takes a dropped one, and copies its hex
+/// code.
+class ColorWellWidget : public QWidget, public ColorWell {
+    Q_OBJECT
+  public:
+    explicit ColorWellWidget(QWidget* parent = nullptr);
+    void setDrags(Drags* drags) { drags_ = drags; }
+
+    void setColor(const Colour&) override;
+    Colour color() const override { return colour_; }
+    QString valueText() const; ///< "RGB 12 34 56, #0c2238"
+
+    void setEnabled(bool on) override { QWidget::setEnabled(on); }
+    bool enabled() const override { return isEnabled(); }
+    void setHidden(bool hidden) override { QWidget::setHidden(hidden); }
+    bool hidden() const override { return isHidden(); }
+
+    QSize sizeHint() const override { return {44, 28}; }
+    QSize minimumSizeHint() const override { return {24, 24}; }
+
+  public slots:
+    void copyAsHex();
+
+  protected:
+    void paintEvent(QPaintEvent*) override;
+    void mousePressEvent(QMouseEvent*) override;
+    void mouseMoveEvent(QMouseEvent*) override;
+    void keyPressEvent(QKeyEvent*) override;
+    void focusInEvent(QFocusEvent*) override { update(); }
+    void focusOutEvent(QFocusEvent*) override { update(); }
+    void dragEnterEvent(QDragEnterEvent*) override;
+    void dragMoveEvent(QDragMoveEvent*) override;
+    void dropEvent(QDropEvent*) override;
+
+  private:
+    Colour colour_;
+    Drags* drags_ = nullptr;
+    QPointF pressedAt_;
+    bool pressed_ = false;
+};
+
+} // namespace chromalog

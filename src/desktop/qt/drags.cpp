@@ -1,0 +1,71 @@
+#include "desktop/qt/drags.h"
+
+#include "desktop/qt/convert.h"
+
+#include <QDrag>
+#include <QDropEvent>
+#include <QPainter>
+#include <QPixmap>
+#include <QWidget>
+
+namespace chromalog {
+
+ColourMime::ColourMime(const Pasteboard& pasteboard, const DragSource* source)
+    : pasteboard_(pasteboard), source_(source) {
+    if (pasteboard.colour) setColorData(toQt(*pasteboard.colour));
+    if (pasteboard.text) setText(toQt(*pasteboard.text));
+}
+
+Pasteboard pasteboardOf(const QMimeData* mime) {
+    if (!mime) return {};
+    if (const auto* ours = dynamic_cast<const ColourMime*>(mime)) return ours->pasteboard();
+    Pasteboard out;
+    out.colourType = mime->hasColor();
+    out.textType = mime->hasText();
+    if (out.colourType) {
+        const QColor colour = qvariant_cast<QColor>(mime->colorData());
+        if (colour.isValid()) out.colour = fromQt(colour);
+    }
+    if (out.textType) out.text = fromQt(mime->text());
+    return out;
+}
+
+DragInfo dragInfoOf(const QDropEvent& event, Point location) {
+    DragInfo info;
+    info.location = location;
+    if (const auto* ours = dynamic_cast<const ColourMime*>(event.mimeData())) info.source = ours->source();
+    info.sourceAllows = event.possibleActions() != Qt::IgnoreAction;
+    info.pasteboard = pasteboardOf(event.mimeData());
+    return info;
+}
+
+Drags::Drags() : run([](QDrag& drag) { return drag.exec(Qt::CopyAction, Qt::CopyAction); }) {}
+
+namespace {
+
+QPixmap pictureOf(const DragImage& image, double scale) {
+    QPixmap picture(QSize(int(image.size.w * scale), int(image.size.h * scale)));
+    picture.setDevicePixelRatio(scale);
+    picture.fill(toQt(image.fill));
+    if (image.blackFrame) {
+        QPainter painter(&picture);
+        painter.setPen(QPen(Qt::black, 1, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+        painter.drawRect(QRectF(0, 0, image.size.w - 1, image.size.h - 1));
+    }
+    return picture;
+}
+
+} // namespace
+
+void Drags::begin(const DragRequest& request, QWidget* from) {
+    last = DragRecord{request, Qt::IgnoreAction};
+    if (!from) return;
+    auto* drag = new QDrag(from); // the toolkit deletes it and its data
+    drag->setMimeData(new ColourMime(request.pasteboard, request.source));
+    drag->setPixmap(pictureOf(request.image, from->devicePixelRatioF()));
+    drag->setHotSpot(QPoint(int(request.image.size.w / 2), int(request.image.size.h / 2)));
+    const Qt::DropAction result = run(*drag);
+    if (last) last->result = result;
+}
+
+} // namespace chromalog

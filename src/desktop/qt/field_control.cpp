@@ -1,0 +1,72 @@
+#include "desktop/qt/field_control.h"
+
+#include "desktop/qt/convert.h"
+
+#include <QKeyEvent>
+
+namespace chromalog {
+
+FieldControl::FieldControl(QLineEdit* edit) : WidgetControl(edit) {
+    edit->installEventFilter(this);
+    QObject::connect(edit, &QLineEdit::textEdited, this, [this] {
+        editing_ = true;
+        if (onEdit) onEdit();
+    });
+}
+
+void FieldControl::setText(std::string_view text) {
+    if (!widget_) return;
+    if (editing_) {
+        pending_ = toQt(text);
+    } else if (const QString shown = toQt(text); shown != widget_->text()) {
+        widget_->setText(shown);
+        widget_->setCursorPosition(0); // a long text shows its beginning
+    }
+}
+
+std::string FieldControl::text() const {
+    return widget_ ? fromQt(widget_->text()) : std::string();
+}
+
+void FieldControl::endEditing() {
+    editing_ = false;
+    if (pending_) widget_->setText(*pending_);
+    pending_.reset();
+}
+
+bool FieldControl::returnPressed() {
+    if (!onReturn && !editing_) return false;
+    endEditing();
+    if (onReturn)
+        onReturn();
+    else
+        widget_->selectAll();
+    return true;
+}
+
+bool FieldControl::escapePressed() {
+    if (!onReturn || widget_->text().isEmpty()) return false;
+    widget_->clear();
+    if (onEdit) onEdit();
+    return true;
+}
+
+bool FieldControl::eventFilter(QObject*, QEvent* event) {
+    if (event->type() == QEvent::FocusOut) endEditing();
+    if (event->type() != QEvent::KeyPress) return false;
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key == Qt::Key_Return || key == Qt::Key_Enter) return returnPressed();
+    return key == Qt::Key_Escape && escapePressed();
+}
+
+void LabelControl::setText(std::string_view text) {
+    if (!widget_) return;
+    widget_->setText(toQt(text));
+    widget_->setToolTip(toQt(text));
+}
+
+std::string LabelControl::text() const {
+    return widget_ ? fromQt(widget_->text()) : std::string();
+}
+
+} // namespace chromalog

@@ -1,0 +1,104 @@
+#include "desktop/qt/form_loader.h"
+
+#include "desktop/qt/color_well_widget.h"
+#include "desktop/qt/convert.h"
+#include "desktop/qt/elided_label.h"
+#include "desktop/qt/form_names.h"
+#include "desktop/qt/level_indicator_widget.h"
+#include "desktop/qt/list_scroll_area.h"
+#include "desktop/qt/square_box.h"
+#include "desktop/qt/stepper_widget.h"
+#include "desktop/qt/tinted_button.h"
+#include "desktop/qt/view_widget.h"
+
+#include <QFile>
+#include <QLayout>
+
+#include <set>
+
+namespace chromalog {
+
+namespace {
+
+template <typename T> QWidget* make(QWidget* parent) {
+    return new T(parent);
+}
+
+struct OwnClass {
+    const char* name;
+    QWidget* (*make)(QWidget* parent);
+};
+
+constexpr OwnClass ownClasses[] = {
+    {"QDialog", make<DialogWindow>},
+    {"ViewWidget", make<ViewWidget>},
+    {"ColorWellWidget", make<ColorWellWidget>},
+    {"StepperWidget", make<StepperWidget>},
+    {"LevelIndicatorWidget", make<LevelIndicatorWidget>},
+    {"ListScrollArea", make<ListScrollArea>},
+    {"TintedButton", make<TintedButton>},
+    {"SquareBox", make<SquareBox>},
+    {"ElidedLabel", make<ElidedLabel>},
+};
+
+void reportDoubles(const QWidget& root, std::vector<std::string>& problems) {
+    std::set<QString> seen;
+    for (const QWidget* widget : root.findChildren<QWidget*>())
+        if (!isDecoration(widget->objectName()) && !seen.insert(widget->objectName()).second)
+            problems.push_back("the name " + fromQt(widget->objectName()) + " stands twice");
+}
+
+} // namespace
+
+FormLoader::FormLoader() {
+    clearPluginPaths();
+}
+
+QWidget* FormLoader::createWidget(const QString& className, QWidget* parent, const QString& name) {
+    QWidget* widget = nullptr;
+    for (const OwnClass& own : ownClasses)
+        if (className == QLatin1String(own.name)) widget = own.make(parent);
+    if (widget) {
+        widget->setObjectName(name);
+        return widget;
+    }
+    widget = QUiLoader::createWidget(className, parent, name);
+    const bool asAsked = widget && (className == "Line" || className == widget->metaObject()->className());
+    if (!asAsked && problems_) problems_->push_back("no class " + fromQt(className) + " for " + fromQt(name));
+    return widget;
+}
+
+std::unique_ptr<DialogWindow> FormLoader::loadWindow(const QString& path,
+                                                     std::vector<std::string>& problems) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        problems.push_back(fromQt(path) + ": " + fromQt(file.errorString()));
+        return nullptr;
+    }
+    problems_ = &problems;
+    std::unique_ptr<QWidget> root(load(&file));
+    problems_ = nullptr;
+    auto* window = qobject_cast<DialogWindow*>(root.get());
+    if (!window) {
+        problems.push_back(fromQt(path) + ": " + (root ? "its root is no dialog" : fromQt(errorString())));
+        return nullptr;
+    }
+    root.release();
+    reportDoubles(*window, problems);
+    window->setAttribute(Qt::WA_QuitOnClose, false); // the host decides when its process ends
+    if (auto* first = window->findChild<QWidget*>(window->property("initialFocus").toString()))
+        first->setFocus();
+    window->grab(QRect(0, 0, 1, 1)); // lays everything out without showing it
+    return std::unique_ptr<DialogWindow>(window);
+}
+
+QString formPath(const std::string& overridingFolder, std::string_view name) {
+    const QString file = toQt(name) + ".ui";
+    if (!overridingFolder.empty()) {
+        const QString over = toQt(overridingFolder) + "/" + file;
+        if (QFile::exists(over)) return over;
+    }
+    return ":/chromalog/" + file;
+}
+
+} // namespace chromalog

@@ -1,0 +1,37 @@
+#include "desktop/qt/modal_loops.h"
+
+#include "desktop/qt/window_control.h"
+
+#include <algorithm>
+
+namespace chromalog {
+
+std::int64_t ModalLoops::run(DialogWindow& window) {
+    Running running(window);
+    running_.push_back(&running);
+    window.setWindowModality(Qt::ApplicationModal);
+    window.show();
+    window.raise();
+    window.activateWindow();
+    if (!running.stopped) running.loop.exec();
+    running_.erase(std::find(running_.begin(), running_.end(), &running));
+    return running.code;
+}
+
+/// A loop that was told to stop still stands until its caller's calls have returned; the next stop ends the
+/// next one.
+void ModalLoops::stop(std::int64_t code) {
+    const auto innermost =
+        std::find_if(running_.rbegin(), running_.rend(), [](const Running* r) { return !r->stopped; });
+    if (innermost == running_.rend()) return;
+    (*innermost)->stopped = true;
+    (*innermost)->code = code;
+    (*innermost)->loop.exit();
+}
+
+void ModalLoops::stopAll(std::int64_t code) {
+    for (std::size_t left = running_.size(); left > 0; --left)
+        stop(code);
+}
+
+} // namespace chromalog

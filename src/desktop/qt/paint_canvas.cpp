@@ -1,0 +1,144 @@
+#include "desktop/qt/paint_canvas.h"
+
+#include "desktop/qt/convert.h"
+#include "desktop/qt/fonts.h"
+
+#include <QFontMetricsF>
+#include <QImage>
+#include <QPainterPath>
+
+#include <cmath>
+
+namespace chromalog {
+
+PaintCanvas::PaintCanvas(QPainter& painter, const PaintTarget& target)
+    : painter_(painter), target_(target),
+      scale_(painter.deviceTransform().m11() > 0 ? painter.deviceTransform().m11() : 1) {}
+
+QPointF PaintCanvas::map(Point p) const {
+    const double y = p.y - target_.bounds.y;
+    return {p.x - target_.bounds.x, target_.flipped ? y : target_.bounds.h - y};
+}
+
+QRectF PaintCanvas::map(const Rect& r) const {
+    const QPointF corner = map(Point{r.x, target_.flipped ? r.y : r.y + r.h});
+    return {corner.x(), corner.y(), r.w, r.h};
+}
+
+void PaintCanvas::setFill(const Colour& c) {
+    fill_ = toQt(c);
+}
+void PaintCanvas::setStroke(const Colour& c) {
+    stroke_ = toQt(c);
+}
+
+void PaintCanvas::fillRect(const Rect& r) {
+    painter_.fillRect(map(r), fill_);
+}
+
+void PaintCanvas::frameRect(const Rect& r, double width) {
+    fillFrame(map(r), width, fill_);
+}
+
+/// Four filled bands: a pen of width 2 and more would lose corner pixels, and a band is exact at any scale.
+void PaintCanvas::fillFrame(const QRectF& outer, double width, const QColor& colour) {
+    const double w = std::min({width, outer.width() / 2, outer.height() / 2});
+    if (w <= 0) return;
+    const double inside = outer.height() - 2 * w;
+    painter_.fillRect(QRectF(outer.left(), outer.top(), outer.width(), w), colour);
+    painter_.fillRect(QRectF(outer.left(), outer.bottom() - w, outer.width(), w), colour);
+    painter_.fillRect(QRectF(outer.left(), outer.top() + w, w, inside), colour);
+    painter_.fillRect(QRectF(outer.right() - w, outer.top() + w, w, inside), colour);
+}
+
+/// Where the line's edges fall between device pixels they move inwards on all four sides, so that a frame
+/// around a view's own bounds is seen whole.
+void PaintCanvas::strokeRect(const Rect& r) {
+    const QRectF line = map(r).adjusted(-lineWidth_ / 2, -lineWidth_ / 2, lineWidth_ / 2, lineWidth_ / 2);
+    if (!target_.toScreen) {
+        fillFrame(line, lineWidth_, stroke_);
+        return;
+    }
+    const auto nearUp = [&](double v) { return std::floor(v * scale_ + 0.5) / scale_; };
+    const auto nearDown = [&](double v) { return std::ceil(v * scale_ - 0.5) / scale_; };
+    const QPointF topLeft(nearUp(line.left()), nearUp(line.top()));
+    const QPointF bottomRight(nearDown(line.right()), nearDown(line.bottom()));
+    fillFrame(QRectF(topLeft, bottomRight), std::max(1.0, std::round(lineWidth_ * scale_)) / scale_, stroke_);
+}
+
+void PaintCanvas::addArc(QPainterPath& path, const Path::Element& e) const {
+    double sweep = std::fmod(e.clockwise ? e.start - e.end : e.end - e.start, 360.0);
+    if (sweep <= 0) sweep += 360.0;
+    if (e.clockwise) sweep = -sweep;
+    const double start = target_.flipped ? -e.start : e.start;
+    if (target_.flipped) sweep = -sweep;
+    const QPointF c = map(e.p);
+    const QRectF circle(c.x() - e.radius, c.y() - e.radius, 2 * e.radius, 2 * e.radius);
+    if (path.elementCount() == 0) path.arcMoveTo(circle, start);
+    path.arcTo(circle, start, sweep);
+}
+
+QPainterPath PaintCanvas::map(const Path& path) const {
+    QPainterPath out;
+    for (const Path::Element& e : path.elements) {
+        switch (e.kind) {
+        case Path::Element::Kind::move:
+            out.moveTo(map(e.p));
+            break;
+        case Path::Element::Kind::line:
+            out.lineTo(map(e.p));
+            break;
+        case Path::Element::Kind::arc:
+            addArc(out, e);
+            break;
+        case Path::Element::Kind::oval:
+            out.addEllipse(map(e.box));
+            break;
+        case Path::Element::Kind::close:
+            out.closeSubpath();
+            break;
+        }
+    }
+    return out;
+}
+
+void PaintCanvas::fillPath(const Path& path) {
+    painter_.setRenderHint(QPainter::Antialiasing, target_.smoothPaths);
+    painter_.fillPath(map(path), fill_);
+    painter_.setRenderHint(QPainter::Antialiasing, false);
+}
+
+void PaintCanvas::strokePath(const Path& path) {
+    painter_.setRenderHint(QPainter::Antialiasing, target_.smoothPaths);
+    painter_.strokePath(map(path), QPen(stroke_, lineWidth_, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+    painter_.setRenderHint(QPainter::Antialiasing, false);
+}
+
+void PaintCanvas::drawBitmap(const Bitmap& bitmap, const Rect& into) {
+    if (bitmap.empty()) return;
+    const QImage image(reinterpret_cast<const uchar*>(bitmap.pixels.data()), bitmap.width, bitmap.height,
+                       bitmap.width * 4, QImage::Format_ARGB32);
+    const QRectF target = map(into);
+    const bool exact = target.width() * scale_ == bitmap.width && target.height() * scale_ == bitmap.height;
+    painter_.setRenderHint(QPainter::SmoothPixmapTransform, target_.toScreen && !exact);
+    painter_.drawImage(target, image);
+}
+
+void PaintCanvas::useFont(const Font& font) {
+    if (font.size == font_.size && font.face == font_.face) return;
+    font_ = font;
+    painter_.setFont(fontFor(font));
+}
+
+void PaintCanvas::drawText(Point at, std::string_view text, const Font& font, double maxWidth) {
+    useFont(font);
+    QString line = toQt(text);
+    if (maxWidth > 0) {
+        const QFontMetricsF metrics(painter_.font());
+        line = metrics.elidedText(line, Qt::ElideRight, maxWidth);
+    }
+    painter_.setPen(fill_);
+    painter_.drawText(map(at), line);
+}
+
+} // namespace chromalog

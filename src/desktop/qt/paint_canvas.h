@@ -1,0 +1,54 @@
+#pragma once
+
+#include "desktop/canvas.h"
+
+#include <QPainter>
+
+namespace chromalog {
+
+/// What a drawing lands on.
+struct PaintTarget {
+    Rect bounds;             ///< of the view; its top left corner is the painter's origin
+    bool flipped = false;    ///< y grows downwards
+    Rect clip;               ///< in view coordinates
+    bool toScreen = true;    ///< false on paper
+    bool smoothPaths = true; ///< antialiased outlines; never rectangles
+};
+
+/// Paints with the toolkit's painter, in a view's coordinates. Coordinates are turned here, not by a negative
+/// scale of the painter: rectangles then keep their rounding and text stands upright.
+class PaintCanvas : public Canvas {
+  public:
+    PaintCanvas(QPainter&, const PaintTarget&);
+
+    bool drawsToScreen() const override { return target_.toScreen; }
+    Rect clipBounds() const override { return target_.clip; }
+    double deviceScale() const override { return scale_; }
+    void setFill(const Colour&) override;
+    void setStroke(const Colour&) override;
+    void setLineWidth(double width) override { lineWidth_ = width; }
+    void fillRect(const Rect&) override;
+    void frameRect(const Rect&, double width) override;
+    void strokeRect(const Rect&) override;
+    void fillPath(const Path&) override;
+    void strokePath(const Path&) override;
+    void drawBitmap(const Bitmap&, const Rect& into) override;
+    void drawText(Point at, std::string_view text, const Font&, double maxWidth) override;
+
+  private:
+    QPointF map(Point) const;
+    QRectF map(const Rect&) const;
+    QPainterPath map(const Path&) const;
+    void addArc(QPainterPath&, const Path::Element&) const;
+    void fillFrame(const QRectF& outer, double width, const QColor&);
+    void useFont(const Font&);
+
+    QPainter& painter_;
+    PaintTarget target_;
+    double scale_; ///< device pixels a point
+    QColor fill_ = Qt::white, stroke_ = Qt::black;
+    double lineWidth_ = 1;
+    Font font_{Font::Face::label, 0}; ///< the font that the painter has now; size 0: none yet
+};
+
+} // namespace chromalog

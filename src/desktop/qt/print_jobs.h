@@ -1,0 +1,32 @@
+#pragma once
+
+#include "desktop/printing.h"
+
+#include <QPageLayout>
+
+#include <optional>
+#include <string>
+
+class QPainter;
+class QPrinter;
+class QWidget;
+
+namespace chromalog {
+
+/// The paper of the shared settings, without margins: a job places its printable area itself, to the point.
+QPageLayout paperOf(const PrintInfo&);
+
+/// Runs print jobs: to the printer of the print dialog, or to a PDF file that was named beforehand.
+class PrintJobs {
+  public:
+    PrintInfo info;                     ///< shared settings
+    std::optional<std::string> nextPdf; ///< the next job goes there without asking
+
+    PrintOutcome run(const PrintJob&, QWidget* parent);
+
+  private:
+    std::optional<PrintInfo> ask(QPrinter&,
+                                 QWidget* parent) const; ///< the settings that the person agreed to
+};
+
+} // namespace chromalog

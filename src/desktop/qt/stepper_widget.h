@@ -1,0 +1,45 @@
+#pragma once
+
+#include "desktop/controls.h"
+
+#include <QWidget>
+
+class QToolButton;
+
+namespace chromalog {
+
+/// Two arrow buttons that walk a value up and down, past the ends where it wraps.
+class StepperWidget : public QWidget, public Stepper {
+    Q_OBJECT
+  public:
+    explicit StepperWidget(QWidget* parent = nullptr);
+
+    void configure(double minimum, double maximum, double increment, double value, bool wraps) override;
+    double value() const override { return value_; }
+    double minimum() const { return minimum_; }
+    double maximum() const { return maximum_; }
+    double increment() const { return increment_; }
+
+    void setEnabled(bool on) override { QWidget::setEnabled(on); }
+    bool enabled() const override { return isEnabled(); }
+    void setHidden(bool hidden) override { QWidget::setHidden(hidden); }
+    bool hidden() const override { return isHidden(); }
+
+    void stepForwards() { step(1); } ///< nothing while disabled
+    void stepBackwards() { step(-1); }
+
+  signals:
+    void stepped(); ///< by a person
+
+  protected:
+    void keyPressEvent(QKeyEvent*) override;
+
+  private:
+    QToolButton* addArrow(Qt::ArrowType, const QString& name);
+    void step(int direction);
+
+    double minimum_ = 0, maximum_ = 0, increment_ = 1, value_ = 0;
+    bool wraps_ = false;
+};
+
+} // namespace chromalog

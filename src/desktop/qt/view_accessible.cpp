@@ -1,0 +1,164 @@
+#include "desktop/qt/view_accessible.h"
+
+#include "desktop/qt/convert.h"
+#include "desktop/qt/view_widget.h"
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+
+#include <map>
+
+namespace chromalog {
+
+namespace {
+
+/// One row of a list, made when it is asked for. It survives its list only as an invalid object.
+class RowAccessible : public QAccessibleInterface, public QAccessibleActionInterface {
+  public:
+    RowAccessible(ViewWidget* list, int row) : list_(list), row_(row) {}
+
+    bool isValid() const override { return view() && row_ < view()->accessibleRowCount(); }
+    QObject* object() const override { return nullptr; }
+    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+    QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(list_); }
+    QAccessibleInterface* child(int) const override { return nullptr; }
+    int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+    void setText(QAccessible::Text, const QString&) override {}
+    QRect rect() const override {
+        const int height = view() && view()->accessibleRowCount() > 0
+                               ? list_->height() / (view()->accessibleRowCount() + 1)
+                               : 0;
+        return {list_ ? list_->mapToGlobal(QPoint(0, row_ * height)) : QPoint(),
+                QSize(list_ ? list_->width() : 0, height)};
+    }
+    QAccessible::Role role() const override { return QAccessible::ListItem; }
+    QString text(QAccessible::Text kind) const override {
+        if (!isValid()) return {};
+        const AccessibleRow row = view()->accessibleRow(row_);
+        if (kind == QAccessible::Name) return toQt(row.name);
+        return kind == QAccessible::Value || kind == QAccessible::Description ? toQt(row.value) : QString();
+    }
+    QAccessible::State state() const override {
+        QAccessible::State state;
+        state.selectable = true;
+        state.invalid = !isValid();
+        state.selected = isValid() && view()->accessibleRow(row_).selected;
+        return state;
+    }
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this)
+                                                    : nullptr;
+    }
+    QStringList actionNames() const override { return {pressAction()}; }
+    void doAction(const QString&) override {
+        if (isValid()) view()->selectAccessibleRow(row_);
+    }
+    QStringList keyBindingsForAction(const QString&) const override { return {}; }
+
+  private:
+    View* view() const { return list_ ? list_->view() : nullptr; }
+
+    QPointer<ViewWidget> list_;
+    int row_;
+};
+
+QAccessible::Role roleOf(Accessible::Role role) {
+    switch (role) {
+    case Accessible::Role::colourChooser:
+        return QAccessible::ColorChooser;
+    case Accessible::Role::slider:
+        return QAccessible::Slider;
+    case Accessible::Role::list:
+        return QAccessible::List;
+    case Accessible::Role::chart:
+        return QAccessible::Chart;
+    }
+    return QAccessible::Client;
+}
+
+class ViewAccessible : public QAccessibleWidget, public QAccessibleValueInterface {
+  public:
+    explicit ViewAccessible(ViewWidget* widget) : QAccessibleWidget(widget, QAccessible::Client) {}
+    ~ViewAccessible() override {
+        for (const auto& [row, id] : rows_)
+            QAccessible::deleteAccessibleInterface(id);
+    }
+
+    QAccessible::Role role() const override {
+        return view() ? roleOf(view()->accessible().role) : QAccessible::Client;
+    }
+    QString text(QAccessible::Text kind) const override {
+        if (!view()) return QAccessibleWidget::text(kind);
+        const Accessible told = view()->accessible();
+        if (kind == QAccessible::Name) return toQt(told.name);
+        if (kind == QAccessible::Value) return toQt(told.value);
+        if (kind == QAccessible::Description) return toQt(told.description);
+        return QAccessibleWidget::text(kind);
+    }
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        if (type == QAccessible::ValueInterface)
+            return range() ? static_cast<QAccessibleValueInterface*>(this) : nullptr;
+        return QAccessibleWidget::interface_cast(type);
+    }
+
+    int childCount() const override { return view() ? view()->accessibleRowCount() : 0; }
+    QAccessibleInterface* child(int row) const override {
+        if (row < 0 || row >= childCount()) return nullptr;
+        const auto known = rows_.find(row);
+        if (known != rows_.end()) return QAccessible::accessibleInterface(known->second);
+        auto* made = new RowAccessible(static_cast<ViewWidget*>(widget()), row);
+        rows_[row] = QAccessible::registerAccessibleInterface(made);
+        return made;
+    }
+    int indexOfChild(const QAccessibleInterface* wanted) const override {
+        for (const auto& [row, id] : rows_)
+            if (QAccessible::accessibleInterface(id) == wanted) return row;
+        return -1;
+    }
+    QAccessibleInterface* childAt(int x, int y) const override {
+        for (int row = 0; row < childCount(); ++row)
+            if (child(row)->rect().contains(x, y)) return child(row);
+        return nullptr;
+    }
+
+    QVariant currentValue() const override { return range() ? QVariant(range()->value) : QVariant(); }
+    QVariant minimumValue() const override { return range() ? QVariant(range()->minimum) : QVariant(); }
+    QVariant maximumValue() const override { return range() ? QVariant(range()->maximum) : QVariant(); }
+    QVariant minimumStepSize() const override { return range() ? QVariant(range()->step) : QVariant(); }
+    void setCurrentValue(const QVariant& value) override {
+        if (view()) view()->setAccessibleValue(value.toDouble());
+    }
+
+  private:
+    View* view() const { return widget() ? static_cast<ViewWidget*>(widget())->view() : nullptr; }
+    std::optional<Accessible::Range> range() const {
+        return view() ? view()->accessible().range : std::nullopt;
+    }
+
+    mutable std::map<int, QAccessible::Id> rows_; ///< rows that were asked for
+};
+
+QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
+    auto* widget = dynamic_cast<ViewWidget*>(object);
+    return widget ? new ViewAccessible(widget) : nullptr;
+}
+
+} // namespace
+
+void installViewAccessibility() {
+    QAccessible::installFactory(makeAccessible);
+}
+void removeViewAccessibility() {
+    QAccessible::removeFactory(makeAccessible);
+}
+
+void announceView(ViewWidget& widget) {
+    if (!QAccessible::isActive() || !widget.view()) return;
+    const Accessible told = widget.view()->accessible();
+    QAccessibleValueChangeEvent changed(&widget, told.range ? QVariant(told.range->value)
+                                                            : QVariant(toQt(told.value)));
+    QAccessible::updateAccessibility(&changed);
+}
+
+} // namespace chromalog

@@ -1,0 +1,49 @@
+#include "desktop/qt/window_control.h"
+
+#include "desktop/qt/view_widget.h"
+
+namespace chromalog {
+
+void DialogWindow::reject() {
+    if (!onClose) return hide();
+    if (closing_) return; // the answer to a close may itself close the window
+    closing_ = true;
+    onClose();
+    closing_ = false;
+}
+
+WindowControl::WindowControl(DialogWindow* dialog) : WidgetControl(dialog) {
+    dialog->onClose = [this] {
+        if (onClose)
+            onClose();
+        else
+            orderOut();
+    };
+}
+
+void WindowControl::makeKeyAndOrderFront() {
+    if (!widget_) return;
+    widget_->show();
+    widget_->raise();
+    widget_->activateWindow();
+}
+
+void WindowControl::orderOut() {
+    if (widget_) widget_->hide();
+}
+
+/// A window below a modal one in the tree of windows is not blocked by it.
+void WindowControl::attachAsChildOf(Window& parent) {
+    auto* above = dynamic_cast<WindowControl*>(&parent);
+    if (!widget_ || !above || !above->dialog()) return;
+    const bool shown = widget_->isVisible();
+    widget_->setParent(above->dialog(), Qt::Tool);
+    widget_->setVisible(shown);
+}
+
+void MenuControl::popUp(const View& view, Point at) {
+    const auto* widget = dynamic_cast<const ViewWidget*>(view.host());
+    if (menu_ && widget) menu_->exec(widget->mapToGlobal(widget->toWidget(at)).toPoint());
+}
+
+} // namespace chromalog
