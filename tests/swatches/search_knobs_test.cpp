@@ -1,0 +1,167 @@
+#include "swatches/search_knobs.h"
+
+#include "swatches/list_fixture.h"
+
+namespace chromalog {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class SearchKnobsTest : public test::ListTest {
+  public:
+    void activateKnobs(CSwatchList& list, double hits) override { knobs.activateKnobs(list, hits); }
+
+  protected:
+    void SetUp() override {
+        ListTest::SetUp();
+        knobs.findColor1.connect(&field1);
+        knobs.findColor2.connect(&field2);
+        knobs.seachStep1.connect(&step1);
+        knobs.seachStep2.connect(&step2);
+        knobs.found1.connect(&label1);
+        knobs.found2.connect(&label2);
+        knobs.observeFields();
+        fill(swatch1, {test::swatch("Light Blue"), test::swatch("blue"), test::swatch("Blueberry")});
+        fill(swatch2, {test::swatch("Blue"), test::swatch("Red")});
+    }
+
+    test::HeadlessTextField field1, field2, label1, label2;
+    test::HeadlessStepper step1, step2;
+    SearchKnobs knobs{platform, swatch1, swatch2};
+};
+
+TEST_F(SearchKnobsTest, SearchesAQuarterOfASecondAfterTheLastKeystroke) {
+    field1.type("Bl");
+    platform.advance(0.2);
+    field1.type("Blue");
+    platform.advance(0.24);
+    EXPECT_THAT(swatch1.hits(), IsEmpty());
+    platform.advance(0.02);
+    EXPECT_THAT(swatch1.hits(), SizeIs(2));
+    EXPECT_EQ(label1.text(), " 2 found");
+    EXPECT_EQ(step1.minimum, 0);
+    EXPECT_EQ(step1.maximum, 1);
+    EXPECT_EQ(step1.increment, 1);
+    EXPECT_TRUE(step1.wraps);
+    EXPECT_TRUE(step1.enabled() && label1.enabled());
+    EXPECT_EQ(swatch1.getSelected(), 0);
+    EXPECT_THAT(platform.sounds, ElementsAre("Frog"));
+}
+
+TEST_F(SearchKnobsTest, TypingAgainAfterASearchSearchesAgain) {
+    field1.type("Blue");
+    platform.advance(1);
+    field1.type("blue");
+    platform.advance(1);
+    EXPECT_EQ(label1.text(), " 1 found");
+}
+
+TEST_F(SearchKnobsTest, ThePendingTimerKeepsTheFieldThatItWasStartedFor) {
+    field1.type("Blue");
+    platform.advance(0.1);
+    field2.type("Red");
+    platform.advance(0.2);
+    EXPECT_THAT(swatch1.hits(), IsEmpty()) << "the other field moved the fire date";
+    platform.advance(0.1);
+    EXPECT_THAT(swatch1.hits(), SizeIs(2));
+    EXPECT_THAT(swatch2.hits(), IsEmpty());
+    field2.type("Red");
+    platform.advance(1);
+    EXPECT_THAT(swatch2.hits(), SizeIs(1));
+    EXPECT_EQ(label2.text(), " 1 found");
+}
+
+TEST_F(SearchKnobsTest, NoHitDisablesStepperAndLabel) {
+    knobs.activateKnob1(5);
+    field1.type("green");
+    platform.advance(1);
+    EXPECT_FALSE(step1.enabled());
+    EXPECT_FALSE(label1.enabled());
+    EXPECT_EQ(label1.text(), " 0 found");
+    EXPECT_EQ(step1.maximum, 4) << "the stepper keeps its range and value";
+}
+
+TEST_F(SearchKnobsTest, OneHitIsJumpedToWithTheStepperDisabled) {
+    field2.type("Red");
+    platform.advance(1);
+    EXPECT_EQ(swatch2.getSelected(), 1);
+    EXPECT_FALSE(step2.enabled());
+    EXPECT_EQ(label2.text(), " 1 found");
+}
+
+TEST_F(SearchKnobsTest, OneHitIsMissedWhereTheStepperHoldsAnOlderValue) {
+    field1.type("Blue");
+    platform.advance(1);
+    step1.current = 1;
+    knobs.jumpFirst();
+    EXPECT_EQ(swatch1.getSelected(), 2);
+    platform.logLines.clear();
+    field1.type("berry");
+    platform.advance(1);
+    EXPECT_EQ(swatch1.getSelected(), 2) << "nothing selected";
+    EXPECT_EQ(swatch1.lastShown(), 1u);
+    EXPECT_THAT(platform.logLines, SizeIs(1));
+    EXPECT_EQ(label1.text(), " 1 found") << "the label as usual";
+}
+
+TEST_F(SearchKnobsTest, TheSteppersWalkTheirOwnLists) {
+    field1.type("Blue");
+    platform.advance(1);
+    step1.current = 1;
+    knobs.jumpFirst();
+    EXPECT_EQ(swatch1.getSelected(), 2);
+    fill(swatch2, {test::swatch("a"), test::swatch("a")});
+    field2.type("a");
+    platform.advance(1);
+    step2.current = 1;
+    knobs.jumpSecond();
+    EXPECT_EQ(swatch2.getSelected(), 1);
+    EXPECT_EQ(step2.maximum, 1);
+}
+
+TEST_F(SearchKnobsTest, ReturnGoesToTheNextHitRoundAndRound) {
+    field1.type("Blue");
+    platform.advance(1);
+    field1.onReturn();
+    EXPECT_EQ(swatch1.getSelected(), 2);
+    EXPECT_EQ(step1.value(), 1);
+    field1.onReturn();
+    EXPECT_EQ(swatch1.getSelected(), 0);
+    EXPECT_EQ(step1.value(), 0);
+}
+
+TEST_F(SearchKnobsTest, ReturnRunsASearchThatStillWaits) {
+    field1.type("berry");
+    field1.onReturn();
+    EXPECT_EQ(swatch1.getSelected(), 2);
+    swatch1.setSelectedColor(0);
+    platform.advance(1);
+    EXPECT_EQ(swatch1.getSelected(), 0) << "the timer is gone";
+    field1.onReturn();
+    EXPECT_EQ(swatch1.getSelected(), 2) << "the one hit again";
+}
+
+TEST_F(SearchKnobsTest, ReturnWithoutHitsDoesNothing) {
+    field2.onReturn();
+    EXPECT_THAT(platform.logLines, IsEmpty());
+    EXPECT_THAT(platform.sounds, IsEmpty());
+}
+
+TEST_F(SearchKnobsTest, AFractionOfAHitIsCutOff) {
+    knobs.activateKnobs(swatch2, 1.9);
+    EXPECT_EQ(label2.text(), " 1 found");
+}
+
+TEST_F(SearchKnobsTest, UnconnectedControlsDoNothing) {
+    SearchKnobs bare(platform, swatch1, swatch2);
+    bare.observeFields();
+    bare.searchTextDidChange(field1);
+    platform.advance(1);
+    EXPECT_THAT(swatch2.hits(), IsEmpty());
+    EXPECT_THAT(bare.table(), SizeIs(6));
+}
+
+} // namespace
+} // namespace chromalog
