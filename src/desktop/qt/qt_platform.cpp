@@ -1,0 +1,33 @@
+#include "desktop/qt/qt_platform.h"
+
+#include "desktop/qt/qt_desktop.h"
+
+#include <cstdio>
+
+namespace chromalog {
+namespace {
+
+QtDesktopSettings settingsOf(const StandaloneSuite* standalone) {
+    QtDesktopSettings settings = QtDesktopSettings::fromEnvironment();
+    if (!standalone) return settings;
+    if (const char* folder = standalone->option("data-dir")) settings.dataDirectory = folder;
+    if (const char* folder = standalone->option("books")) settings.booksDirectory = folder;
+    settings.optionWhileOpening = standalone->option("option") != nullptr;
+    return settings;
+}
+
+} // namespace
+
+std::unique_ptr<Desktop> QtPlatform::makeDesktop(const StandaloneSuite* standalone) {
+    if (!displayAvailable()) {
+        std::fputs("Chromalog: there is no display to show the dialog on\n", stderr);
+        return nullptr;
+    }
+    standalone_ = standalone;
+    application_ = std::make_unique<ApplicationGuard>();
+    return std::make_unique<QtDesktop>(settingsOf(standalone));
+}
+
+void QtPlatform::dialogReady(Desktop&, ChromalogControler&) {}
+
+} // namespace chromalog

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "desktop/qt/application_guard.h"
+#include "host/pick.h"
+
+#include <memory>
+
+namespace chromalog {
+
+/// Where a pick runs for people: makes the toolkit's desktop, with the options of the stand-alone host or of
+/// the environment, and lets scripts attach. One per call of the host.
+class QtPlatform : public Platform {
+  public:
+    std::unique_ptr<Desktop> makeDesktop(const StandaloneSuite*) override;
+    void dialogReady(Desktop&, ChromalogControler&) override;
+
+  private:
+    std::unique_ptr<ApplicationGuard> application_; ///< outlives the desktop that makeDesktop gave away
+    const StandaloneSuite* standalone_ = nullptr;
+};
+
+} // namespace chromalog
