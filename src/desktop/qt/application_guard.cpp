@@ -1,6 +1,7 @@
 #include "desktop/qt/application_guard.h"
 
 #include <clocale>
+#include <cstdio>
 #include <cstdlib>
 #include <string_view>
 
@@ -60,6 +61,18 @@ bool waylandAnswers() {
 
 #endif
 
+QtMessageHandler earlierHandler = nullptr;
+
+/// The toolkit's remarks on platforms that lack a feature are no news to anyone; everything else goes its
+/// way.
+void withoutNoise(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+    if (text.startsWith("This plugin does not support ") || text.contains("XDG_RUNTIME_DIR")) return;
+    if (earlierHandler)
+        earlierHandler(type, context, text);
+    else
+        std::fprintf(stderr, "%s\n", qPrintable(text));
+}
+
 } // namespace
 
 bool displayAvailable() {
@@ -78,6 +91,7 @@ ApplicationGuard::ApplicationGuard() : locale_(std::setlocale(LC_ALL, nullptr)) 
     static int argc = 1; // the application keeps a reference
     static char name[] = "chromalog";
     static char* argv[] = {name, nullptr};
+    earlierHandler = qInstallMessageHandler(withoutNoise);
     const std::string numeric = std::setlocale(LC_NUMERIC, nullptr);
     own_ = std::make_unique<QApplication>(argc, argv);
     own_->setQuitOnLastWindowClosed(false);
@@ -87,6 +101,7 @@ ApplicationGuard::ApplicationGuard() : locale_(std::setlocale(LC_ALL, nullptr)) 
 ApplicationGuard::~ApplicationGuard() {
     if (!own_) return;
     own_.reset();
+    qInstallMessageHandler(earlierHandler);
     std::setlocale(LC_ALL, locale_.c_str());
 }
 

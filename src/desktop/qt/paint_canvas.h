@@ -35,9 +35,10 @@ class PaintCanvas : public Canvas {
     void drawBitmap(const Bitmap&, const Rect& into) override;
     void drawText(Point at, std::string_view text, const Font&, double maxWidth) override;
 
+    QRectF map(const Rect&) const; ///< from the view's coordinates to the painter's
+
   private:
     QPointF map(Point) const;
-    QRectF map(const Rect&) const;
     QPainterPath map(const Path&) const;
     void addArc(QPainterPath&, const Path::Element&) const;
     void fillFrame(const QRectF& outer, double width, const QColor&);

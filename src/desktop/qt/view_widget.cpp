@@ -99,7 +99,7 @@ Point ViewWidget::toView(QPointF p) const {
 
 /// A view in a scroll area stays at its own origin while the area moves the widget.
 void ViewWidget::layOutView() {
-    if (!view_ || followingView_) return;
+    if (!view_ || followingView_ || view_->host() != this) return;
     const QPoint origin = clipWidget() ? QPoint() : pos();
     view_->layOut({double(origin.x()), double(origin.y()), double(width()), double(height())});
 }
@@ -136,8 +136,10 @@ std::optional<Rect> ViewWidget::superviewBounds() const {
     return Rect{0, double(-y()), double(clip->width()), double(clip->height())};
 }
 
+/// A view that is being printed has the paper's geometry, and its host is not this widget for that long:
+/// nothing is drawn then, and the screen keeps what it shows.
 void ViewWidget::paintEvent(QPaintEvent* event) {
-    if (!view_) return;
+    if (!view_ || view_->host() != this) return;
     QPainter painter(this);
     const QRect dirty = event->rect();
     const Rect bounds = view_->bounds();
@@ -145,7 +147,9 @@ void ViewWidget::paintEvent(QPaintEvent* event) {
     const Rect clip{bounds.x + dirty.x(), bounds.y + top, double(dirty.width()), double(dirty.height())};
     PaintCanvas canvas(painter, {bounds, view_->isFlipped(), clip, true, true});
     view_->drawRect(canvas);
-    if (hasFocus() && !clipWidget()) paintFocusRing(painter, rect());
+    if (!hasFocus()) return;
+    if (const auto mark = view_->focusMark()) paintFocusRing(painter, canvas.map(*mark).toAlignedRect());
+    if (!clipWidget()) paintFocusRing(painter, rect());
 }
 
 MouseEvent ViewWidget::translated(const QMouseEvent& event) const {
