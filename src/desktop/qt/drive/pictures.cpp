@@ -1,0 +1,72 @@
+#include "desktop/qt/drive/pictures.h"
+
+#include "desktop/qt/convert.h"
+#include "desktop/qt/drive/command_error.h"
+#include "desktop/qt/qt_desktop.h"
+#include "desktop/qt/view_widget.h"
+
+#include <QApplication>
+#include <QImageWriter>
+#include <QPainter>
+#include <QPixmap>
+
+#include <algorithm>
+
+namespace chromalog::drive {
+namespace {
+
+/// Windows to show, the lowest first: a window comes before what was opened from it.
+QList<QWidget*> shownWindows() {
+    QList<QWidget*> shown;
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->isVisible() && window->windowType() != Qt::ToolTip) shown.append(window);
+    const auto depth = [](const QWidget* window) {
+        int count = window->windowType() == Qt::Popup ? 1000 : 0;
+        for (; window; window = window->parentWidget())
+            ++count;
+        return count;
+    };
+    std::stable_sort(shown.begin(), shown.end(), [&](auto* a, auto* b) { return depth(a) < depth(b); });
+    return shown;
+}
+
+QImage imageOf(const Bitmap& bitmap) {
+    QImage image(bitmap.width, bitmap.height, QImage::Format_ARGB32);
+    for (int row = 0; row < bitmap.height; ++row)
+        std::copy_n(bitmap.pixels.begin() + std::ptrdiff_t(row) * bitmap.width, bitmap.width,
+                    reinterpret_cast<std::uint32_t*>(image.scanLine(row)));
+    return image;
+}
+
+} // namespace
+
+QImage screenPicture() {
+    const auto windows = shownWindows();
+    if (windows.isEmpty()) throw CommandError{"no window is on the screen"};
+    QRect all;
+    for (const QWidget* window : windows)
+        all |= window->geometry();
+    const double scale = windows.front()->devicePixelRatioF();
+    QImage picture((QSizeF(all.size()) * scale).toSize(), QImage::Format_RGB32);
+    picture.setDevicePixelRatio(scale);
+    picture.fill(Qt::darkGray);
+    QPainter painter(&picture);
+    for (QWidget* window : windows)
+        painter.drawPixmap(window->geometry().topLeft() - all.topLeft(), window->grab());
+    return picture;
+}
+
+QImage ownPicture(QWidget& outlet) {
+    auto* view = qobject_cast<ViewWidget*>(&outlet);
+    if (view && view->view() && view->desktop()) return imageOf(view->desktop()->capture(*view->view()));
+    QImage picture(outlet.size(), QImage::Format_RGB32);
+    outlet.render(&picture);
+    return picture;
+}
+
+void writePicture(const QImage& picture, const std::string& path) {
+    QImageWriter writer(toQt(path), "png");
+    if (!writer.write(picture)) throw CommandError{path + ": " + fromQt(writer.errorString())};
+}
+
+} // namespace chromalog::drive

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QImage>
+
+class QWidget;
+
+namespace chromalog::drive {
+
+/// The windows on the screen at its scale, each where it stands: the dialog, and panels and menus over it.
+QImage screenPicture();
+
+/// The outlet at one pixel a point, a view as picks read it.
+QImage ownPicture(QWidget& outlet);
+
+/// Writes a PNG file; throws CommandError where it cannot be written.
+void writePicture(const QImage&, const std::string& path);
+
+} // namespace chromalog::drive

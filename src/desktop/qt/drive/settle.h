@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QObject>
+
+#include <functional>
+
+namespace chromalog::drive {
+
+/// Tells when the dialog has come to rest: every window that is to be seen is on the screen, and a whole turn
+/// of the event loop has passed in which no event but timers was delivered, so that no paint and no posted
+/// event is left.
+class Settle : public QObject {
+  public:
+    enum class Keyboard { asItIs, ours };
+
+    Settle();
+    ~Settle() override;
+
+    /// Calls `then` once, from the innermost event loop, when all is at rest; with Keyboard::ours also not
+    /// before the application has the keyboard. A second call before that replaces the first.
+    void wait(Keyboard, std::function<void()> then);
+    void stop(); ///< forgets what was waited for
+
+  protected:
+    bool event(QEvent*) override;
+    bool eventFilter(QObject*, QEvent*) override;
+    void timerEvent(QTimerEvent*) override;
+
+  private:
+    void probe();
+    void look();
+    bool windowsAreUp() const;
+
+    std::function<void()> then_;
+    Keyboard keyboard_ = Keyboard::ours;
+    bool busy_ = false;    ///< an event was delivered since the last probe
+    bool probing_ = false; ///< a probe is posted
+    int turns_ = 0, polls_ = 0;
+    int timer_ = 0; ///< polls windows that are not on the screen yet; 0 while not running
+};
+
+} // namespace chromalog::drive

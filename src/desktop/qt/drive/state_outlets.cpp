@@ -1,0 +1,143 @@
+#include "desktop/qt/drive/state_outlets.h"
+
+#include "desktop/qt/color_well_widget.h"
+#include "desktop/qt/drive/json_values.h"
+#include "desktop/qt/drive/locate.h"
+#include "desktop/qt/form_names.h"
+#include "desktop/qt/level_indicator_widget.h"
+#include "desktop/qt/stepper_widget.h"
+#include "desktop/qt/tinted_button.h"
+#include "desktop/qt/view_widget.h"
+#include "desktop/qt/window_control.h"
+#include "swatches/swatch_list_view.h"
+#include "views/chromatic_circle_view.h"
+#include "views/degrade_view.h"
+#include "views/luminosity_view.h"
+#include "views/tone_view.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QRadioButton>
+#include <QSlider>
+
+namespace chromalog::drive {
+namespace {
+
+/// Outlets whose class is no widget's: their name's beginning decides.
+struct NamedClass {
+    const char* beginning;
+    const char* letters; ///< the name goes on with one of these and ends; null: it ends with the beginning
+    const char* className;
+};
+
+constexpr NamedClass kNamedClasses[] = {
+    {"first", "RGB", "rgb1Text"},          {"first", "CMYK", "cmyk1Text"},
+    {"second", "RGB", "rgb2Text"},         {"second", "CMYK", "cmyk2Text"},
+    {"origFirstColor", nullptr, "myWell"}, {"origSecondColor", nullptr, "myWell"},
+};
+
+const char* viewClass(const View* view) {
+    if (dynamic_cast<const chromaticCircleView*>(view)) return "chromaticCircleView";
+    if (dynamic_cast<const luminosityView*>(view)) return "luminosityView";
+    if (dynamic_cast<const toneView*>(view)) return "toneView";
+    if (dynamic_cast<const degradeView*>(view)) return "degradeView";
+    if (dynamic_cast<const CSwatchList*>(view)) return "CSwatchList";
+    return "View";
+}
+
+QString classOf(const QWidget& widget) {
+    const QString name = widget.objectName();
+    for (const auto& [beginning, letters, className] : kNamedClasses) {
+        const QString rest = name.startsWith(QLatin1String(beginning)) ? name.mid(qstrlen(beginning)) : "?";
+        if (letters ? rest.size() == 1 && QLatin1String(letters).contains(rest.front()) : rest.isEmpty())
+            return className;
+    }
+    if (const auto* view = qobject_cast<const ViewWidget*>(&widget)) return viewClass(view->view());
+    return QString::fromLatin1(widget.metaObject()->className()).section("::", -1);
+}
+
+QJsonArray frameInWindow(const QWidget& widget) {
+    const QPoint at = widget.mapTo(widget.window(), QPoint());
+    return {at.x(), at.y(), widget.width(), widget.height()};
+}
+
+void addButton(QJsonObject& state, const QAbstractButton& button) {
+    state["title"] = button.text().remove('&');
+    if (button.isCheckable()) state["value"] = button.isChecked() ? 1 : 0;
+    if (const auto* tinted = qobject_cast<const TintedButton*>(&button))
+        state["background"] = json(tinted->tint());
+}
+
+void addRange(QJsonObject& state, double value, double minimum, double maximum) {
+    state["value"] = value;
+    state["min"] = minimum;
+    state["max"] = maximum;
+}
+
+void addWindow(QJsonObject& state, const DialogWindow& window) {
+    state["title"] = window.windowTitle();
+    state["key"] = window.isActiveWindow();
+    state["floating"] = window.windowType() == Qt::Tool;
+}
+
+bool addMatrix(QJsonObject& state, const QWidget& widget) {
+    const auto rows = widget.findChildren<QRadioButton*>();
+    for (qsizetype row = 0; row < rows.size(); ++row) {
+        if (!rows[row]->isChecked()) continue;
+        state["value"] = row;
+        state["title"] = rows[row]->text().remove('&');
+    }
+    return !rows.isEmpty();
+}
+
+void addContents(QJsonObject& state, const QWidget& widget) {
+    if (const auto* field = qobject_cast<const QLineEdit*>(&widget))
+        state["text"] = field->text();
+    else if (const auto* label = qobject_cast<const QLabel*>(&widget))
+        state["text"] = label->text();
+    else if (const auto* text = qobject_cast<const QPlainTextEdit*>(&widget))
+        state["text"] = text->toPlainText();
+    else if (const auto* button = qobject_cast<const QAbstractButton*>(&widget))
+        addButton(state, *button);
+    else if (const auto* slider = qobject_cast<const QSlider*>(&widget))
+        addRange(state, slider->value(), slider->minimum(), slider->maximum());
+    else if (const auto* stepper = qobject_cast<const StepperWidget*>(&widget))
+        addRange(state, stepper->value(), stepper->minimum(), stepper->maximum());
+    else if (const auto* level = qobject_cast<const LevelIndicatorWidget*>(&widget))
+        state["value"] = level->value();
+    else if (const auto* well = qobject_cast<const ColorWellWidget*>(&widget))
+        state["color"] = json(well->color());
+    else if (const auto* window = qobject_cast<const DialogWindow*>(&widget))
+        addWindow(state, *window);
+    else
+        addMatrix(state, widget);
+}
+
+QJsonObject outletState(const QWidget& widget) {
+    QJsonObject state{{"class", classOf(widget)},      {"enabled", widget.isEnabled()},
+                      {"visible", widget.isVisible()}, {"focused", widget.hasFocus()},
+                      {"hidden", widget.isHidden()},   {"frame", frameInWindow(widget)}};
+    addContents(state, widget);
+    return state;
+}
+
+QString outletName(const QWidget& widget) {
+    const QString name = widget.objectName();
+    return name.startsWith('_') ? name.mid(1) : name;
+}
+
+} // namespace
+
+QJsonObject outletsState() {
+    QJsonObject outlets;
+    for (DialogWindow* form : forms()) {
+        outlets[outletName(*form)] = outletState(*form);
+        for (const QWidget* widget : form->findChildren<QWidget*>())
+            if (widget->window() == form && !isDecoration(widget->objectName()))
+                outlets[outletName(*widget)] = outletState(*widget);
+    }
+    return outlets;
+}
+
+} // namespace chromalog::drive
