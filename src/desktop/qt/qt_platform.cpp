@@ -28,6 +28,8 @@ std::unique_ptr<Desktop> QtPlatform::makeDesktop(const StandaloneSuite* standalo
     return std::make_unique<QtDesktop>(settingsOf(standalone));
 }
 
-void QtPlatform::dialogReady(Desktop&, ChromalogControler&) {}
+void QtPlatform::dialogReady(Desktop& desktop, ChromalogControler& controler) {
+    driven_ = attachDrive(static_cast<QtDesktop&>(desktop), controler, standalone_);
+}
 
 } // namespace chromalog

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/qt/application_guard.h"
+#include "desktop/qt/drive/attach_drive.h"
 #include "host/pick.h"
 
 #include <memory>
@@ -17,6 +18,7 @@ class QtPlatform : public Platform {
   private:
     std::unique_ptr<ApplicationGuard> application_; ///< outlives the desktop that makeDesktop gave away
     const StandaloneSuite* standalone_ = nullptr;
+    std::unique_ptr<Driven> driven_; ///< a script, or what the options ask of the dialog
 };
 
 } // namespace chromalog
