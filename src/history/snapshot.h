@@ -12,7 +12,9 @@ namespace chromalog {
 /// it are shared, so that a step that changed one swatch costs one page, not the whole record.
 class Snapshot {
   public:
-    static constexpr std::size_t kPageBytes = 8192;
+    /// Large enough that a copy in pages costs no more than one in a piece, small enough for twenty single
+    /// edits.
+    static constexpr std::size_t kPageBytes = 32768;
 
     /// Copies `bytes`; `previous` (null: none) is the snapshot that is most likely to be alike.
     Snapshot(std::span<const std::byte> bytes, const Snapshot* previous);

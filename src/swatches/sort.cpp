@@ -2,8 +2,8 @@
 
 #include "colour/colour.h"
 
+#include <algorithm>
 #include <cstdint>
-#include <cstring>
 #include <vector>
 
 namespace chromalog {
@@ -15,12 +15,31 @@ template <typename Key> struct swatchEntry {
     std::uint16_t position; ///< index before sorting
 };
 
-/// The name's first eight bytes, the first one highest: compares as they do, zeros after the end.
-std::uint64_t leadingBytes(std::string_view name) {
-    std::uint64_t key = 0;
-    for (std::size_t i = 0; i < 8; ++i)
-        key = key << 8 | (i < name.size() ? static_cast<std::uint8_t>(name[i]) : 0);
-    return key;
+/// A name, and eight of its bytes from `skipped` on, the first one highest: they compare as the bytes do,
+/// with zeros after the end.
+struct NameKey {
+    std::string_view nom;
+    std::uint64_t bytes = 0;
+
+    NameKey(std::string_view name, std::size_t skipped) : nom(name) {
+        for (std::size_t i = skipped; i < skipped + 8; ++i)
+            bytes = bytes << 8 | (i < name.size() ? static_cast<std::uint8_t>(name[i]) : 0);
+    }
+    bool operator<(const NameKey& other) const {
+        return bytes != other.bytes ? bytes < other.bytes : nom < other.nom;
+    }
+};
+
+/// Length of what all names begin with: the names of one book often share their first word.
+std::size_t sharedPrefix(ConstListRecords shown) {
+    if (shown.empty()) return 0;
+    std::string_view shared = zeroTerminatedName(shown[0]);
+    for (const FCOStruct& record : shown) {
+        const std::string_view name = zeroTerminatedName(record);
+        const auto [end, ignored] = std::mismatch(shared.begin(), shared.end(), name.begin(), name.end());
+        shared = shared.substr(0, static_cast<std::size_t>(end - shared.begin()));
+    }
+    return shared.size();
 }
 
 /// Puts each record where its entry stands, moving every record once: a cycle of places at a time.
@@ -40,26 +59,23 @@ template <typename Key> void applyOrder(ListRecords records, std::vector<swatchE
     }
 }
 
-template <typename Key, typename KeyOf, typename Less>
-void sortRecords(ListRecords shown, KeyOf keyOf, Less less) {
-    std::vector<swatchEntry<Key>> entries;
+template <typename KeyOf> void sortRecords(ListRecords shown, KeyOf keyOf) {
+    using Entry = swatchEntry<decltype(keyOf(shown[0]))>;
+    std::vector<Entry> entries;
     entries.reserve(shown.size());
     for (const FCOStruct& record : shown)
         entries.push_back({keyOf(record), static_cast<std::uint16_t>(entries.size())});
-    std::stable_sort(entries.begin(), entries.end(), less);
+    std::stable_sort(entries.begin(), entries.end(),
+                     [](const Entry& a, const Entry& b) { return a.key < b.key; });
     applyOrder(shown, entries);
 }
 
 } // namespace
 
 void sortByName(ListRecords shown) {
-    using Entry = swatchEntry<std::uint64_t>;
-    const auto keyOf = [](const FCOStruct& record) { return leadingBytes(zeroTerminatedName(record)); };
-    const auto less = [shown](const Entry& a, const Entry& b) {
-        if (a.key != b.key) return a.key < b.key;
-        return zeroTerminatedName(shown[a.position]) < zeroTerminatedName(shown[b.position]);
-    };
-    sortRecords<std::uint64_t>(shown, keyOf, less);
+    const std::size_t shared = sharedPrefix(shown);
+    sortRecords(shown,
+                [shared](const FCOStruct& record) { return NameKey(zeroTerminatedName(record), shared); });
 }
 
 float hueOf(const FCOStruct& record) {
@@ -69,8 +85,7 @@ float hueOf(const FCOStruct& record) {
 }
 
 void sortByHue(ListRecords shown) {
-    using Entry = swatchEntry<float>;
-    sortRecords<float>(shown, hueOf, [](const Entry& a, const Entry& b) { return a.key < b.key; });
+    sortRecords(shown, hueOf);
 }
 
 } // namespace chromalog
