@@ -1,0 +1,89 @@
+// The program and the real plug-in together, as a person starts them from a shell.
+#include "support/run_program.h"
+
+#include <filesystem>
+#include <gmock/gmock.h>
+#include <unistd.h>
+
+namespace chromalog {
+namespace {
+
+namespace fs = std::filesystem;
+using ::testing::HasSubstr;
+
+struct ProgramWithPlugIn : ::testing::Test {
+    ProgramWithPlugIn() { fs::create_directories(folder); }
+    ~ProgramWithPlugIn() override { fs::remove_all(folder); }
+
+    ProgramResult run(std::vector<std::string> words, const std::string& platform = "offscreen") {
+        words.insert(words.begin(), {CHROMALOG_PROGRAM, "--data-dir", (folder / "data").string()});
+        return runProgram(words, {{"QT_QPA_PLATFORM", platform},
+                                  {"DISPLAY", ""},
+                                  {"WAYLAND_DISPLAY", ""},
+                                  {"XDG_CONFIG_HOME", (folder / "config").string()},
+                                  {"CHROMALOG_STRICT", "1"}});
+    }
+    const fs::path folder = fs::path(::testing::TempDir()) / ("with_plugin_" + std::to_string(getpid()));
+};
+
+TEST_F(ProgramWithPlugIn, AcceptPrintsTheFirstColour) {
+    const ProgramResult result = run({"--color", "#3366cc", "--accept", "--format", "rgb16"});
+    EXPECT_EQ(result.out, "58981 19660 6553\n");
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+}
+
+TEST_F(ProgramWithPlugIn, CancelPrintsTheOfferedColour) {
+    const ProgramResult result = run({"--color", "#3366cc", "--cancel"});
+    EXPECT_EQ(result.out, "#3366cc\n");
+    EXPECT_EQ(result.exitCode, 1) << result.err;
+}
+
+TEST_F(ProgramWithPlugIn, AcceptingTheColourThatWasOfferedIsNoChange) {
+    EXPECT_EQ(run({"--color", "rgb:58981,19660,6553", "--accept"}).exitCode, 1);
+}
+
+TEST_F(ProgramWithPlugIn, TwoPicksPrintTwoColours) {
+    const ProgramResult result = run({"--color", "red", "--accept", "--picks", "2", "--format", "rgb16"});
+    EXPECT_EQ(result.out, "58981 19660 6553\n58981 19660 6553\n");
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+}
+
+TEST_F(ProgramWithPlugIn, RefusedMemoryIsExit3) {
+    EXPECT_EQ(run({"--fail", "new", "--accept"}).exitCode, 3);
+    EXPECT_EQ(run({"--fail", "lock", "--accept"}).exitCode, 3);
+}
+
+TEST_F(ProgramWithPlugIn, TheAboutCallEndsQuietly) {
+    const ProgramResult result = run({"--about"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.out, "");
+}
+
+TEST_F(ProgramWithPlugIn, TheScreenshotIsAPicture) {
+    const fs::path picture = folder / "dialog.png";
+    EXPECT_EQ(run({"--screenshot", picture.string(), "--accept"}).exitCode, 0);
+    ASSERT_TRUE(fs::exists(picture));
+    EXPECT_GT(fs::file_size(picture), 1000u);
+}
+
+TEST_F(ProgramWithPlugIn, ABadScriptEndsWithItsLineAndExit2) {
+    const fs::path script = folder / "script.txt";
+    fclose(fopen(script.c_str(), "w"));
+    FILE* file = fopen(script.c_str(), "w");
+    fputs("wait 1\nfly to the moon\n", file);
+    fclose(file);
+    const ProgramResult result = run({"--drive", script.string()});
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_THAT(result.err, HasSubstr("script.txt:2"));
+    EXPECT_EQ(result.out, "");
+}
+
+TEST_F(ProgramWithPlugIn, WithoutADisplayNothingChanges) {
+    const ProgramResult result = run({"--color", "red", "--accept"}, "");
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.out, "#ff0000\n");
+    EXPECT_THAT(result.err, HasSubstr("display"));
+}
+
+} // namespace
+} // namespace chromalog
