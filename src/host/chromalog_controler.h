@@ -6,6 +6,8 @@
 #include "host/abi/picker_record.h"
 #include "host/dialog_outlets.h"
 #include "host/global_record.h"
+#include "print/list_printing.h"
+#include "print/print_options.h"
 #include "swatches/list_commands.h"
 #include "swatches/nearest_display.h"
 #include "swatches/search_knobs.h"
@@ -32,7 +34,8 @@ class ChromalogControler : WorkingColoursDesk,
                            myWellDesk,
                            CSwatchListDesk,
                            ListCommandsDesk,
-                           HistoryDesk {
+                           HistoryDesk,
+                           PrintDesk {
   public:
     ChromalogControler(GlobalRecord&, Desktop&);
     ~ChromalogControler() override;
@@ -63,6 +66,7 @@ class ChromalogControler : WorkingColoursDesk,
     void switchTone();
     void editSwatch();
     void writeToSwatch();
+    void printToneOrDegrade();
     void doUndo();
     void doRedo();
 
@@ -75,6 +79,7 @@ class ChromalogControler : WorkingColoursDesk,
     const degradeView& gradient() const { return degradeView_; }
     CSwatchList& list(int number) { return number == 1 ? swatch1_ : swatch2_; }
     ScrollView& listScroller(int number);
+    const PrintOptions& printOptions() const { return printOptions_; }
     std::int16_t getHarmonyMode() const override { return harmonyMode_; }
 
   private:
@@ -127,6 +132,14 @@ class ChromalogControler : WorkingColoursDesk,
     ListRecords list1Records() override { return data_.swatchList1; }
     ScrollView& scroller(CSwatchList& list) override { return listScroller(&list == &swatch1_ ? 1 : 2); }
     Menu& menu(CSwatchList&) override;
+    void setSwatchPrintsize(std::int16_t size) override { printOptions_.printSize = size; }
+    void setPrintAttributes(std::int16_t which, std::uint8_t flag) override {
+        printOptions_.setPrintAttributes(which, flag);
+    }
+    std::uint8_t isNameToPrint() const override { return printOptions_.printName; }
+    std::uint8_t isRGBToPrint() const override { return printOptions_.printRGB; }
+    std::uint8_t isCMYKToPrint() const override { return printOptions_.printCMYK; }
+    std::int16_t getMyPrintSize() const override { return printOptions_.printSize; }
 
     GlobalRecord& data_;
     Desktop& desktop_;
@@ -136,6 +149,7 @@ class ChromalogControler : WorkingColoursDesk,
     WorkingColours colours_{*this};
     DialogOutlets outlets_;
     std::int16_t harmonyMode_ = 0;
+    PrintOptions printOptions_;
     chromaticCircleView chromaView_{*this};
     luminosityView lumiView_{*this};
     toneView toneView_{*this};

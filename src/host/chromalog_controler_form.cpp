@@ -1,6 +1,8 @@
 // The dialog's interface file: its outlets, its actions, and the actions of the colour views.
 #include "host/chromalog_controler.h"
 
+#include "print/chart_printing.h"
+
 namespace chromalog {
 
 void ChromalogControler::loadForm() {
@@ -49,6 +51,10 @@ std::vector<ActionEntry> ChromalogControler::actions() {
         {"doRedo:", [this] { doRedo(); }},
         {"showProtocolWindow", [this] { history_->showProtocolWindow(); }},
         {"dumpUndo", [this] { history_->dumpUndo(); }},
+        {"setupPrintPage:", [this] { desktop_.runPageLayout(getChromalogWindow()); }},
+        {"printFirstSwatch:", [this] { printSwatchList(swatch1_, *this); }},
+        {"printSecondSwatch:", [this] { printSwatchList(swatch2_, *this); }},
+        {"printToneOrDegrade:", [this] { printToneOrDegrade(); }},
     };
 }
 
@@ -84,6 +90,10 @@ void ChromalogControler::switchTone() {
     toneView_.setHidden(!tone);
     outlets_.absOrRel->setHidden(!tone);
     outlets_.toneSlider->setHidden(!tone);
+}
+
+void ChromalogControler::printToneOrDegrade() {
+    chromalog::printToneOrDegrade(degradeView_, toneView_, outlets_.toneOrDegrade->state(), desktop_);
 }
 
 void ChromalogControler::editSwatch() {

@@ -71,9 +71,13 @@ QJsonObject historyState(ChromalogControler& controler) {
     return state;
 }
 
-QJsonObject printState(QtDesktop& desktop) {
+QJsonObject printState(QtDesktop& desktop, const PrintOptions& options) {
     const PrintInfo& info = desktop.sharedPrintInfo();
-    return {{"printInfo", QJsonObject{{"paper", json(info.paper)},
+    return {{"printSize", options.printSize},
+            {"printName", options.printName},
+            {"printRGB", options.printRGB},
+            {"printCMYK", options.printCMYK},
+            {"printInfo", QJsonObject{{"paper", json(info.paper)},
                                       {"margins", QJsonArray{info.left, info.right, info.top, info.bottom}},
                                       {"scale", info.scale}}}};
 }
@@ -174,7 +178,7 @@ QJsonObject dialogState(QtDesktop& desktop, ChromalogControler& controler,
                       {"host", hostState(controler, standalone)}};
     addAll(state, coloursState(controler));
     addAll(state, historyState(controler));
-    addAll(state, printState(desktop));
+    addAll(state, printState(desktop, controler.printOptions()));
     addAll(state, desktopState(desktop));
     return state;
 }
