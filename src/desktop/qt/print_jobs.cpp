@@ -2,34 +2,36 @@
 
 #include "desktop/qt/convert.h"
 #include "desktop/qt/paint_canvas.h"
+#include "prefs/file_io.h"
 
-#include <QFile>
-#include <QFileInfo>
+#include <QBuffer>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QProgressDialog>
-#include <QTemporaryFile>
 
 #include <algorithm>
-#include <filesystem>
 
 namespace chromalog {
 
 namespace {
 
 constexpr double pointsPerInch = 72.0;
+constexpr int pdfResolution = 1200;
+constexpr const char* creator = "Chromalog";
 
-/// One job on its way: where it goes, with what settings, beside which window.
+/// One job on its way: what is printed, with what settings, and the sheets that were asked for.
 struct Operation {
-    QPrinter& printer;
+    QString title;
     PrintPages pages;
     PrintInfo info;
-    QWidget* window;
+    int first = 0;
+    int last = 0;
 };
 
 void paintSheet(const Operation& job, int index, QPainter& painter) {
-    const double scale = job.printer.resolution() / pointsPerInch;
+    const double scale = painter.device()->logicalDpiX() / pointsPerInch;
     painter.save();
     painter.scale(scale, scale);
     painter.translate(job.info.left, job.info.top);
@@ -41,67 +43,64 @@ void paintSheet(const Operation& job, int index, QPainter& painter) {
     painter.restore();
 }
 
-/// A truncated file lacks the closing mark: the toolkit does not report a full disk.
-bool wholePdf(const QString& path) {
-    QFile file(path);
-    constexpr qint64 tail = 16;
-    if (!file.open(QIODevice::ReadOnly) || file.size() < tail) return false;
-    file.seek(file.size() - tail);
-    return file.readAll().contains("%%EOF");
-}
-
-/// A free name beside the target, so that the finished file can take its place in one step.
-QString temporaryBeside(const QString& path) {
-    QTemporaryFile file(path + ".XXXXXX");
-    file.setAutoRemove(false);
-    return file.open() ? file.fileName() : QString();
-}
-
-std::pair<int, int> askedSheets(const Operation& job) {
-    if (job.printer.printRange() != QPrinter::PageRange) return {0, job.pages.sheets - 1};
-    return {std::max(0, job.printer.fromPage() - 1), std::min(job.pages.sheets, job.printer.toPage()) - 1};
-}
-
-PrintOutcome toPrinter(const Operation& job) {
-    job.printer.setPageLayout(paperOf(job.info));
-    job.printer.setFullPage(true);
+/// Paints the sheets one after the other. `goOn` is asked before each of them.
+template <typename GoOn>
+PrintOutcome paintSheets(const Operation& job, QPagedPaintDevice& device, GoOn goOn) {
     QPainter painter;
-    if (!painter.begin(&job.printer)) return PrintOutcome::failed;
+    if (!painter.begin(&device)) return PrintOutcome::failed;
     painter.setRenderHint(QPainter::LosslessImageRendering);
-    const auto [first, last] = askedSheets(job);
-    QProgressDialog progress(QObject::tr("Printing…"), QObject::tr("Cancel"), first, last + 1, job.window);
-    progress.setWindowModality(Qt::WindowModal);
-    for (int sheet = first; sheet <= last; ++sheet) {
-        progress.setValue(sheet); // lets the person press Cancel
-        if (progress.wasCanceled()) {
-            job.printer.abort();
-            return PrintOutcome::cancelled;
-        }
-        if (sheet > first && !job.printer.newPage()) return PrintOutcome::failed;
+    for (int sheet = job.first; sheet <= job.last; ++sheet) {
+        if (!goOn(sheet)) return PrintOutcome::cancelled;
+        if (sheet > job.first && !device.newPage()) return PrintOutcome::failed;
         paintSheet(job, sheet, painter);
     }
-    progress.setValue(last + 1);
     return painter.end() ? PrintOutcome::printed : PrintOutcome::failed;
 }
 
-/// The file takes its name when it is whole. A job that was cancelled or failed leaves an older file of that
-/// name be.
-PrintOutcome toFile(const Operation& job, const QString& path) {
-    const QString temporary = temporaryBeside(path);
-    if (temporary.isEmpty()) return PrintOutcome::failed;
-    job.printer.setOutputFormat(QPrinter::PdfFormat);
-    job.printer.setOutputFileName(temporary);
-    PrintOutcome outcome = toPrinter(job);
-    if (outcome == PrintOutcome::printed && !wholePdf(temporary)) outcome = PrintOutcome::failed;
-    std::error_code error;
-    if (outcome == PrintOutcome::printed) {
-        QFile::setPermissions(temporary,
-                              QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther);
-        std::filesystem::rename(fromQt(temporary), fromQt(path), error);
-        if (error) outcome = PrintOutcome::failed;
-    }
-    if (outcome != PrintOutcome::printed) QFile::remove(temporary);
-    return outcome;
+/// Makes a PDF document of the job in memory, where a person can cancel it without a trace.
+PrintOutcome makePdf(const Operation& job, QByteArray& document, QWidget* window) {
+    QBuffer buffer(&document);
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    writer.setTitle(job.title);
+    writer.setCreator(creator);
+    writer.setResolution(pdfResolution);
+    writer.setPageLayout(paperOf(job.info));
+    QProgressDialog progress(QObject::tr("Printing…"), QObject::tr("Cancel"), job.first, job.last + 1,
+                             window);
+    progress.setWindowModality(Qt::WindowModal);
+    progress.setMinimumDuration(500);
+    return paintSheets(job, writer, [&](int sheet) {
+        progress.setValue(sheet); // lets the person press Cancel
+        return !progress.wasCanceled();
+    });
+}
+
+PrintOutcome toFile(const Operation& job, const QString& path, QWidget* window) {
+    QByteArray document;
+    const PrintOutcome outcome = makePdf(job, document, window);
+    if (outcome != PrintOutcome::printed) return outcome;
+    const std::span bytes(reinterpret_cast<const std::uint8_t*>(document.constData()),
+                          std::size_t(document.size()));
+    return writeDataToFileAtURL(fromQt(path), bytes) ? PrintOutcome::printed : PrintOutcome::failed;
+}
+
+/// A printer is sent what was painted even when the job ends half-way, so it is painted only after the person
+/// had the chance to cancel.
+PrintOutcome toPrinter(const Operation& job, QPrinter& printer, QWidget* window) {
+    QByteArray rehearsal;
+    const PrintOutcome outcome = makePdf(job, rehearsal, window);
+    if (outcome != PrintOutcome::printed) return outcome;
+    printer.setPageLayout(paperOf(job.info));
+    printer.setFullPage(true);
+    return paintSheets(job, printer, [](int) { return true; });
+}
+
+void takeAskedSheets(Operation& job, const QPrinter& printer) {
+    job.last = job.pages.sheets - 1;
+    if (printer.printRange() != QPrinter::PageRange) return;
+    job.first = std::max(0, printer.fromPage() - 1);
+    job.last = std::min(job.last, printer.toPage() - 1);
 }
 
 } // namespace
@@ -131,7 +130,7 @@ std::optional<PrintInfo> PrintJobs::ask(QPrinter& printer, QWidget* parent) cons
 PrintOutcome PrintJobs::run(const PrintJob& job, QWidget* parent) {
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(toQt(job.title));
-    printer.setCreator("Chromalog");
+    printer.setCreator(creator);
     PrintInfo agreed = info;
     QString file = nextPdf ? toQt(*nextPdf) : QString();
     nextPdf.reset();
@@ -141,9 +140,11 @@ PrintOutcome PrintJobs::run(const PrintJob& job, QWidget* parent) {
         agreed = *answer;
         file = printer.outputFileName();
     }
-    const Operation operation{printer, job.layOut(agreed), agreed, parent};
-    if (operation.pages.sheets <= 0) return PrintOutcome::failed;
-    return file.isEmpty() ? toPrinter(operation) : toFile(operation, file);
+    Operation operation{toQt(job.title), job.layOut(agreed), agreed};
+    takeAskedSheets(operation, printer);
+    if (operation.first > operation.last)
+        return PrintOutcome::failed; // no sheets, or none of those asked for
+    return file.isEmpty() ? toPrinter(operation, printer, parent) : toFile(operation, file, parent);
 }
 
 } // namespace chromalog
