@@ -34,7 +34,7 @@ Spot clickSpot(QWidget& control) {
 
 QAction* itemOf(const QMenu& menu, const QString& operation) {
     for (QAction* action : menu.actions())
-        if (action->property("action").toString() == operation) return action;
+        if (sends(*action, operation)) return action;
     return nullptr;
 }
 

@@ -16,10 +16,6 @@ bool isOutlet(const QWidget& widget, const QString& name) {
     return widget.objectName() == name || widget.objectName() == '_' + name;
 }
 
-bool sends(const QObject& object, const QString& operation) {
-    return object.property("action").toString() == operation;
-}
-
 bool isReachable(const QWidget& widget) {
     return widget.isVisible() && !isBlocked(widget);
 }
@@ -32,6 +28,11 @@ bool isBelow(const QWidget& widget, const QWidget* modal) {
 }
 
 } // namespace
+
+bool sends(const QObject& object, const QString& operation) {
+    const QString action = object.property("action").toString();
+    return !action.isEmpty() && (action == operation || action == operation + ':');
+}
 
 bool isBlocked(const QWidget& widget) {
     const QWidget* modal = QApplication::activeModalWidget();

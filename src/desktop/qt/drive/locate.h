@@ -24,6 +24,9 @@ QWidget* findOutlet(const QString& name);
 /// Throws CommandError.
 QWidget& reachableOutlet(const std::string& name);
 
+/// Whether a control or menu item sends the operation. Its closing colon may be left out.
+bool sends(const QObject&, const QString& operation);
+
 /// The control on the screen that sends the operation; null where there is none that could be reached.
 QWidget* controlSending(const QString& operation);
 

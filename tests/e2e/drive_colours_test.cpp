@@ -1,0 +1,159 @@
+// The two working colours, as a person's mouse and keyboard change them.
+#include "e2e/driven_pick.h"
+
+namespace chromalog::test {
+namespace {
+
+class DriveColours : public DrivenPick {
+  protected:
+    std::string text(const json& state, const char* outlet) const { return state["outlets"][outlet]["text"]; }
+};
+
+TEST_F(DriveColours, EveryKeystrokeRebuildsTheColour) {
+    playWell(
+        "type firstR 2\nstate $/1.json\nappend firstR 5\nstate $/2.json\nappend firstR 5\nstate $/3.json\n"
+        "type firstR ''\nstate $/4.json\n");
+    const int expected[] = {2, 25, 255, 0};
+    for (int i = 0; i < 4; ++i) {
+        const auto now = state(std::to_string(i + 1) + ".json");
+        EXPECT_EQ(now["firstColor"][0], static_cast<float>(expected[i]) / 255.0) << i;
+        EXPECT_EQ(now["outlets"]["okButton"]["background"], now["firstColor"]) << i;
+        EXPECT_EQ(now["outlets"]["origFirstColor"]["color"], now["firstColor"]) << i;
+    }
+    EXPECT_EQ(text(state("3.json"), "firstR"), "255");
+    EXPECT_EQ(text(state("4.json"), "firstR"), "") << "the field keeps what was typed";
+}
+
+TEST_F(DriveColours, AFieldThatIsTypedInKeepsItsTextUntilReturn) {
+    playWell("type secondC 7x\nstate $/typing.json\nkey Return\nstate $/ended.json\n",
+             {"--color-services", "closed"});
+    EXPECT_EQ(text(state("typing.json"), "secondC"), "7x");
+    EXPECT_TRUE(state("typing.json")["outlets"]["secondC"]["focused"]);
+    EXPECT_NE(text(state("ended.json"), "secondC"), "7x");
+}
+
+TEST_F(DriveColours, ASecondReturnIsOk) {
+    const auto result =
+        play("type firstR 16\nkey Return\nstate $/open.json\nkey Return\nstate $/never.json\n");
+    EXPECT_EQ(result.out, "#104c19\n");
+    EXPECT_TRUE(std::filesystem::exists(file("open.json")));
+    EXPECT_FALSE(std::filesystem::exists(file("never.json")));
+}
+
+TEST_F(DriveColours, TypingTheSecondColourMovesWheelAndStrip) {
+    playWell("type secondR 255\ntype secondG 0\ntype secondB 0\nstate $/state.json\n");
+    const auto now = state();
+    const double side = now["wheel"]["size"][0];
+    EXPECT_EQ(now["secondColor"], (json{1.0, 0.0, 0.0, 1.0}));
+    EXPECT_EQ(now["wheel"]["selectedPoint"], (json{side, side / 2}))
+        << "pure red stands at the right of the rim";
+    EXPECT_EQ(now["luminosity"], 1.0);
+}
+
+TEST_F(DriveColours, AClickOnTheWheelPicksAtExactlyThatPoint) {
+    playWell("click chromaView 100.25 90.5\nstate $/state.json\n");
+    const auto now = state();
+    EXPECT_EQ(now["wheel"]["selectedPoint"], (json{100.25, 90.5}));
+    EXPECT_EQ(now["outlets"]["origSecondColor"]["color"], now["secondColor"]);
+    const double side = now["wheel"]["size"][0];
+    EXPECT_EQ(now["wheel"]["oppositePoint"], (json{side - 100.25, side - 90.5}));
+}
+
+TEST_F(DriveColours, TheStripsEdgesAreItsDarkestAndBrightest) {
+    playWell("click lumiView 5 0\nstate $/dark.json\nsweep lumiView 5 10 5 1000 3\nstate $/bright.json\n",
+             {"--color", "#336699"});
+    EXPECT_EQ(state("dark.json")["luminosity"], 0.0);
+    EXPECT_EQ(state("dark.json")["secondColor"], (json{0.0, 0.0, 0.0, 1.0}));
+    const auto bright = state("bright.json");
+    EXPECT_GT(bright["luminosity"], 1.0) << "the sweep left the strip at the top";
+    EXPECT_EQ(bright["secondColor"][2], 1.0) << "hue and saturation came back";
+    EXPECT_NEAR(bright["secondColor"][0], 1.0 / 3, 1e-6);
+}
+
+TEST_F(DriveColours, HarmonyModesToggleOrStay) {
+    playWell("press complementOn:\nstate $/1.json\npress complementOn:\nstate $/2.json\n"
+             "press quadriOn:\nstate $/3.json\npress quadriOn:\nstate $/4.json\n");
+    EXPECT_EQ(state("1.json")["harmonyMode"], 1);
+    EXPECT_EQ(state("2.json")["harmonyMode"], 0);
+    EXPECT_EQ(state("3.json")["harmonyMode"], 4);
+    EXPECT_EQ(state("4.json")["harmonyMode"], 4);
+}
+
+TEST_F(DriveColours, TheSwitchShowsTheToneChartWithItsControls) {
+    playWell(
+        "state $/before.json\nset toneOrDegrade 1\nset toneSlider 33\nset absOrRel 1\nstate $/after.json\n"
+        "set toneOrDegrade 0\nstate $/again.json\n");
+    const auto hidden = [&](const char* file, const char* outlet) {
+        return state(file)["outlets"][outlet]["hidden"];
+    };
+    for (const char* outlet : {"myToneView", "absOrRel", "toneSlider"}) {
+        EXPECT_TRUE(hidden("before.json", outlet)) << outlet;
+        EXPECT_FALSE(hidden("after.json", outlet)) << outlet;
+        EXPECT_TRUE(hidden("again.json", outlet)) << outlet;
+    }
+    EXPECT_TRUE(hidden("after.json", "myDegrade"));
+    EXPECT_EQ(state("before.json")["outlets"]["toneSlider"]["value"], 50);
+    EXPECT_EQ(state("after.json")["outlets"]["toneSlider"]["value"], 33);
+    EXPECT_EQ(state("after.json")["outlets"]["absOrRel"]["value"], 1);
+}
+
+TEST_F(DriveColours, ADropFromOutsideLandsInTheGradientsCorner) {
+    playWell("drop myDegrade 300 300 '#11223380'\nstate $/state.json\n");
+    EXPECT_EQ(state()["gradient"]["UL"], (json{0x11 / 255.0, 0x22 / 255.0, 0x33 / 255.0, 1.0}))
+        << "stored opaque";
+    EXPECT_EQ(state()["gradient"]["LR"], (json{0.9, 0.1, 1.0, 1.0}));
+}
+
+TEST_F(DriveColours, AClickInTheGradientPicksAndADragCarriesThePick) {
+    playWell("state $/none.json\ndrag myDegrade 3 3 origFirstColor 10 10\nstate $/state.json\n");
+    EXPECT_EQ(state("none.json")["gradient"]["selectedColor"], nullptr);
+    const auto now = state();
+    const json picked = now["gradient"]["selectedColor"];
+    EXPECT_NEAR(picked[0], 0.9, 1.0 / 255);
+    EXPECT_EQ(now["firstColor"], picked) << "inside the process the doubles are exact";
+    EXPECT_EQ(now["lastDrag"], (json{{"types", {"color"}}, {"imageSize", {20.0, 20.0}}, {"result", "copy"}}));
+    EXPECT_EQ(now["pasteboard"]["types"], (json{"color"}));
+}
+
+TEST_F(DriveColours, WellsDragTheirColourOutAndTakeOne) {
+    playWell("drag origSecondColor 20 20 origFirstColor 5 5\nstate $/state.json\n",
+             {"--color", "rgb:4863,13312,65535"});
+    EXPECT_EQ(state()["firstColor"], (json{0x12 / 255.0, 0x34 / 255.0, 1.0, 1.0}));
+    EXPECT_EQ(text(state(), "firstR"), "18");
+}
+
+TEST_F(DriveColours, ADropOnTheSecondWellMovesTheWheel) {
+    playWell("drop origSecondColor 5 5 lime\nstate $/state.json\n");
+    EXPECT_EQ(state()["secondColor"], (json{0.0, 1.0, 0.0, 1.0}));
+    EXPECT_EQ(state()["luminosity"], 1.0);
+    EXPECT_EQ(text(state(), "secondG"), "255");
+}
+
+TEST_F(DriveColours, ColoursInOtherSpacesGoThroughTheHost) {
+    playWell("drop origFirstColor 5 5 hsb:0,65535,65535\nstate $/state.json\n");
+    EXPECT_EQ(state()["firstColor"], (json{1.0, 0.0, 0.0, 1.0}));
+}
+
+TEST_F(DriveColours, TheSameHoldsOnASharpScreen) {
+    const std::string script =
+        "picture chromaView $/wheel.png\nclick chromaView 77 201.5\nclick myDegrade 3 99\n"
+        "shot $/shot.png\nstate $/state.json\n";
+    playWell(script);
+    const auto once = state();
+    const auto size = std::filesystem::file_size(file("wheel.png"));
+    environment_["QT_SCALE_FACTOR"] = "2";
+    playWell(script);
+    for (const char* key : {"secondColor", "wheel", "gradient", "outlets"})
+        EXPECT_EQ(state()[key], once[key]) << key;
+    EXPECT_EQ(std::filesystem::file_size(file("wheel.png")), size) << "picks read one pixel a point";
+}
+
+TEST_F(DriveColours, ArrowKeysWorkOnTheStrip) {
+    playWell("key Up lumiView\nstate $/1.json\nkey Shift+Down lumiView\nstate $/2.json\n",
+             {"--color", "#808080"});
+    EXPECT_GT(state("1.json")["luminosity"], 128 / 255.0);
+    EXPECT_LT(state("2.json")["luminosity"], 128 / 255.0);
+}
+
+} // namespace
+} // namespace chromalog::test

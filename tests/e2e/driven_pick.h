@@ -1,0 +1,84 @@
+#pragma once
+
+#include "support/run_program.h"
+#include "support/temporary_folder.h"
+
+#include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
+
+#include <fstream>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace chromalog::test {
+
+using nlohmann::json;
+
+/// Runs the stand-alone host with scripts, offscreen unless a test says otherwise, each test in folders of
+/// its own.
+class DrivenPick : public testing::Test {
+  protected:
+    DrivenPick() {
+        for (const char* name : {"run", "config", "home"})
+            std::filesystem::create_directory(file(name));
+        std::filesystem::permissions(file("run"), std::filesystem::perms::owner_all);
+        environment_ = {{"QT_QPA_PLATFORM", "offscreen"}, {"CHROMALOG_STRICT", "1"},
+                        {"XDG_RUNTIME_DIR", file("run")}, {"XDG_CONFIG_HOME", file("config")},
+                        {"HOME", file("home")},           {"QT_LOGGING_RULES", ""},
+                        {"QT_SCALE_FACTOR", ""},          {"LC_ALL", "C.UTF-8"}};
+    }
+
+    std::string file(const std::string& name) const { return folder_ / name; }
+
+    void write(const std::string& name, const std::string& text) const {
+        std::ofstream(file(name), std::ios::binary) << text;
+    }
+    void write(const std::string& name, const std::vector<std::uint8_t>& bytes) const {
+        write(name, std::string(bytes.begin(), bytes.end()));
+    }
+
+    /// The host's command line with these options; a run that hangs is ended and fails by its exit code.
+    std::vector<std::string> command(const std::vector<std::string>& options) const {
+        std::vector<std::string> words = {"timeout",         "-k",         "10",        "300",
+                                          CHROMALOG_PROGRAM, "--data-dir", file("data")};
+        words.insert(words.end(), options.begin(), options.end());
+        return words;
+    }
+
+    ProgramResult pick(const std::vector<std::string>& options) const {
+        return runProgram(command(options), environment_);
+    }
+
+    /// $ in the script stands for the test's folder.
+    void writeScript(std::string script) const {
+        for (auto at = script.find('$'); at != std::string::npos;
+             at = script.find('$', at + folder_.path().size()))
+            script.replace(at, 1, folder_.path());
+        write("script", script);
+    }
+
+    ProgramResult play(const std::string& script, std::vector<std::string> options = {}) const {
+        writeScript(script);
+        options.insert(options.end(), {"--drive", file("script")});
+        return pick(options);
+    }
+
+    /// Plays a script that must come to its end without an error.
+    void playWell(const std::string& script, const std::vector<std::string>& options = {}) const {
+        const auto result = play(script, options);
+        EXPECT_LE(result.exitCode, 1) << result.err;
+        EXPECT_EQ(result.err, "");
+    }
+
+    json state(const std::string& name = "state.json") const {
+        std::ifstream in(file(name));
+        EXPECT_TRUE(in.is_open()) << name;
+        return json::parse(in, nullptr, false);
+    }
+
+    TemporaryFolder folder_;
+    std::map<std::string, std::string> environment_;
+};
+
+} // namespace chromalog::test
