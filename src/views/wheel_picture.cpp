@@ -1,7 +1,6 @@
 #include "views/wheel_picture.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace chromalog {
@@ -9,7 +8,8 @@ namespace {
 
 constexpr double pi = 3.141592653589793;
 constexpr double backgroundBrightness = 0.93;
-constexpr float fullAlpha = 0.9999f; // saturation up to which the disc is opaque
+constexpr float opaqueSaturation = 0.9999f; // outside of it the disc fades out
+constexpr std::uint32_t opaqueBlack = 0xFF000000u;
 
 std::uint32_t byteOf(double component) {
     return static_cast<std::uint32_t>(component * 255);
@@ -20,18 +20,17 @@ std::uint32_t wordOf(const Colour& c, float alpha) {
     return a << 24 | byteOf(c.red()) << 16 | byteOf(c.green()) << 8 | byteOf(c.blue());
 }
 
-/// The last ten-thousandth of the radius fades out.
-float alphaOf(float saturation) {
-    return saturation <= fullAlpha ? 1.0f : (1 - saturation) * 100;
+std::uint32_t background() {
+    return wordOf(Colour::hsb(0, 0, backgroundBrightness), 1);
 }
 
-/// Shifts of the largest, the middle and the smallest channel in a pixel, by sextant of the hue.
-constexpr ChannelShifts shiftsOf[6] = {{16, 8, 0}, {8, 16, 0}, {8, 0, 16},
-                                       {0, 8, 16}, {0, 16, 8}, {16, 0, 8}};
+float alphaOf(float saturation) {
+    return saturation <= opaqueSaturation ? 1.0f : (1 - saturation) * 100;
+}
 
 struct Factors {
-    int sextant;
-    double middle;
+    std::uint32_t order;
+    double middle, low;
 };
 
 /// As Colour::hsb has them. A hue of a full turn or no number counts as 0.
@@ -39,7 +38,11 @@ Factors factorsOf(double hue, double saturation) {
     if (!(hue < 1)) hue = 0;
     const int sextant = static_cast<int>(6 * hue);
     const double f = 6 * hue - sextant;
-    return {sextant, 1 - saturation * (sextant % 2 ? f : 1 - f)};
+    const double low = 1 - saturation;
+    // Left of the centre two channels are the brightness itself, which is often a whole byte: a factor of 1
+    // would leave half a row in doubt.
+    if (sextant == 3 && f == 0) return {twoLargest, low, low};
+    return {static_cast<std::uint32_t>(sextant), 1 - saturation * (sextant % 2 ? f : 1 - f), low};
 }
 
 } // namespace
@@ -55,7 +58,7 @@ void getColorWheelValue(int x, int y, float* hue, float* saturation, float radiu
 std::uint32_t wheelPixel(int x, int y, float radius, float brightness) {
     float hue, saturation;
     getColorWheelValue(x, y, &hue, &saturation, radius);
-    if (saturation >= 1) return wordOf(Colour::hsb(0, 0, backgroundBrightness), 1);
+    if (saturation >= 1) return background();
     const float alpha = alphaOf(saturation);
     return wordOf(Colour::hsb(hue, saturation, brightness, alpha), alpha);
 }
@@ -73,81 +76,115 @@ void WheelPicture::render(int size, float brightness) {
     size = std::max(size, 0);
     if (size != bitmap_.width) measure(size);
     const float held = brightness > 0 ? std::min(brightness, 1.0f) : 0; // as a colour holds it
-    const BrightnessScale scale(held);
-    for (const Run& run : runs_)
-        fill(run, scale, held);
+    if (held * 255.0 < 1)                                               // so is every byte
+        for (const RowSpan& span : spans_)
+            std::fill_n(&bitmap_.pixels[span.first], span.length, opaqueBlack);
+    else
+        fill(held);
     for (const RimPixel& pixel : rim_) {
         std::uint32_t& word = bitmap_.pixels[pixel.index];
-        word = (word & 0xFFFFFF) | pixel.alpha;
+        word = (word & ~opaqueBlack) | pixel.alpha;
     }
 }
 
 void WheelPicture::measure(int size) {
     const auto area = static_cast<std::size_t>(size) * size;
-    bitmap_ = {size, size,
-               std::vector<std::uint32_t>(area, wordOf(Colour::hsb(0, 0, backgroundBrightness), 1))};
-    const int middleRow = (size + 1) / 2; // the first row that is not above the centre
-    const auto planeSize = static_cast<std::size_t>(size - middleRow) * size;
-    middle_.assign(planeSize + wheelBlock, 0); // a short run reads past its end
-    low_.assign(planeSize + wheelBlock, 0);
-    runs_.clear();
+    bitmap_ = {size, size, std::vector<std::uint32_t>(area, background())};
+    middle_.assign(size, 0);
+    low_.assign(size, 0);
+    chunks_.clear();
+    factors_.clear();
+    strays_.clear();
+    spans_.clear();
     rim_.clear();
-    std::size_t plane = 0;
-    for (int row = middleRow; row < size; ++row, plane += size)
-        measureRow(row, size - row, plane);
+    for (int row = 0; row < size; ++row)
+        measureRow(row);
+    while (chunks_.size() % groupChunks != 0) { // the last chunk again
+        chunks_.push_back(chunks_.back());
+        for (int i = 0; i < chunkFactors; ++i)
+            factors_.push_back(factors_[factors_.size() - chunkFactors]);
+    }
 }
 
-void WheelPicture::measureRow(int row, int mirror, std::size_t plane) {
+void WheelPicture::measureRow(int row) {
     const int size = bitmap_.width;
-    const float radius = size / 2.0f;
-    mirrored_.clear();
+    const std::size_t start = static_cast<std::size_t>(row) * size;
+    runs_.clear();
     for (int x = 0; x < size; ++x) {
         float hue, saturation;
-        getColorWheelValue(x, row, &hue, &saturation, radius);
+        getColorWheelValue(x, row, &hue, &saturation, size / 2.0f);
         if (saturation >= 1) continue;
         const Factors factors = factorsOf(hue, saturation);
-        middle_[plane + x] = static_cast<float>(factors.middle);
-        low_[plane + x] = static_cast<float>(1.0 - saturation);
-        notePixel(runs_, {row, x, x + 1, factors.sextant, plane});
-        if (mirror != row)
-            notePixel(mirrored_, {mirror, x, x + 1, factorsOf(1 - hue, saturation).sextant, plane});
+        middle_[x] = static_cast<float>(factors.middle);
+        low_[x] = static_cast<float>(factors.low);
+        if (runs_.empty() || runs_.back().order != factors.order) runs_.push_back({x, x, factors.order});
+        runs_.back().end = x + 1;
         const float alpha = alphaOf(saturation);
-        if (alpha == 1) continue;
-        const auto word = static_cast<std::uint32_t>(alpha * 255) << 24;
-        rim_.push_back({static_cast<std::size_t>(row) * size + x, word});
-        if (mirror != row) rim_.push_back({static_cast<std::size_t>(mirror) * size + x, word});
+        if (alpha < 1) rim_.push_back({start + x, static_cast<std::uint32_t>(alpha * 255) << 24});
     }
-    runs_.insert(runs_.end(), mirrored_.begin(), mirrored_.end());
+    if (runs_.empty()) return;
+    spans_.push_back(
+        {start + runs_.front().begin, static_cast<std::size_t>(runs_.back().end - runs_.front().begin)});
+    cutIntoChunks(row);
 }
 
-void WheelPicture::notePixel(std::vector<Run>& runs, const Run& pixel) {
-    if (!runs.empty() && runs.back().row == pixel.row && runs.back().sextant == pixel.sextant)
-        runs.back().end = pixel.end;
-    else
-        runs.push_back(pixel);
+/// A run's last chunk overlaps the one before. A run shorter than a chunk spills over its neighbours, inside
+/// the disc: to the right where there is room, and then those are written after it; else to the left, and
+/// then it is written first.
+void WheelPicture::cutIntoChunks(int row) {
+    const int discBegin = runs_.front().begin, discEnd = runs_.back().end;
+    const auto spillsLeft = [&](const Run& run) {
+        return run.length() < chunkPixels && run.begin + chunkPixels > discEnd;
+    };
+    for (auto run = runs_.rbegin(); run != runs_.rend() && spillsLeft(*run); ++run) {
+        if (run->end - chunkPixels >= discBegin)
+            addChunk(row, run->end - chunkPixels, *run);
+        else
+            for (int x = run->begin; x < run->end; ++x)
+                strays_.push_back(row * bitmap_.width + x);
+    }
+    for (const Run& run : runs_) {
+        if (spillsLeft(run)) break;
+        for (int x = run.begin; x < run.end; x += chunkPixels)
+            addChunk(row, std::max(run.begin, std::min(x, run.end - chunkPixels)), run);
+    }
 }
 
-void WheelPicture::fill(const Run& run, const BrightnessScale& scale, float brightness) {
-    std::uint32_t* row = bitmap_.pixels.data() + static_cast<std::size_t>(run.row) * bitmap_.width;
-    const int length = run.end - run.begin;
-    if (scale.top == 0) { // every byte is less than that of factor 1
-        std::fill_n(row + run.begin, length, 0xFF000000u);
-        return;
+void WheelPicture::addChunk(int row, int begin, const Run& run) {
+    chunks_.push_back({static_cast<std::uint32_t>(row * bitmap_.width + begin), run.order});
+    factors_.insert(factors_.end(), middle_.begin() + begin, middle_.begin() + begin + chunkPixels);
+    factors_.insert(factors_.end(), low_.begin() + begin, low_.begin() + begin + chunkPixels);
+}
+
+void WheelPicture::fill(float brightness) {
+    const BrightnessScale scale(brightness);
+    for (std::uint32_t index : strays_)
+        recomputePixel(index, brightness);
+    const std::size_t groups = chunks_.size() / groupChunks;
+    for (std::size_t group = 0;; ++group) {
+        group = fillWheelChunks(chunks_.data(), factors_.data(), group, groups, bitmap_.pixels.data(), scale);
+        if (group >= groups) return;
+        for (int c = 0; c < groupChunks; ++c)
+            recompute(group * groupChunks + c, scale, brightness);
     }
-    const float* middle = middle_.data() + run.plane;
-    const float* low = low_.data() + run.plane;
-    std::array<std::uint32_t, wheelBlock> shortRun;
-    const int count = std::min(length, wheelBlock);
-    for (int x = run.begin; x < run.end; x += wheelBlock) {
-        x = std::max(run.begin, std::min(x, run.end - wheelBlock)); // the last block overlaps the one before
-        std::uint32_t* out = length < wheelBlock ? shortRun.data() : row + x;
-        const bool doubtful = fillWheelBlock(middle + x, low + x, out, scale, shiftsOf[run.sextant]);
-        if (length < wheelBlock) std::copy_n(out, count, row + x);
-        if (!doubtful) continue;
-        for (int i = x; i < x + count; ++i)
-            if (scale.doubtful(middle[i]) || scale.doubtful(low[i]))
-                row[i] = wheelPixel(i, run.row, bitmap_.width / 2.0f, brightness);
-    }
+}
+
+void WheelPicture::recompute(std::size_t chunk, const BrightnessScale& scale, float brightness) {
+    const float* middle = &factors_[chunk * chunkFactors];
+    const float* low = middle + chunkPixels;
+    const auto doubtful = [&](int i) { return int{scale.doubtful(middle[i])} | int{scale.doubtful(low[i])}; };
+    int count = 0;
+    for (int i = 0; i < chunkPixels; ++i)
+        count += doubtful(i);
+    if (count == 0) return;
+    for (int i = 0; i < chunkPixels; ++i)
+        if (doubtful(i)) recomputePixel(chunks_[chunk].first + i, brightness);
+}
+
+void WheelPicture::recomputePixel(std::size_t index, float brightness) {
+    const auto size = static_cast<std::size_t>(bitmap_.width);
+    bitmap_.pixels[index] =
+        wheelPixel(static_cast<int>(index % size), static_cast<int>(index / size), size / 2.0f, brightness);
 }
 
 } // namespace chromalog

@@ -1,9 +1,8 @@
 #pragma once
 
 #include "desktop/bitmap.h"
-#include "views/wheel_blocks.h"
+#include "views/wheel_chunks.h"
 
-#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -17,27 +16,30 @@ void getColorWheelValue(int x, int y, float* hue, float* saturation, float radiu
 /// One pixel of the wheel: the disc at that brightness, its rim softened, a light grey around it.
 std::uint32_t wheelPixel(int x, int y, float radius, float brightness);
 
-/// The wheel pixel by pixel: what every other way of making it is measured against.
+/// The wheel pixel by pixel: what every faster way of making it must equal.
 Bitmap plainWheelPicture(int size, float brightness);
 
 /// A square picture of the wheel that is rebuilt quickly at another brightness, every byte as in
 /// plainWheelPicture.
 ///
 /// The largest channel of a pixel is the brightness itself; the two others are the brightness times a factor
-/// that only the place decides. The factors are kept in single precision, for the lower half alone: the upper
-/// half mirrors it. Where a product comes so close to a whole number that truncating it might differ, that
-/// pixel is computed plainly.
+/// that the place alone decides. The factors are kept in single precision. Where a product comes so close to
+/// a whole number that its truncated byte might differ, that pixel is computed plainly; one in eight thousand
+/// does.
 class WheelPicture {
   public:
     void render(int size, float brightness);
     const Bitmap& bitmap() const { return bitmap_; }
 
   private:
-    /// Neighbours in a row whose hues share a sextant, and therefore the order of the channels.
-    struct Run {
-        int row, begin, end;
-        int sextant;
-        std::size_t plane; ///< of the row's first pixel in the planes of factors
+    struct Run { ///< neighbours in a row that share the order of their channels
+        int begin, end;
+        std::uint32_t order;
+        int length() const { return end - begin; }
+    };
+    struct RowSpan { ///< the disc in one row
+        std::size_t first;
+        std::size_t length;
     };
     struct RimPixel {
         std::size_t index;
@@ -45,15 +47,24 @@ class WheelPicture {
     };
 
     void measure(int size);
-    void measureRow(int row, int mirror, std::size_t plane);
-    void notePixel(std::vector<Run>& runs, const Run& pixel);
-    void fill(const Run&, const BrightnessScale&, float brightness);
+    void measureRow(int row);
+    void cutIntoChunks(int row);
+    void addChunk(int row, int begin, const Run& run);
+    void fill(float brightness);
+    void recompute(std::size_t chunk, const BrightnessScale&, float brightness);
+    void recomputePixel(std::size_t index, float brightness);
 
     Bitmap bitmap_;
-    std::vector<float> middle_, low_; ///< factors of the middle and the smallest channel
-    std::vector<Run> runs_;
+    std::vector<WheelChunk>
+        chunks_;                 ///< whole groups, rows from the top, in the order in which they are written
+    std::vector<float> factors_; ///< of the chunks
+    std::vector<std::uint32_t> strays_; ///< pixels of rows that are shorter than a chunk
+    std::vector<RowSpan> spans_;
     std::vector<RimPixel> rim_;
-    std::vector<Run> mirrored_; ///< of the row being measured
+
+    // Of the row being measured.
+    std::vector<Run> runs_;
+    std::vector<float> middle_, low_;
 };
 
 } // namespace chromalog
