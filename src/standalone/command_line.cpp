@@ -49,9 +49,10 @@ class ShortHelp : public CLI::Formatter {
 };
 
 void addHostOptions(CLI::App& app, CommandLine& line, std::string& colour) {
-    app.add_option("--color", colour,
-                   "Offer this colour: #rrggbb, #rgb, a CSS name, or SPACE:c0,c1,c2[,c3] with SPACE one of "
-                   "rgb hsb cmyk lab gray and 16-bit components as the record holds them")
+    app.add_option(
+           "--color", colour,
+           "Offer this colour (#3366cc): #rrggbb, #rgb, a CSS name, or SPACE:c0,c1,c2[,c3] with SPACE one of "
+           "rgb hsb cmyk lab gray and 16-bit components as the record holds them")
         ->type_name("COLOUR");
     app.add_option("--format", "Print the colour in this form (hex)")
         ->check(CLI::IsMember(kFormats))
@@ -132,7 +133,7 @@ int complain(const std::string& text) {
 
 std::optional<CommandLine> parseCommandLine(int argc, const char* const* argv, int& exitCode) {
     CommandLine line;
-    std::string colour = "black";
+    std::string colour = "#3366cc"; // bright enough for the wheel to show its colours
     CLI::App app("Opens the Chromalog colour picker and prints the colour that was picked.", "chromalog");
     app.set_help_flag("--help", "Print this text");
     app.set_version_flag("--version", "chromalog " CHROMALOG_VERSION, "Print the version");

@@ -12,7 +12,7 @@ enum class ServicesKind { lcms, closed, none, error };
 
 /// What the user asked for.
 struct CommandLine {
-    HeldColour colour; ///< black where none is given
+    HeldColour colour;
     Format format = Format::hex;
     Scale scale = Scale::sixteen;
     ServicesKind services = ServicesKind::lcms;

@@ -55,8 +55,8 @@ TEST(Program, AnAnswerToAnotherSpaceIsRgb) {
     EXPECT_EQ(result.exitCode, 0);
 }
 
-TEST(Program, OffersBlackWhereNoColourIsGiven) {
-    EXPECT_EQ(run({}).out, "#000000\n");
+TEST(Program, OffersABlueWhereNoColourIsGiven) {
+    EXPECT_EQ(run({}).out, "#3366cc\n");
 }
 
 TEST(Program, ABadArgumentIsOneLineAndExit2) {
