@@ -3,6 +3,7 @@
 #include "standalone/closed_converter.h"
 #include "standalone/pick.h"
 
+#include <clocale>
 #include <gmock/gmock.h>
 #include <thread>
 
@@ -251,6 +252,12 @@ TEST(Misuse, WritingTheRecordOfAnEarlierCallIsNamed) {
     kept->pickParms.colorComponents[0] = 1;
     run.pick({});
     EXPECT_THAT(host.ledger.misuses(), ElementsAre("PluginMain: the record was written after the call"));
+}
+
+TEST(Misuse, AChangedLocaleOfNumbersIsNamed) {
+    const Body body = [](PickerRecord&, std::intptr_t&) { std::setlocale(LC_NUMERIC, "C.UTF-8"); };
+    EXPECT_THAT(misusesOf(body),
+                ElementsAre("PluginMain: the locale of numbers is not as it was before the call"));
 }
 
 TEST(Misuse, CallingOutsideACallOrOffTheMainThreadIsNamed) {
