@@ -128,45 +128,43 @@ void WheelPicture::measureRow(int row) {
     cutIntoChunks(row);
 }
 
-/// A run's last chunk overlaps the one before. A run shorter than a chunk spills over its neighbours, inside
-/// the disc: to the right where there is room, and then those are written after it; else to the left, and
-/// then it is written first.
+/// A run's last chunk overlaps the one before. A run shorter than a chunk spills over a long neighbour, which
+/// is written after it.
 void WheelPicture::cutIntoChunks(int row) {
-    const int discBegin = runs_.front().begin, discEnd = runs_.back().end;
-    const auto spillsLeft = [&](const Run& run) {
-        return run.length() < chunkPixels && run.begin + chunkPixels > discEnd;
-    };
-    for (auto run = runs_.rbegin(); run != runs_.rend() && spillsLeft(*run); ++run) {
-        if (run->end - chunkPixels >= discBegin)
-            addChunk(row, run->end - chunkPixels, *run);
+    const auto isLong = [](const Run& run) { return run.end - run.begin >= chunkPixels; };
+    for (std::size_t i = 0; i < runs_.size(); ++i) {
+        const Run& run = runs_[i];
+        if (isLong(run)) continue;
+        if (i + 1 < runs_.size() && isLong(runs_[i + 1]))
+            addChunk(row, run.begin, run.order);
+        else if (i > 0 && isLong(runs_[i - 1]))
+            addChunk(row, run.end - chunkPixels, run.order);
         else
-            for (int x = run->begin; x < run->end; ++x)
+            for (int x = run.begin; x < run.end; ++x)
                 strays_.push_back(row * bitmap_.width + x);
     }
-    for (const Run& run : runs_) {
-        if (spillsLeft(run)) break;
-        for (int x = run.begin; x < run.end; x += chunkPixels)
-            addChunk(row, std::max(run.begin, std::min(x, run.end - chunkPixels)), run);
-    }
+    for (const Run& run : runs_)
+        for (int x = run.begin; isLong(run) && x < run.end; x += chunkPixels)
+            addChunk(row, std::min(x, run.end - chunkPixels), run.order);
 }
 
-void WheelPicture::addChunk(int row, int begin, const Run& run) {
-    chunks_.push_back({static_cast<std::uint32_t>(row * bitmap_.width + begin), run.order});
+void WheelPicture::addChunk(int row, int begin, std::uint32_t order) {
+    chunks_.push_back({static_cast<std::uint32_t>(row * bitmap_.width + begin), order});
     factors_.insert(factors_.end(), middle_.begin() + begin, middle_.begin() + begin + chunkPixels);
     factors_.insert(factors_.end(), low_.begin() + begin, low_.begin() + begin + chunkPixels);
 }
 
 void WheelPicture::fill(float brightness) {
     const BrightnessScale scale(brightness);
-    for (std::uint32_t index : strays_)
-        recomputePixel(index, brightness);
     const std::size_t groups = chunks_.size() / groupChunks;
     for (std::size_t group = 0;; ++group) {
         group = fillWheelChunks(chunks_.data(), factors_.data(), group, groups, bitmap_.pixels.data(), scale);
-        if (group >= groups) return;
+        if (group >= groups) break;
         for (int c = 0; c < groupChunks; ++c)
             recompute(group * groupChunks + c, scale, brightness);
     }
+    for (std::uint32_t index : strays_)
+        recomputePixel(index, brightness);
 }
 
 void WheelPicture::recompute(std::size_t chunk, const BrightnessScale& scale, float brightness) {

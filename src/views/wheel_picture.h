@@ -35,7 +35,6 @@ class WheelPicture {
     struct Run { ///< neighbours in a row that share the order of their channels
         int begin, end;
         std::uint32_t order;
-        int length() const { return end - begin; }
     };
     struct RowSpan { ///< the disc in one row
         std::size_t first;
@@ -49,7 +48,7 @@ class WheelPicture {
     void measure(int size);
     void measureRow(int row);
     void cutIntoChunks(int row);
-    void addChunk(int row, int begin, const Run& run);
+    void addChunk(int row, int begin, std::uint32_t order);
     void fill(float brightness);
     void recompute(std::size_t chunk, const BrightnessScale&, float brightness);
     void recomputePixel(std::size_t index, float brightness);
@@ -58,7 +57,7 @@ class WheelPicture {
     std::vector<WheelChunk>
         chunks_;                 ///< whole groups, rows from the top, in the order in which they are written
     std::vector<float> factors_; ///< of the chunks
-    std::vector<std::uint32_t> strays_; ///< pixels of rows that are shorter than a chunk
+    std::vector<std::uint32_t> strays_; ///< pixels of short runs beside no long one
     std::vector<RowSpan> spans_;
     std::vector<RimPixel> rim_;
 

@@ -1,0 +1,153 @@
+#include "views/wheel_picture.h"
+
+#include "views/golden_picture.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstring>
+#include <limits>
+
+namespace chromalog {
+namespace {
+
+using test::equalsGolden;
+
+constexpr std::uint32_t lightGrey = 0xFFEDEDED; // 0.93 of 255 is 237.15
+
+bool equalsPlain(const WheelPicture& picture, int size, float brightness) {
+    return picture.bitmap().pixels == plainWheelPicture(size, brightness).pixels;
+}
+
+/// Rebuilds one picture at `count` brightness values from 0 to 1, every byte against the plain algorithm.
+void compareAtBrightnesses(int size, int count) {
+    WheelPicture picture;
+    for (int i = 0; i < count; ++i) {
+        const float brightness = static_cast<float>(i) / (count - 1);
+        picture.render(size, brightness);
+        ASSERT_TRUE(equalsPlain(picture, size, brightness)) << size << " at " << brightness;
+    }
+}
+
+TEST(WheelPicture, ARebuildEqualsThePlainAlgorithmAtAThousandBrightnesses) {
+    compareAtBrightnesses(256, 1000);
+}
+TEST(WheelPicture, ARebuildOf512PixelsEqualsThePlainAlgorithm) {
+    compareAtBrightnesses(512, 101);
+}
+TEST(WheelPicture, ARebuildOf1024PixelsEqualsThePlainAlgorithm) {
+    compareAtBrightnesses(1024, 27);
+}
+
+TEST(WheelPicture, EverySmallSizeEqualsThePlainAlgorithm) {
+    for (int size = 0; size <= 80; ++size)
+        compareAtBrightnesses(size, 23);
+}
+
+TEST(WheelPicture, EightBitBrightnessesEqualThePlainAlgorithm) { // bytes of the largest channel on the edge
+    for (int size : {101, 128}) {
+        WheelPicture picture;
+        for (int byte = 0; byte < 256; ++byte)
+            for (float brightness :
+                 {byte / 255.0f, std::nextafter(byte / 255.0f, 0.0f), std::nextafter(byte / 255.0f, 1.0f)}) {
+                picture.render(size, brightness);
+                ASSERT_TRUE(equalsPlain(picture, size, brightness)) << size << " at " << brightness;
+            }
+    }
+}
+
+TEST(WheelPicture, BrightnessesOutsideTheUnitAreClamped) {
+    WheelPicture picture;
+    for (float brightness : {2.0f, 1.0001f, -0.5f, 1e-20f, 0.003f, std::numeric_limits<float>::infinity(),
+                             std::numeric_limits<float>::quiet_NaN()}) {
+        picture.render(64, brightness);
+        EXPECT_TRUE(equalsPlain(picture, 64, brightness)) << brightness;
+    }
+    picture.render(64, 2.0f);
+    EXPECT_EQ(picture.bitmap().pixels, plainWheelPicture(64, 1.0f).pixels);
+}
+
+TEST(WheelPicture, ANewSizeStartsAfresh) {
+    WheelPicture picture;
+    for (int size : {64, 100, 0, 33, 64}) {
+        picture.render(size, 0.7f);
+        EXPECT_EQ(picture.bitmap().width, size);
+        EXPECT_EQ(picture.bitmap().height, size);
+        EXPECT_TRUE(equalsPlain(picture, size, 0.7f)) << size;
+    }
+    picture.render(-3, 0.7f);
+    EXPECT_TRUE(picture.bitmap().empty());
+}
+
+TEST(WheelPicture, PixelsOutsideTheDiscAreLightGreyWhateverTheBrightness) {
+    for (float brightness : {0.0f, 0.5f, 1.0f, 2.0f})
+        for (auto [x, y] : {std::pair{0, 0}, {63, 0}, {0, 63}, {63, 63}, {0, 32}, {32, 0}})
+            EXPECT_EQ(wheelPixel(x, y, 32, brightness), lightGrey);
+}
+
+TEST(WheelPicture, BrightnessZeroMakesTheDiscBlack) {
+    WheelPicture picture;
+    picture.render(64, 0.0f);
+    for (int y = 0; y < 64; ++y)
+        for (int x = 0; x < 64; ++x) {
+            const bool inside = std::hypot(x - 32.0, y - 32.0) < 32;
+            const std::uint32_t pixel = picture.bitmap().pixels[y * 64 + x];
+            EXPECT_EQ(pixel & 0xFFFFFF, inside ? 0u : lightGrey & 0xFFFFFF) << x << ' ' << y;
+        }
+}
+
+TEST(WheelPicture, TheCentreIsTheGreyOfTheBrightness) {
+    float hue, saturation;
+    getColorWheelValue(32, 32, &hue, &saturation, 32);
+    EXPECT_TRUE(std::isnan(hue));
+    EXPECT_EQ(saturation, 0.0f);
+    EXPECT_EQ(wheelPixel(32, 32, 32, 0.5f), 0xFF7F7F7Fu);
+    EXPECT_EQ(wheelPixel(32, 32, 32, 1.0f), 0xFFFFFFFFu);
+}
+
+TEST(WheelPicture, HueZeroIsAtTheRightAndGrowsDownTheRows) {
+    struct Row {
+        int x, y;
+        float hue, saturation;
+    };
+    for (const Row& row : {Row{48, 32, 0, 0.5f}, Row{32, 48, 0.25f, 0.5f}, Row{16, 32, 0.5f, 0.5f},
+                           Row{32, 16, 0.75f, 0.5f}, Row{32, 64, 0.25f, 1.0f}}) {
+        float hue, saturation;
+        getColorWheelValue(row.x, row.y, &hue, &saturation, 32);
+        EXPECT_EQ(hue, row.hue);
+        EXPECT_EQ(saturation, row.saturation);
+    }
+    EXPECT_EQ(wheelPixel(48, 32, 32, 1), 0xFFFF7F7Fu);
+}
+
+TEST(WheelPicture, TheRimFadesOutInItsLastTenThousandth) {
+    int soft = 0;
+    const int size = 1000;
+    for (int y = 0; y < size; ++y)
+        for (int x = 0; x < size; ++x) {
+            float hue, saturation;
+            getColorWheelValue(x, y, &hue, &saturation, size / 2.0f);
+            if (saturation >= 1) continue;
+            const std::uint32_t alpha = wheelPixel(x, y, size / 2.0f, 1) >> 24;
+            if (saturation <= 0.9999f) {
+                ASSERT_EQ(alpha, 255u);
+                continue;
+            }
+            ++soft;
+            ASSERT_EQ(alpha, static_cast<std::uint32_t>((1 - saturation) * 100 * 255));
+            ASSERT_LE(alpha, 2u); // a hundredth at most
+        }
+    EXPECT_GT(soft, 0);
+}
+
+TEST(WheelPicture, Golden) {
+    for (auto [size, brightness, name] :
+         {std::tuple{64, 1.0f, "wheel_64_full"}, {63, 0.5f, "wheel_63_half"}}) {
+        WheelPicture picture;
+        picture.render(size, brightness);
+        EXPECT_TRUE(equalsGolden(picture.bitmap(), name)) << name;
+    }
+}
+
+} // namespace
+} // namespace chromalog
