@@ -2,7 +2,7 @@
 
 #include "host/abi/color_services.h"
 #include "standalone/call_ledger.h"
-#include "standalone/colour_converter.h"
+#include "standalone/conversion/colour_converter.h"
 
 #include <memory>
 

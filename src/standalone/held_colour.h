@@ -1,6 +1,6 @@
 #pragma once
 
-#include "standalone/colour_converter.h"
+#include "standalone/conversion/colour_converter.h"
 
 #include <array>
 #include <cstdint>

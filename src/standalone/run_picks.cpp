@@ -1,7 +1,7 @@
 #include "standalone/run_picks.h"
 
-#include "standalone/closed_converter.h"
-#include "standalone/lcms_converter.h"
+#include "standalone/conversion/closed_converter.h"
+#include "standalone/conversion/lcms_converter.h"
 #include "standalone/pick.h"
 #include "standalone/plugin_module.h"
 

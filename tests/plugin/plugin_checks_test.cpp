@@ -2,7 +2,7 @@
 #include "host/global_record.h"
 #include "plugin/elf_symbols.h"
 #include "standalone/callbacks.h"
-#include "standalone/closed_converter.h"
+#include "standalone/conversion/closed_converter.h"
 #include "standalone/pick.h"
 #include "standalone/plugin_module.h"
 

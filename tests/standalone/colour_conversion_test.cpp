@@ -1,6 +1,6 @@
-#include "standalone/closed_converter.h"
 #include "standalone/colour_services.h"
-#include "standalone/lcms_converter.h"
+#include "standalone/conversion/closed_converter.h"
+#include "standalone/conversion/lcms_converter.h"
 
 #include "host/abi/result_codes.h"
 

@@ -1,4 +1,4 @@
-#include "standalone/closed_converter.h"
+#include "standalone/conversion/closed_converter.h"
 #include "standalone/held_colour.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 // What a well-behaved plug-in gets from the host.
 #include "standalone/callbacks.h"
-#include "standalone/closed_converter.h"
+#include "standalone/conversion/closed_converter.h"
 #include "standalone/pick.h"
 
 #include <cstring>

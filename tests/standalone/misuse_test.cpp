@@ -1,6 +1,6 @@
 // Every mistake that a plug-in can make with the host is counted and named.
 #include "standalone/callbacks.h"
-#include "standalone/closed_converter.h"
+#include "standalone/conversion/closed_converter.h"
 #include "standalone/pick.h"
 
 #include <clocale>

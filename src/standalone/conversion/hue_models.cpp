@@ -1,4 +1,4 @@
-#include "standalone/hue_models.h"
+#include "standalone/conversion/hue_models.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
-#include "standalone/lcms_converter.h"
+#include "standalone/conversion/lcms_converter.h"
 
-#include "standalone/closed_converter.h"
+#include "standalone/conversion/closed_converter.h"
 
 #include <algorithm>
 #include <cmath>

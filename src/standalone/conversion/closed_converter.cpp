@@ -1,7 +1,7 @@
-#include "standalone/closed_converter.h"
+#include "standalone/conversion/closed_converter.h"
 
-#include "standalone/cie_models.h"
-#include "standalone/hue_models.h"
+#include "standalone/conversion/cie_models.h"
+#include "standalone/conversion/hue_models.h"
 
 #include <algorithm>
 

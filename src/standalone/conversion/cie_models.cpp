@@ -1,4 +1,4 @@
-#include "standalone/cie_models.h"
+#include "standalone/conversion/cie_models.h"
 
 #include <algorithm>
 #include <cmath>
