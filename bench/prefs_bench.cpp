@@ -55,7 +55,7 @@ void plainWriteAndRename(benchmark::State& state) {
 void preferencesWrite(benchmark::State& state) {
     const auto record = recordWith(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
     for (auto _ : state)
-        if (!writePreferences(kTarget, *record)) state.SkipWithError("not written");
+        if (!writePreferences(kTarget, *record, Flush::later)) state.SkipWithError("not written");
     ::unlink(kTarget);
 }
 

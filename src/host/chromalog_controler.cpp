@@ -131,12 +131,12 @@ void ChromalogControler::okPressed() {
     components[0] = component16(chosen.red());
     components[1] = component16(chosen.green());
     components[2] = component16(chosen.blue());
-    savePrefs();
+    savePrefs(Flush::toDisk);
     desktop_.stopModal(0);
 }
 
 void ChromalogControler::cancelPressed() {
-    savePrefs();
+    savePrefs(Flush::toDisk);
     outlets_.chromalogWindow->orderOut();
     desktop_.stopModal(0);
 }
@@ -145,13 +145,13 @@ std::string ChromalogControler::preferencesPath() const {
     return applicationDataDirectory(desktop_.applicationsDirectory());
 }
 
-void ChromalogControler::savePrefs() {
+void ChromalogControler::savePrefs(Flush flush) {
     storeViewCounts();
     const std::string path = preferencesPath();
     if (path.empty()) return;
     if (skippedPrefs_) keepSkippedPreferences(path);
     skippedPrefs_ = false;
-    writePreferences(path, data_);
+    writePreferences(path, data_, flush);
 }
 
 void ChromalogControler::loadPrefs() {

@@ -6,6 +6,7 @@
 #include "host/abi/picker_record.h"
 #include "host/dialog_outlets.h"
 #include "host/global_record.h"
+#include "prefs/file_io.h"
 #include "print/list_printing.h"
 #include "print/print_options.h"
 #include "swatches/list_commands.h"
@@ -53,7 +54,7 @@ class ChromalogControler : WorkingColoursDesk,
     void cancelPressed();
     void toggleSecondColor(); ///< what OK does while Option is held
 
-    void savePrefs() override;
+    void savePrefs() override { savePrefs(Flush::later); } ///< before every recorded change
     void setOkButton() override;
     void redrawCircle() override;
     void setHarmonyColors() override;
@@ -92,6 +93,7 @@ class ChromalogControler : WorkingColoursDesk,
     void placeSecondColour();
     void loadPrefs();
     std::string preferencesPath() const;
+    void savePrefs(Flush);
     void showListName(int number);
     void setHarmonyMode(std::int16_t mode);
     PickParms& pickParms() { return data_.pickerRecord->pickParms; }

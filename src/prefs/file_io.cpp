@@ -75,8 +75,9 @@ class Replacement {
         return fd_;
     }
 
-    bool takePlace() {
-        if (::fsync(fd_) != 0 || (!named_ && !giveName())) return false;
+    bool takePlace(Flush flush) {
+        if (flush == Flush::toDisk && ::fsync(fd_) != 0) return false;
+        if (!named_ && !giveName()) return false;
         if (::close(std::exchange(fd_, -1)) != 0) return false;
         if (::rename(name_.c_str(), target_.c_str()) != 0) return false;
         named_ = false;
@@ -118,20 +119,23 @@ std::optional<std::vector<std::uint8_t>> readDataFromFileAtURL(const std::string
     return data;
 }
 
-bool writeDataToFileAtURL(const std::string& path, std::span<const std::uint8_t> data, std::size_t zeros) {
+bool writeDataToFileAtURL(const std::string& path, std::span<const std::uint8_t> data, std::size_t zeros,
+                          Flush flush) {
     if (path.empty()) return false;
     std::error_code error;
     const std::filesystem::path linked = std::filesystem::canonical(path, error);
     const std::filesystem::path target = error ? std::filesystem::path(path) : linked;
     struct stat existing;
     const bool exists = ::stat(target.c_str(), &existing) == 0;
-    if (exists && (!S_ISREG(existing.st_mode) || ::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0)) return false;
+    if (exists &&
+        (!S_ISREG(existing.st_mode) || ::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0))
+        return false;
 
     for (const bool unnamed : {true, false}) {
         Replacement file(target, unnamed);
         if (file.descriptor() < 0) continue;
         if (exists && ::fchmod(file.descriptor(), existing.st_mode & 0777) != 0) continue;
-        if (writeSparsely(file.descriptor(), data, data.size() + zeros) && file.takePlace()) return true;
+        if (writeSparsely(file.descriptor(), data, data.size() + zeros) && file.takePlace(flush)) return true;
     }
     return false;
 }

@@ -18,9 +18,14 @@ inline constexpr std::size_t kLongestRead = std::size_t{64} << 20;
 std::optional<std::vector<std::uint8_t>> readDataFromFileAtURL(const std::string& path,
                                                                std::size_t limit = kLongestRead);
 
+/// Whether a write waits until the disk has it. Later is for writes on a person's every step: a power failure
+/// may then bring back an older file, a crash of the program cannot.
+enum class Flush { toDisk, later };
+
 /// Writes `data`, followed by `zeros` zero bytes, to a temporary file beside `path` that then takes its
 /// place. On any failure, a killed process included, what was there before stays whole. An existing file
 /// keeps its mode, a symbolic link stays and its target is replaced. False where nothing was written.
-bool writeDataToFileAtURL(const std::string& path, std::span<const std::uint8_t> data, std::size_t zeros = 0);
+bool writeDataToFileAtURL(const std::string& path, std::span<const std::uint8_t> data, std::size_t zeros = 0,
+                          Flush = Flush::toDisk);
 
 } // namespace chromalog

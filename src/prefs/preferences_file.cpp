@@ -1,7 +1,5 @@
 #include "prefs/preferences_file.h"
 
-#include "prefs/file_io.h"
-
 #include <algorithm>
 #include <cstring>
 #include <filesystem>
@@ -50,8 +48,8 @@ bool readPreferences(const std::string& path, GlobalRecord& record) {
     return file.has_value();
 }
 
-bool writePreferences(const std::string& path, const GlobalRecord& record) {
-    return writeDataToFileAtURL(path, preferencesImage(record), kPreferencesSize - kImageSize);
+bool writePreferences(const std::string& path, const GlobalRecord& record, Flush flush) {
+    return writeDataToFileAtURL(path, preferencesImage(record), kPreferencesSize - kImageSize, flush);
 }
 
 void keepSkippedPreferences(const std::string& path) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/global_record.h"
+#include "prefs/file_io.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -30,7 +31,7 @@ void applyPreferences(GlobalRecord&, std::span<const std::uint8_t> file);
 
 /// False where there is no readable file; the record then keeps what it holds.
 bool readPreferences(const std::string& path, GlobalRecord&);
-bool writePreferences(const std::string& path, const GlobalRecord&);
+bool writePreferences(const std::string& path, const GlobalRecord&, Flush);
 
 /// Keeps a file that was not read as PATH.skipped before it is overwritten. A file without colours does not
 /// replace an older copy: the lists that were skipped twice in a row are worth more.

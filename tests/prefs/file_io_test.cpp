@@ -24,6 +24,8 @@ namespace {
 enum class AtRename { rename, fail, kill } atRename = AtRename::rename;
 /// As on a system that cannot name an unnamed file (no /proc).
 bool refuseNames = false;
+int flushes = 0;
+bool failFlush = false;
 
 } // namespace
 
@@ -43,6 +45,13 @@ extern "C" int linkat(int fromFolder, const char* from, int toFolder, const char
         return -1;
     }
     return static_cast<int>(::syscall(SYS_linkat, fromFolder, from, toFolder, to, flags));
+}
+
+extern "C" int fsync(int fd) {
+    ++flushes;
+    if (!failFlush) return static_cast<int>(::syscall(SYS_fsync, fd));
+    errno = EIO;
+    return -1;
 }
 
 namespace chromalog {
@@ -69,7 +78,7 @@ template <typename F> int inChild(F run) {
 
 class FileIo : public testing::Test {
   protected:
-    void SetUp() override { atRename = AtRename::rename, refuseNames = false; }
+    void SetUp() override { atRename = AtRename::rename, refuseNames = failFlush = false, flushes = 0; }
     Bytes contents(const std::string& path) { return readDataFromFileAtURL(path).value_or(Bytes{}); }
 
     test::TemporaryFolder folder;
@@ -231,6 +240,17 @@ TEST_F(FileIo, ARenameThatFailsLeavesTheOldFileAndNoLitter) {
     atRename = AtRename::fail;
     EXPECT_FALSE(writeDataToFileAtURL(folder / "file", pattern(9000, 2)));
     EXPECT_EQ(contents(folder / "file"), pattern(9000, 1));
+    EXPECT_EQ(folder.entries(), 1);
+}
+
+TEST_F(FileIo, AWriteWaitsForTheDiskUnlessItIsToldNotTo) {
+    ASSERT_TRUE(writeDataToFileAtURL(folder / "file", pattern(9000, 1), 0, Flush::later));
+    EXPECT_EQ(flushes, 0);
+    ASSERT_TRUE(writeDataToFileAtURL(folder / "file", pattern(9000, 2)));
+    EXPECT_EQ(flushes, 1);
+    failFlush = true;
+    EXPECT_FALSE(writeDataToFileAtURL(folder / "file", pattern(9000, 3)));
+    EXPECT_EQ(contents(folder / "file"), pattern(9000, 2));
     EXPECT_EQ(folder.entries(), 1);
 }
 

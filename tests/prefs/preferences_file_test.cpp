@@ -39,7 +39,7 @@ class PreferencesFile : public testing::Test {
 };
 
 TEST_F(PreferencesFile, ByteFOfTheFileIsByteF18OfTheRecordAndTheLastTwoAreZero) {
-    ASSERT_TRUE(writePreferences(path, *record));
+    ASSERT_TRUE(writePreferences(path, *record, Flush::later));
     const Bytes written = file();
     ASSERT_EQ(written.size(), 3'040'536u);
     for (std::size_t f = 0; f < 3'040'534; ++f)
@@ -135,7 +135,7 @@ TEST_F(PreferencesFile, AFileOfAnyLengthChangesExactlyItsOwnBytes) {
 }
 
 TEST_F(PreferencesFile, WhatIsWrittenIsReadBack) {
-    ASSERT_TRUE(writePreferences(path, *record));
+    ASSERT_TRUE(writePreferences(path, *record, Flush::later));
     auto other = std::make_unique<GlobalRecord>();
     ASSERT_TRUE(readPreferences(path, *other));
     EXPECT_EQ(std::memcmp(bytesOf(*other) + 18, bytesOf(*record) + 18, sizeof(GlobalRecord) - 18), 0);
@@ -154,21 +154,21 @@ TEST_F(PreferencesFile, TheFolderIsMadeEachTimeThePathIsAsked) {
 
 TEST_F(PreferencesFile, WithoutAnApplicationsDirectoryThereIsNoPath) {
     EXPECT_EQ(applicationDataDirectory(""), "");
-    EXPECT_FALSE(writePreferences("", *record));
+    EXPECT_FALSE(writePreferences("", *record, Flush::later));
 }
 
 TEST_F(PreferencesFile, AFolderThatCannotBeMadeIsIgnored) {
     ASSERT_TRUE(writeDataToFileAtURL(folder / "applications", Bytes(3)));
     const std::string below = applicationDataDirectory(folder / "applications");
     EXPECT_EQ(below, folder / "applications/Quorvex/com_Quorvex_Chromalog_64_3-50.prf");
-    EXPECT_FALSE(writePreferences(below, *record));
+    EXPECT_FALSE(writePreferences(below, *record, Flush::later));
     EXPECT_EQ(readDataFromFileAtURL(folder / "applications"), Bytes(3));
 }
 
 TEST_F(PreferencesFile, ASkippedFileIsKeptBesideItself) {
     keepSkippedPreferences(path);
     EXPECT_EQ(folder.entries(), 0) << "no file, no copy";
-    ASSERT_TRUE(writePreferences(path, *record));
+    ASSERT_TRUE(writePreferences(path, *record, Flush::later));
     const Bytes skipped = file();
     keepSkippedPreferences(path);
     EXPECT_EQ(readDataFromFileAtURL(path + ".skipped"), skipped);
@@ -178,13 +178,13 @@ TEST_F(PreferencesFile, ASkippedFileIsKeptBesideItself) {
 TEST_F(PreferencesFile, ASkippedFileWithoutColoursReplacesNoOlderCopy) {
     record->numColors1 = 0;
     record->numColors2 = 0;
-    ASSERT_TRUE(writePreferences(path, *record));
+    ASSERT_TRUE(writePreferences(path, *record, Flush::later));
     const Bytes empty = file();
     keepSkippedPreferences(path);
     EXPECT_EQ(readDataFromFileAtURL(path + ".skipped"), empty) << "there was no older copy";
 
     record->numColors2 = 1;
-    ASSERT_TRUE(writePreferences(path, *record));
+    ASSERT_TRUE(writePreferences(path, *record, Flush::later));
     const Bytes full = file();
     keepSkippedPreferences(path);
     EXPECT_EQ(readDataFromFileAtURL(path + ".skipped"), full);
