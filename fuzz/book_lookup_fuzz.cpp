@@ -26,10 +26,10 @@ std::optional<BookColour> walkTo(Bytes file, const BookKey& key) {
 }
 
 void expectSameAsWalking(const BookIndex& index, Bytes file, const BookKey& key) {
-    const BookColour* found = index.find(key);
+    const BookComponents* found = index.find(key);
     const std::optional<BookColour> walked = walkTo(file, key);
     fuzz::require((found != nullptr) == walked.has_value(), "the index holds the book's keys and no other");
-    fuzz::require(!found || found->components == walked->components, "of equal keys the first counts");
+    fuzz::require(!found || *found == walked->components, "of equal keys the first counts");
 }
 
 } // namespace

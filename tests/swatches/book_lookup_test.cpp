@@ -103,9 +103,9 @@ TEST_F(Lookup, TheFullIndexFindsEveryKey) {
     for (int i = 0; i < 4999; ++i) {
         char key[7];
         std::snprintf(key, sizeof key, "%6d", i);
-        const BookColour* colour = index.find(keyOf(key));
-        ASSERT_TRUE(colour) << i;
-        EXPECT_EQ(colour->components[0] + 256 * colour->components[1], i);
+        const BookComponents* found = index.find(keyOf(key));
+        ASSERT_TRUE(found) << i;
+        EXPECT_EQ((*found)[0] + 256 * (*found)[1], i);
     }
     EXPECT_FALSE(index.find(keyOf("  4999")));
     EXPECT_FALSE(index.find(BookKey{}));

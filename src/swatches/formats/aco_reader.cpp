@@ -147,11 +147,13 @@ void AcoRecords::convert(const std::uint16_t (&words)[5], FCOStruct& record, Sec
 /// Only the lowest byte of the length counts, and only the low byte of each unit; a terminating unit is
 /// always assumed.
 void AcoRecords::readName(FCOStruct& record, Section section) {
-    cursor_.skip(3);
-    const auto length = static_cast<std::uint8_t>(cursor_.byte() - 1);
+    const auto length = static_cast<std::uint8_t>(cursor_.take<4>()[3] - 1);
     record.Namen[0] = length;
-    for (int k = 1; k <= length; ++k)
-        record.Namen[k] = static_cast<std::uint8_t>(cursor_.word());
+    const Bytes units = cursor_.upTo(2 * std::size_t{length});
+    const std::size_t whole = units.size() / 2;
+    for (std::size_t k = 0; k < whole; ++k)
+        record.Namen[k + 1] = units[2 * k + 1];
+    std::fill(record.Namen + 1 + whole, record.Namen + 1 + length, std::uint8_t{0});
     const auto terminator = static_cast<std::uint8_t>(cursor_.word());
     // A section alone keeps one byte more. Past a name of 255 it is dropped: it would land in the colour.
     if (section == Section::alone && length < 255) record.Namen[length + 1] = terminator;

@@ -41,10 +41,9 @@ bool BookCursor::next(BookColour& colour) {
     return true;
 }
 
-void convertBookColour(std::int16_t space, const BookColour& colour, ColorServicesProc services,
+void convertBookColour(std::int16_t space, const BookComponents& c, ColorServicesProc services,
                        std::int16_t (&slots)[4]) {
     if (space != kBookCmyk && space != kBookLab) return;
-    const auto& c = colour.components;
     CSSetColor(slots, c[0], c[1], c[2], space == kBookCmyk ? c[3] : 0);
     HostCSConvertColor(services,
                        space == kBookCmyk ? plugIncolorServicesCMYKSpace : plugIncolorServicesLabSpace,
@@ -60,7 +59,7 @@ std::int16_t loadBook(Bytes file, ListRecords records, ColorServicesProc service
         FCOStruct* record = recordAt(records, i);
         if (!record) break;
         const auto& c = colour.components;
-        convertBookColour(book.space(), colour, services, slots);
+        convertBookColour(book.space(), c, services, slots);
         if (book.space() == kBookRgb)
             storeBookColour(*record, colour.key, c[0], c[1], c[2]);
         else

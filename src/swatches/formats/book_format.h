@@ -10,9 +10,11 @@ namespace chromalog {
 /// Colour spaces of a book, as its file holds them.
 inline constexpr std::int16_t kBookRgb = 0, kBookCmyk = 2, kBookLab = 7;
 
+using BookComponents = std::array<std::uint8_t, 4>; ///< CMYK books fill four, all others three
+
 struct BookColour {
     BookKey key{};
-    std::array<std::uint8_t, 4> components{}; ///< CMYK books fill four, all others three
+    BookComponents components{};
 };
 
 /// Walks through a colour book. Signature, version, identifier and page fields are not examined; of a
@@ -36,7 +38,8 @@ class BookCursor {
 
 /// Asks the host for the RGB of a CMYK or Lab colour, whose bytes already have the host's scale. The slots of
 /// any other space stay as they are.
-void convertBookColour(std::int16_t space, const BookColour&, ColorServicesProc, std::int16_t (&slots)[4]);
+void convertBookColour(std::int16_t space, const BookComponents&, ColorServicesProc,
+                       std::int16_t (&slots)[4]);
 
 /// Fills the records from the first on with a whole book, named by their keys. Returns the count for the
 /// list: the file's own, held to the capacity. A file that ends early leaves the remaining records as they

@@ -4,56 +4,75 @@
 #include <utility>
 
 namespace chromalog {
+namespace {
+
+std::uint64_t tagOf(const BookKey& key) {
+    std::uint64_t bits = 0;
+    for (const std::uint8_t byte : key) bits = bits << 8 | byte;
+    return bits << 16 | 1;
+}
+
+} // namespace
 
 BookIndex::BookIndex(Bytes file) : space_(0) {
     BookCursor book(file);
     space_ = book.space();
-    slots_.resize(std::bit_ceil(2 * static_cast<std::size_t>(std::max<int>(book.count(), 1))));
+    const int count = std::max<int>(book.count(), 0);
+    slots_.resize(std::bit_ceil(static_cast<std::size_t>(count + count / 4 + 1))); // one in five stays empty
     BookColour colour;
-    for (int i = 0; i < book.count() && book.next(colour); ++i) {
-        std::uint16_t& slot = slots_[slotOf(colour.key)];
-        if (slot != 0) continue;
-        colours_.push_back(colour);
-        slot = static_cast<std::uint16_t>(colours_.size()); // a 16-bit count is at most 32767
+    for (int i = 0; i < count && book.next(colour); ++i) {
+        const std::uint64_t tag = tagOf(colour.key);
+        Slot& slot = slots_[slotOf(tag)];
+        if (slot.tag == 0) slot = {tag, colour.components};
     }
 }
 
-std::size_t BookIndex::slotOf(const BookKey& key) const {
-    std::uint64_t hash = 0;
-    for (const std::uint8_t byte : key)
-        hash = hash << 8 | byte;
-    hash *= 0x9E3779B97F4A7C15; // spreads keys that differ in a digit over the upper bits
-    std::size_t at = (hash >> 32) & (slots_.size() - 1);
-    while (slots_[at] != 0 && colours_[slots_[at] - 1u].key != key)
+std::size_t BookIndex::slotOf(std::uint64_t tag) const {
+    // The product spreads keys that differ in one digit over its upper bits.
+    std::size_t at = (tag * 0x9E3779B97F4A7C15) >> 40 & (slots_.size() - 1);
+    while (slots_[at].tag != 0 && slots_[at].tag != tag)
         at = (at + 1) & (slots_.size() - 1);
     return at;
 }
 
-const BookColour* BookIndex::find(const BookKey& key) const {
-    const std::uint16_t slot = slots_[slotOf(key)];
-    return slot == 0 ? nullptr : &colours_[slot - 1u];
+const BookComponents* BookIndex::find(const BookKey& key) const {
+    const Slot& slot = slots_[slotOf(tagOf(key))];
+    return slot.tag == 0 ? nullptr : &slot.components;
 }
 
-const BookIndex* BookLookup::indexOf(const std::string& file) {
-    const auto [entry, isNew] = read_.try_emplace(file);
+void BookLookup::meetUnknownSpace(std::int16_t space) {
+    unknownBook_ = "farbe.Ctype =" + std::to_string(space);
+    book_ = unknownBook_;
+    lookedFor_ = false;
+}
+
+void BookLookup::putInForce(std::string_view book) {
+    if (book.data() == book_.data()) return; // names of books are constants
+    book_ = book;
+    lookedFor_ = false;
+}
+
+const BookIndex* BookLookup::indexInForce() {
+    if (std::exchange(lookedFor_, true)) return index_;
+    const auto [entry, isNew] = read_.try_emplace(std::string(book_));
     if (isNew)
-        if (const auto bytes = shelf_.readBook(file)) entry->second.emplace(Bytes(*bytes));
-    return entry->second ? &*entry->second : nullptr;
+        if (const auto bytes = shelf_.readBook(book_)) entry->second.emplace(Bytes(*bytes));
+    return index_ = entry->second ? &*entry->second : nullptr;
 }
 
 const std::int16_t (&BookLookup::getValueFromAse(std::int16_t space, const BookKey& key))[4] {
-    const std::optional<BookChoice> choice = bookForSpace(space, key);
-    if (choice) book_ = choice->file;
+    const BookChoice* choice = bookForSpace(space, key);
+    if (choice) putInForce(choice->file);
     if (choice && !choice->opens) return result_;
-    const BookIndex* index = indexOf(book_);
-    const BookColour* colour = index ? index->find(key) : nullptr;
-    if (!colour) return result_;
+    const BookIndex* index = indexInForce();
+    const BookComponents* found = index ? index->find(key) : nullptr;
+    if (!found) return result_;
     if (index->space() == kBookRgb)
-        for (int i = 0; i < 3;
-             ++i) // scaled here and again by the reader, so that 128 and above turn negative: kept
-            result_[i] = static_cast<std::int16_t>(colour->components[static_cast<std::size_t>(i)] * 256);
+        for (std::size_t i = 0; i < 3;
+             ++i) // scaled here and again by the reader: 128 and above turn negative, kept
+            result_[i] = static_cast<std::int16_t>((*found)[i] * 256);
     else
-        convertBookColour(index->space(), *colour, services_, result_);
+        convertBookColour(index->space(), *found, services_, result_);
     return result_;
 }
 

@@ -23,16 +23,19 @@ class BookIndex {
   public:
     explicit BookIndex(Bytes file);
     std::int16_t space() const { return space_; }
-    const BookColour* find(const BookKey&) const;
+    const BookComponents* find(const BookKey&) const;
 
   private:
-    std::size_t
-    slotOf(const BookKey&) const; ///< the slot that holds the key, or the empty one where it would stand
+    /// Key and components side by side: a look-up waits for one place in memory.
+    struct Slot {
+        std::uint64_t tag = 0; ///< the key above 16 bits of 1; 0 in an empty slot
+        BookComponents components{};
+    };
+    /// The slot that has the tag, or the empty one where it would stand.
+    std::size_t slotOf(std::uint64_t tag) const;
 
     std::int16_t space_;
-    std::vector<BookColour> colours_;
-    std::vector<std::uint16_t>
-        slots_; ///< index + 1 into colours_, 0 = empty; a power of two, at most half full
+    std::vector<Slot> slots_; ///< a power of two of them
 };
 
 /// Looks up the colour-book references of one swatch file. It lives as long as one load: each book is read
@@ -45,15 +48,19 @@ class BookLookup {
     /// Red, green and blue for a reference; those of the look-up before (at first 0, 0, 0) where nothing is
     /// found.
     const std::int16_t (&getValueFromAse(std::int16_t space, const BookKey&))[4];
-    /// A record of an unknown space names the book in force after its code: nothing is found by that name.
-    void meetUnknownSpace(std::int16_t space) { book_ = "farbe.Ctype =" + std::to_string(space); }
+    /// A record of an unknown space names the book in force after its code: no book has that name.
+    void meetUnknownSpace(std::int16_t space);
 
   private:
-    const BookIndex* indexOf(const std::string& file);
+    void putInForce(std::string_view book);
+    const BookIndex* indexInForce();
 
     const ColourBookShelf& shelf_;
     ColorServicesProc services_;
-    std::string book_; ///< file name of the book in force
+    std::string_view book_; ///< file name of the book in force: a constant, or the next
+    std::string unknownBook_;
+    const BookIndex* index_ = nullptr; ///< of the book in force, once it was looked for
+    bool lookedFor_ = false;
     std::int16_t result_[4] = {};
     std::map<std::string, std::optional<BookIndex>> read_; ///< nothing inside: could not be read
 };

@@ -10,6 +10,10 @@ namespace chromalog {
 
 using Bytes = std::span<const std::uint8_t>;
 
+constexpr std::uint16_t bigEndianWord(const std::uint8_t* bytes) {
+    return static_cast<std::uint16_t>(bytes[0] << 8 | bytes[1]);
+}
+
 /// Reads big-endian values of a file from front to back. Past the end there are zero bytes; the offset goes
 /// on, so that it may be asked how far a reader got.
 class ByteCursor {
@@ -21,31 +25,27 @@ class ByteCursor {
     bool has(std::size_t count) const { return offset_ <= file_.size() && file_.size() - offset_ >= count; }
     void skip(std::size_t count) { offset_ += count; }
 
-    std::uint8_t byte() {
-        const std::uint8_t value = offset_ < file_.size() ? file_[offset_] : 0;
-        ++offset_;
-        return value;
-    }
-    std::uint16_t word() {
-        const int high = byte();
-        return static_cast<std::uint16_t>(high << 8 | byte());
+    /// The next bytes, as many of `count` as there are; the offset goes on by all of them.
+    Bytes upTo(std::size_t count) {
+        const std::size_t from = std::min(offset_, file_.size());
+        offset_ += count;
+        return file_.subspan(from, std::min(count, file_.size() - from));
     }
     template <std::size_t N> std::array<std::uint8_t, N> take() {
         std::array<std::uint8_t, N> bytes{};
-        if (offset_ < file_.size())
-            std::copy_n(file_.begin() + static_cast<std::ptrdiff_t>(offset_),
-                        std::min(N, file_.size() - offset_), bytes.begin());
-        offset_ += N;
+        const Bytes there = upTo(N);
+        if (there.size() == N) // the usual case, of a size that the compiler knows
+            std::copy_n(there.data(), N, bytes.begin());
+        else
+            std::copy(there.begin(), there.end(), bytes.begin());
         return bytes;
     }
+    std::uint8_t byte() { return take<1>()[0]; }
+    std::uint16_t word() { return bigEndianWord(take<2>().data()); }
 
   private:
     Bytes file_;
     std::size_t offset_;
 };
-
-constexpr std::uint16_t bigEndianWord(const std::uint8_t* bytes) {
-    return static_cast<std::uint16_t>(bytes[0] << 8 | bytes[1]);
-}
 
 } // namespace chromalog

@@ -30,26 +30,26 @@ constexpr BookRow kBooks[] = {
 };
 
 constexpr std::int16_t kPantone = 3, kHks = 10;
-constexpr std::string_view kPantoneCoated = "PANTONE solid coated.acb",
-                           kPantoneUncoated = "PANTONE solid uncoated.acb";
+constexpr BookChoice kPantoneCoated{"PANTONE solid coated.acb"},
+    kPantoneUncoated{"PANTONE solid uncoated.acb"};
 
 struct HksTest {
     char fifth; ///< 0: any
     char sixth;
-    std::string_view file;
+    BookChoice book;
 };
 
 /// In this order; a later test that is true replaces an earlier one.
 constexpr HksTest kHksTests[] = {
-    {'E', 'P', "HKS E Process.acb"}, {0, 'E', "HKS E.acb"},           {'K', 'P', "HKS K Process.acb"},
-    {0, 'K', "HKS K.acb"},           {'N', 'P', "HKS N Process.acb"}, {0, 'N', "HKS N.acb"},
-    {'Z', 'P', "HKS Z Process.acb"}, {0, 'Z', "HKS Z.acb"},
+    {'E', 'P', {"HKS E Process.acb"}}, {0, 'E', {"HKS E.acb"}},           {'K', 'P', {"HKS K Process.acb"}},
+    {0, 'K', {"HKS K.acb"}},           {'N', 'P', {"HKS N Process.acb"}}, {0, 'N', {"HKS N.acb"}},
+    {'Z', 'P', {"HKS Z Process.acb"}}, {0, 'Z', {"HKS Z.acb"}},
 };
 
-std::optional<BookChoice> hksBook(const BookKey& key) {
-    std::optional<BookChoice> book;
+const BookChoice* hksBook(const BookKey& key) {
+    const BookChoice* book = nullptr;
     for (const HksTest& test : kHksTests)
-        if ((test.fifth == 0 || key[4] == test.fifth) && key[5] == test.sixth) book = BookChoice{test.file};
+        if ((test.fifth == 0 || key[4] == test.fifth) && key[5] == test.sixth) book = &test.book;
     return book;
 }
 
@@ -74,12 +74,12 @@ bool isBookSpace(std::int16_t space) {
     return false;
 }
 
-std::optional<BookChoice> bookForSpace(std::int16_t space, const BookKey& key) {
-    if (space == kPantone) return BookChoice{key[5] == 'U' ? kPantoneUncoated : kPantoneCoated};
+const BookChoice* bookForSpace(std::int16_t space, const BookKey& key) {
+    if (space == kPantone) return key[5] == 'U' ? &kPantoneUncoated : &kPantoneCoated;
     if (space == kHks) return hksBook(key);
     for (const BookRow& row : kBooks)
-        if (row.space == space) return row.book;
-    return std::nullopt;
+        if (row.space == space) return &row.book;
+    return nullptr;
 }
 
 std::string colourBooksFolder(std::int64_t version, std::string_view named, std::string_view applications) {

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -20,9 +19,9 @@ struct BookChoice {
 /// Whether a space code of a swatch file refers to a colour book at all.
 bool isBookSpace(std::int16_t space);
 
-/// Nothing for codes that refer to no book, and where none of the tests on an HKS key (space 10) is true: the
+/// Null for codes that refer to no book, and where none of the tests on an HKS key (space 10) is true: the
 /// book of an earlier record then stays in force.
-std::optional<BookChoice> bookForSpace(std::int16_t space, const BookKey& key);
+const BookChoice* bookForSpace(std::int16_t space, const BookKey& key);
 
 /// The folder of the host's colour books. `version` is the host's property 'vers', `named` a folder that
 /// stands for the host's own (empty: none), `applications` the machine's folder of applications. Empty: no
