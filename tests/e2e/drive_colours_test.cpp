@@ -6,6 +6,17 @@ namespace {
 
 class DriveColours : public DrivenPick {
   protected:
+    /// Width and height from a PNG file's header.
+    std::pair<int, int> sizeOf(const std::string& name) const {
+        std::ifstream in(file(name), std::ios::binary);
+        unsigned char header[24] = {};
+        in.read(reinterpret_cast<char*>(header), sizeof header);
+        const auto number = [&](int at) {
+            return header[at + 1] << 16 | header[at + 2] << 8 | header[at + 3];
+        };
+        return {number(16), number(20)};
+    }
+
     std::string text(const json& state, const char* outlet) const { return state["outlets"][outlet]["text"]; }
 };
 
@@ -140,12 +151,15 @@ TEST_F(DriveColours, TheSameHoldsOnASharpScreen) {
         "shot $/shot.png\nstate $/state.json\n";
     playWell(script);
     const auto once = state();
-    const auto size = std::filesystem::file_size(file("wheel.png"));
+    const auto wheel = sizeOf("wheel.png"), shot = sizeOf("shot.png");
+    EXPECT_EQ(wheel, std::pair(once["wheel"]["size"][0].get<int>(), once["wheel"]["size"][1].get<int>()));
+    EXPECT_EQ(shot.first, once["outlets"]["chromalogWindow"]["frame"][2]);
     environment_["QT_SCALE_FACTOR"] = "2";
     playWell(script);
     for (const char* key : {"secondColor", "wheel", "gradient", "outlets"})
         EXPECT_EQ(state()[key], once[key]) << key;
-    EXPECT_EQ(std::filesystem::file_size(file("wheel.png")), size) << "picks read one pixel a point";
+    EXPECT_EQ(sizeOf("wheel.png"), wheel) << "picks read one pixel a point";
+    EXPECT_EQ(sizeOf("shot.png"), std::pair(2 * shot.first, 2 * shot.second)) << "the screen shows two";
 }
 
 TEST_F(DriveColours, ArrowKeysWorkOnTheStrip) {

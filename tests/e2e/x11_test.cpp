@@ -1,0 +1,165 @@
+// The dialog on a real X server, under a real pointer and keyboard, beside another program and assistive
+// technology.
+#include "e2e/driven_pick.h"
+#include "e2e/x_server.h"
+#include "support/swatch_files.h"
+
+#include <sstream>
+
+namespace chromalog::test {
+namespace {
+
+using testing::Contains;
+
+bool installed(const std::string& check) {
+    return runProgram({"sh", "-c", check + " >/dev/null 2>&1"}).exitCode == 0;
+}
+
+class OnXServer : public DrivenPick {
+  protected:
+    void SetUp() override {
+        if (!server_.runs() || !installed("command -v xdotool")) GTEST_SKIP() << "needs Xvfb and xdotool";
+        FileBuilder builder;
+        builder.header(2, 3);
+        builder.colour(0, 65535, 0, 0)
+            .name("Red")
+            .colour(0, 0, 65535, 0)
+            .name("Green")
+            .colour(0, 0, 0, 65535)
+            .name("Blue");
+        write("three.aco", builder.bytes);
+        onScreen();
+    }
+
+    void onScreen() {
+        environment_["QT_QPA_PLATFORM"] = "xcb";
+        environment_["DISPLAY"] = server_.display();
+    }
+
+    /// Where the controls stand, for scripts that move the pointer.
+    void writeFrames() const {
+        playWell("state $/frames.json\n");
+        const json now = state("frames.json");
+        std::ostringstream frames;
+        for (const auto& [name, outlet] : now["outlets"].items()) {
+            if (!outlet["visible"]) continue;
+            frames << name;
+            for (const int length : outlet["frame"])
+                frames << ' ' << length;
+            frames << '\n';
+        }
+        write("frames", frames.str());
+    }
+
+    /// Runs the shell script of that name against a dialog with these options.
+    ProgramResult act(const std::string& script, std::vector<std::string> options,
+                      std::vector<std::string> before = {}) {
+        std::vector<std::string> words = {"timeout", "-k", "10", "300"};
+        words.insert(words.end(), before.begin(), before.end());
+        words.insert(words.end(), {"bash", std::string(CHROMALOG_X11_SCRIPTS) + "/" + script,
+                                   CHROMALOG_PROGRAM, folder_.path(), "--data-dir", file("data")});
+        words.insert(words.end(), options.begin(), options.end());
+        const auto result = runProgram(words, environment_);
+        EXPECT_EQ(result.exitCode, 0) << result.err;
+        return result;
+    }
+
+    std::string read(const std::string& name) const {
+        std::ifstream in(file(name), std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), {}};
+    }
+
+    /// The swatches that a pick leaves in a list, each as "NAME red green blue".
+    std::vector<std::string> swatches(int list) const {
+        playWell("state $/after.json\n");
+        const json now = state("after.json");
+        std::vector<std::string> all;
+        for (const json& record : now["lists"][list - 1]["records"]) {
+            std::ostringstream line;
+            const std::string hex = record["name"];
+            for (std::size_t i = 0; i + 1 < hex.size(); i += 2)
+                line << static_cast<char>(std::stoi(hex.substr(i, 2), nullptr, 16));
+            line << ' ' << record["SRed"] << ' ' << record["SGreen"] << ' ' << record["SBlue"];
+            all.push_back(line.str());
+        }
+        return all;
+    }
+
+    XServer server_;
+};
+
+TEST_F(OnXServer, ScriptsPlayAsTheyDoOffscreen) {
+    const std::string script = "type firstR 255\nclick chromaView 100.25 90.5\npress triComplementOn:\n"
+                               "choose $/three.aco\npress loadSwatch1:\ndrag swatch1 50 30 swatch2 50 30\n"
+                               "answer\ndrop swatch1 10 10 red\nstate $/state.json\n";
+    playWell(script);
+    const auto onServer = state();
+    environment_["QT_QPA_PLATFORM"] = "offscreen";
+    playWell(script, {"--option"});
+    for (const char* key :
+         {"firstColor", "secondColor", "wheel", "lists", "alerts", "undoNames", "pasteboard"})
+        EXPECT_EQ(onServer[key], state()[key]) << key;
+}
+
+TEST_F(OnXServer, ARealKeyboardTypesAColourAndConfirmsIt) {
+    writeFrames();
+    act("type_a_colour.sh", {"--color", "#3366cc"});
+    EXPECT_EQ(read("out"), "#ff4c19\n");
+    EXPECT_EQ(read("code"), "0\n");
+}
+
+TEST_F(OnXServer, TheOptionKeyOnOkChoosesTheOtherColour) {
+    writeFrames();
+    act("hold_option.sh", {"--color", "#3366cc", "--verbose"});
+    EXPECT_EQ(read("out"), "#3366cc\n");
+    playWell("state $/state.json\n");
+    EXPECT_EQ(state()["useSecondColor"], 1) << "the choice is kept";
+}
+
+TEST_F(OnXServer, ARealPointerDragsWithinAndBetweenListsAndFromWells) {
+    playWell("choose $/three.aco\npress loadSwatch1:\n");
+    writeFrames();
+    act("drag_inside.sh", {"--color", "#336699"});
+    EXPECT_EQ(swatches(1), (std::vector<std::string>{"Green 0 65535 0", "Blue 0 0 65535", "Red 65535 0 0"}));
+    EXPECT_EQ(swatches(2), (std::vector<std::string>{"Green 0 65535 0", "New Color 13107 26214 39321"}));
+}
+
+TEST_F(OnXServer, ColoursCrossProgramsExactToTheWord) {
+    if (!installed("/usr/bin/python3 -c 'import gi; gi.require_version(\"Gtk\", \"3.0\")'"))
+        GTEST_SKIP() << "needs GTK 3";
+    playWell("choose $/three.aco\npress loadSwatch2:\n");
+    writeFrames();
+    act("exchange_colours.sh", {"--color", "#336699"});
+    EXPECT_EQ(read("received"), "1234 abcd fffe ffff format 16\n" // the first well: what it was given
+                                "ffff 0000 0000 ffff format 16 text Red\n"); // a swatch brings its name
+    EXPECT_THAT(swatches(2), Contains("From outside 4660 43981 65534"));
+}
+
+TEST_F(OnXServer, AssistiveTechnologyReadsAndWorksTheDialog) {
+    if (!installed("command -v dbus-run-session") ||
+        !installed("/usr/bin/python3 -c 'import gi; gi.require_version(\"Atspi\", \"2.0\")'"))
+        GTEST_SKIP() << "needs AT-SPI";
+    playWell("choose $/three.aco\npress loadSwatch1:\n");
+    writeFrames();
+    act("walk_accessible.sh", {"--color", "#336699"}, {"dbus-run-session", "--"});
+    const json told = json::parse(read("accessible.json"));
+    std::vector<std::pair<std::string, std::string>> tree;
+    for (const json& node : told["tree"])
+        tree.emplace_back(node["role"], node["name"]);
+    for (const auto& expected :
+         std::vector<std::pair<std::string, std::string>>{{"dialog", "Chromalog"},
+                                                          {"slider", "Luminosity"},
+                                                          {"color chooser", "Colour wheel"},
+                                                          {"push button", "Complement"},
+                                                          {"push button", "Cancel"},
+                                                          {"text", "First color, red, 0 to 255"},
+                                                          {"list item", "Red"},
+                                                          {"list item", "Green"},
+                                                          {"list item", "Blue"}})
+        EXPECT_THAT(tree, Contains(expected));
+    EXPECT_EQ(told["strip"]["value"], 25.0);
+    EXPECT_EQ(told["strip"]["range"], (json{0.0, 100.0}));
+}
+
+} // namespace
+} // namespace chromalog::test
