@@ -1,0 +1,181 @@
+#include "views/luminosity_view.h"
+
+#include "support/headless_desktop.h"
+#include "support/recording_canvas.h"
+
+#include <gmock/gmock.h>
+
+namespace chromalog {
+namespace {
+
+using test::Primitive;
+using testing::ElementsAre;
+
+class StripDesk : public luminosityDesk {
+  public:
+    Colour second = Colour::hsb(0.6, 0.5, 0.5);
+    std::vector<std::string> calls;
+    std::vector<float> levels;
+
+    Colour getSecondColor() const override { return second; }
+    void setLuminosity(float l) override {
+        calls.emplace_back("setLuminosity");
+        levels.push_back(l);
+        second = Colour::hsb(second.hue(), second.saturation(), l);
+    }
+    void redrawCircle() override { calls.emplace_back("redrawCircle"); }
+    void setHarmonyColors() override { calls.emplace_back("setHarmonyColors"); }
+};
+
+class LuminosityView : public testing::Test {
+  protected:
+    void SetUp() override {
+        view.setHost(&host);
+        view.layOut({0, 0, 30, 200});
+    }
+    std::vector<Primitive> drawing() {
+        test::RecordingCanvas canvas;
+        view.drawRect(canvas);
+        return canvas.primitives;
+    }
+    /// Indices of the cells that are drawn as marked.
+    std::vector<int> marked() {
+        std::vector<int> found;
+        const auto primitives = drawing();
+        for (std::size_t i = 1; i < primitives.size(); i += 2)
+            if (primitives[i - 1].colour.sameRgb(Colour::rgb(1, 1, 1)) &&
+                primitives[i].colour.sameRgb(Colour()))
+                found.push_back(static_cast<int>(i / 2));
+        return found;
+    }
+
+    StripDesk desk;
+    test::HeadlessViewHost host;
+    luminosityView view{desk};
+};
+
+TEST_F(LuminosityView, AHundredCellsAreFilledAndFramedFromTheBottom) {
+    desk.second = Colour::hsb(0.6, 0.5, 0.0);
+    const auto primitives = drawing();
+    ASSERT_EQ(primitives.size(), 200u);
+    for (int i = 0; i < 100; ++i) {
+        const Primitive& fill = primitives[2 * i];
+        const Primitive& frame = primitives[2 * i + 1];
+        EXPECT_EQ(fill.kind, Primitive::Kind::fillRect);
+        EXPECT_EQ(frame.kind, Primitive::Kind::frameRect);
+        EXPECT_EQ(frame.width, 1);
+        EXPECT_EQ(fill.rect, (Rect{0, 2.0 * i, 30, 2}));
+        EXPECT_EQ(frame.rect, fill.rect);
+        const Colour level = Colour::hsb(0.6f, 0.5f, static_cast<float>(i) / 99.0f);
+        EXPECT_TRUE(fill.colour.sameRgb(level)) << i;
+        EXPECT_TRUE(frame.colour.sameRgb(level)) << i;
+    }
+    EXPECT_TRUE(primitives.front().colour.sameRgb(Colour()));
+    EXPECT_EQ(primitives[198].colour.brightness(), 1.0);
+}
+
+TEST_F(LuminosityView, CellsStepBySinglePrecisionAndKeepTheirHeight) {
+    view.layOut({0, 0, 30, 333});
+    const auto primitives = drawing();
+    double y = 0;
+    for (int i = 0; i < 100; ++i, y += static_cast<float>(3.33))
+        EXPECT_EQ(primitives[2 * i].rect, (Rect{0, y, 30, 333 / 100.0}));
+}
+
+TEST_F(LuminosityView, ABrightnessOfAHalfMarksTheCellBelowIt) {
+    desk.second = Colour::hsb(0.6, 0.5, 0.5);
+    EXPECT_THAT(marked(), ElementsAre(49));
+}
+
+TEST_F(LuminosityView, BlackAndFullBrightnessMarkNoCell) {
+    for (double brightness : {0.0, 1.0}) {
+        desk.second = Colour::hsb(0.6, 0.5, brightness);
+        EXPECT_THAT(marked(), ElementsAre()) << brightness;
+    }
+}
+
+TEST_F(LuminosityView, ABrightnessOnALevelOrJustBelowTheNextMarksNoCell) {
+    for (int i = 0; i < 100; ++i) {
+        desk.second = Colour::rgb(static_cast<float>(i) / 99.0f, 0, 0);
+        EXPECT_THAT(marked(), ElementsAre()) << i;
+    }
+    desk.second = Colour::rgb(50 / 99.0 - 0.00005, 0, 0); // the band of 0.01 ends before the next level
+    EXPECT_THAT(marked(), ElementsAre());
+    desk.second = Colour::rgb(50 / 99.0 - 0.0002, 0, 0);
+    EXPECT_THAT(marked(), ElementsAre(49));
+}
+
+TEST_F(LuminosityView, AClickSetsTheLuminosityThenTheWheelThenTheHarmonies) {
+    view.mouseDown({{15, 50}});
+    EXPECT_THAT(desk.calls, ElementsAre("setLuminosity", "redrawCircle", "setHarmonyColors"));
+    EXPECT_THAT(desk.levels, ElementsAre(0.25f));
+    EXPECT_GT(host.redisplays, 0);
+}
+
+TEST_F(LuminosityView, TheEndsOfTheStripAreBlackAndFullBrightness) {
+    view.mouseDown({{15, 0}});
+    view.mouseDown({{15, 200}});
+    EXPECT_THAT(desk.levels, ElementsAre(0.0f, 1.0f));
+}
+
+TEST_F(LuminosityView, DraggingBeyondTheStripPassesTheValueOnUnchanged) {
+    for (double y : {220.0, -40.0, 400.0})
+        view.mouseDragged({{15, y}});
+    EXPECT_THAT(desk.levels, ElementsAre(1.1f, -0.2f, 2.0f));
+}
+
+TEST_F(LuminosityView, PlacingAColourOnlyRedraws) {
+    view.setCursorWithColor(Colour::rgb(1, 1, 1));
+    EXPECT_EQ(host.redisplays, 1);
+    EXPECT_TRUE(desk.calls.empty());
+}
+
+TEST_F(LuminosityView, AViewWithoutHeightPicksNothing) {
+    view.layOut({0, 0, 30, 0});
+    view.mouseDown({{15, 0}});
+    EXPECT_TRUE(desk.calls.empty());
+    EXPECT_EQ(drawing().size(), 200u);
+}
+
+TEST_F(LuminosityView, KeysChangeTheBrightnessByPercent) {
+    struct Row {
+        KeyEvent key;
+        float to;
+    };
+    for (const Row& row : {Row{{Key::up}, 0.51f},
+                           {{Key::right}, 0.52f},
+                           {{Key::down}, 0.51f},
+                           {{Key::left}, 0.5f},
+                           {{Key::up, true}, 0.6f},
+                           {{Key::down, true}, 0.5f},
+                           {{Key::home}, 0.0f},
+                           {{Key::down}, 0.0f},
+                           {{Key::end}, 1.0f},
+                           {{Key::up, true}, 1.0f}}) {
+        desk.calls.clear();
+        EXPECT_TRUE(view.keyDown(row.key));
+        EXPECT_EQ(desk.levels.back(), row.to);
+        EXPECT_THAT(desk.calls, ElementsAre("setLuminosity", "redrawCircle", "setHarmonyColors"));
+    }
+    EXPECT_FALSE(view.keyDown({Key::space}));
+}
+
+TEST_F(LuminosityView, IsASliderForAssistiveTechnology) {
+    EXPECT_TRUE(view.acceptsFocus());
+    desk.second = Colour::rgb(0.25, 0.1, 0);
+    const Accessible a = view.accessible();
+    EXPECT_EQ(a.role, Accessible::Role::slider);
+    EXPECT_EQ(a.name, "Luminosity");
+    EXPECT_EQ(a.value, "RGB 63 25 0, #3f1900");
+    ASSERT_TRUE(a.range);
+    EXPECT_EQ(a.range->value, 25);
+    EXPECT_EQ(a.range->minimum, 0);
+    EXPECT_EQ(a.range->maximum, 100);
+    view.setAccessibleValue(80);
+    EXPECT_THAT(desk.levels, ElementsAre(0.8f));
+    view.setAccessibleValue(1000);
+    EXPECT_EQ(desk.levels.back(), 1.0f);
+}
+
+} // namespace
+} // namespace chromalog
