@@ -20,8 +20,8 @@ fail() {
 # What failed, as one line: the first error in the log and where the rest is.
 fail_with_log() {
   local first
-  first=$(grep -m1 -iE '(error|failed|unable|could not)' "$log" | tr -s ' ' | cut -c1-200)
-  fail "$1 failed: ${first:-no reason given} (all of it is in $log)"
+  first=$(grep -m1 -A2 -E '^E: |^Error|CMake Error|error:|ld returned|cannot find' "$log" | tr -s '\n ' ' ' | cut -c1-300)
+  fail "$1 failed: ${first:-see the log} (all of it: $log)"
 }
 
 as_root() {
