@@ -4,7 +4,9 @@
 
 #include <QFileInfo>
 #include <QLineEdit>
+#include <QListView>
 #include <QSettings>
+#include <QSignalBlocker>
 
 namespace chromalog {
 
@@ -28,11 +30,25 @@ class SaveDialog : public QFileDialog {
     SaveDialog(QWidget* parent, QString extension) : QFileDialog(parent), extension_(std::move(extension)) {}
     void accept() override {
         auto* name = findChild<QLineEdit*>("fileNameEdit");
-        if (name && !name->text().isEmpty()) name->setText(withExtension(name->text(), extension_));
+        auto* list = findChild<QListView*>("listView");
+        if (name && list && !name->text().isEmpty()) {
+            const QString path = withExtension(meantPath(name->text()), extension_);
+            const QSignalBlocker noCompletion(name); // it would select another file's row
+            name->setText(path);
+            list->selectionModel()->clearSelection(); // a selected row wins over the name
+        }
         QFileDialog::accept();
     }
 
   private:
+    /// The toolkit shortens the name of a file that exists to the name of its selected row, wherever that
+    /// lies; and a row can stay selected under another name.
+    QString meantPath(const QString& text) const {
+        const QString selected = selectedFiles().value(0);
+        if (QFileInfo(selected).fileName() == text) return selected;
+        return QDir::isAbsolutePath(text) ? text : directory().filePath(text);
+    }
+
     QString extension_;
 };
 

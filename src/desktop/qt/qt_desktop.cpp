@@ -46,7 +46,7 @@ QtDesktop::QtDesktop(QtDesktopSettings settings)
     : keyboard(&QGuiApplication::queryKeyboardModifiers), settings_(std::move(settings)),
       log_(settings_.logToSystem), texts_(settings_.formsDirectory) {
     initialiseResources();
-    installViewAccessibility();
+    installAccessibility();
 }
 
 /// What the clipboard holds of ours becomes the toolkit's own: the module may be unloaded before the
@@ -59,7 +59,7 @@ QtDesktop::~QtDesktop() {
         if (ours->hasText()) plain->setText(ours->text());
         clipboard->setMimeData(plain);
     }
-    removeViewAccessibility();
+    removeAccessibility();
 }
 
 std::unique_ptr<Form> QtDesktop::loadForm(std::string_view name, const FormOwner& owner) {

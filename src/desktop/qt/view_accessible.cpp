@@ -2,6 +2,7 @@
 
 #include "desktop/qt/convert.h"
 #include "desktop/qt/view_widget.h"
+#include "desktop/qt/well_accessible.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
@@ -146,11 +147,14 @@ QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
 
 } // namespace
 
-void installViewAccessibility() {
+void installAccessibility() {
     QAccessible::installFactory(makeAccessible);
+    QAccessible::installFactory(makeWellAccessible);
 }
-void removeViewAccessibility() {
+
+void removeAccessibility() {
     QAccessible::removeFactory(makeAccessible);
+    QAccessible::removeFactory(makeWellAccessible);
 }
 
 void announceView(ViewWidget& widget) {

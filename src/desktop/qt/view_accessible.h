@@ -4,8 +4,10 @@ namespace chromalog {
 
 class ViewWidget;
 
-void installViewAccessibility();
-void removeViewAccessibility();
+/// Before the first widget is made, and after the last is gone: the toolkit calls into this module in
+/// between.
+void installAccessibility();
+void removeAccessibility();
 
 /// Tells assistive technology that the view's value, name or rows changed.
 void announceView(ViewWidget&);

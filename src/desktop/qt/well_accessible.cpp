@@ -1,0 +1,30 @@
+#include "desktop/qt/well_accessible.h"
+
+#include "desktop/qt/color_well_widget.h"
+
+#include <QAccessibleWidget>
+
+namespace chromalog {
+
+namespace {
+
+class WellAccessible : public QAccessibleWidget {
+  public:
+    explicit WellAccessible(ColorWellWidget* well)
+        : QAccessibleWidget(well, QAccessible::ColorChooser), well_(well) {}
+    QString text(QAccessible::Text kind) const override {
+        return kind == QAccessible::Value ? well_->valueText() : QAccessibleWidget::text(kind);
+    }
+
+  private:
+    ColorWellWidget* well_; ///< lives longer: the toolkit takes this down with it
+};
+
+} // namespace
+
+QAccessibleInterface* makeWellAccessible(const QString&, QObject* object) {
+    auto* well = dynamic_cast<ColorWellWidget*>(object);
+    return well ? new WellAccessible(well) : nullptr;
+}
+
+} // namespace chromalog

@@ -1,0 +1,153 @@
+// Fields that a person types in.
+#include "desktop_qt/desktop_fixture.h"
+
+#include "desktop/qt/field_control.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+using namespace chromalog;
+using namespace chromalog::test;
+using testing::ElementsAre;
+
+namespace {
+
+/// A dialog with a field, another one to go to, and an OK button.
+class FieldTest : public DesktopTest {
+  protected:
+    QtDesktop desktop{settings()};
+    DialogWindow dialog;
+    QLineEdit edit, other;
+    QPushButton ok;
+    FieldControl field{&edit};
+    std::vector<std::string> edits; ///< the text at every edit
+    int oks = 0, closes = 0;
+
+    void SetUp() override {
+        auto* column = new QVBoxLayout(&dialog);
+        for (QWidget* widget : std::initializer_list<QWidget*>{&edit, &other, &ok})
+            column->addWidget(widget);
+        ok.setDefault(true);
+        QObject::connect(&ok, &QPushButton::clicked, [this] { ++oks; });
+        dialog.onClose = [this] { ++closes; };
+        field.onEdit = [this] { edits.push_back(field.text()); };
+        dialog.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        edit.setFocus();
+    }
+
+    void TearDown() override {
+        for (QWidget* widget : std::initializer_list<QWidget*>{&edit, &other, &ok})
+            widget->setParent(nullptr);
+    }
+};
+
+TEST_F(FieldTest, EveryKeystrokeIsAnEditAndSettingIsNone) {
+    field.setText("10");
+    edit.selectAll();
+    QTest::keyClicks(&edit, "255");
+    EXPECT_THAT(edits, ElementsAre("2", "25", "255"));
+    field.setText("7");
+    EXPECT_EQ(edits.size(), 3U);
+}
+
+TEST_F(FieldTest, PasteCutUndoAndClearAreEdits) {
+    field.setText("10");
+    QGuiApplication::clipboard()->setText("42");
+    edit.selectAll();
+    QTest::keySequence(&edit, QKeySequence::Paste);
+    edit.selectAll();
+    QTest::keySequence(&edit, QKeySequence::Cut);
+    QTest::keySequence(&edit, QKeySequence::Undo);
+    edit.selectAll();
+    QTest::keyClick(&edit, Qt::Key_Delete);
+    EXPECT_THAT(edits, ElementsAre("42", "", "42", ""));
+}
+
+TEST_F(FieldTest, WhileTypedInItKeepsItsTextAndThenShowsWhatWasSet) {
+    edit.selectAll();
+    QTest::keyClicks(&edit, "12abc");
+    field.setText("11");
+    field.setText("12");
+    EXPECT_EQ(field.text(), "12abc");
+    other.setFocus();
+    EXPECT_EQ(field.text(), "12");
+    field.setText("13"); // at once, nobody is typing
+    EXPECT_EQ(field.text(), "13");
+}
+
+TEST_F(FieldTest, ATextThatNobodySetMeanwhileStaysAsTyped) {
+    edit.selectAll();
+    QTest::keyClicks(&edit, "red");
+    other.setFocus();
+    EXPECT_EQ(field.text(), "red");
+}
+
+TEST_F(FieldTest, AFieldThatOnlyHasTheFocusFollowsAtOnce) {
+    field.setText("88");
+    EXPECT_EQ(field.text(), "88");
+}
+
+TEST_F(FieldTest, TheFirstReturnEndsTheEditingTheSecondIsOk) {
+    QTest::keyClicks(&edit, "300");
+    field.setText("255");
+    QTest::keyClick(&edit, Qt::Key_Return);
+    EXPECT_EQ(oks, 0);
+    EXPECT_EQ(field.text(), "255");
+    QTest::keyClick(&edit, Qt::Key_Return);
+    EXPECT_EQ(oks, 1);
+}
+
+TEST_F(FieldTest, EscapeClosesTheDialogOnce) {
+    QTest::keyClicks(&edit, "3");
+    QTest::keyClick(&edit, Qt::Key_Escape);
+    EXPECT_EQ(closes, 1);
+}
+
+TEST_F(FieldTest, ASearchFieldKeepsReturnAndEscapeClearsItFirst) {
+    int returns = 0;
+    field.onReturn = [&] { ++returns; };
+    QTest::keyClicks(&edit, "b");
+    QTest::keyClick(&edit, Qt::Key_Return);
+    QTest::keyClick(&edit, Qt::Key_Enter);
+    EXPECT_EQ(returns, 2);
+    EXPECT_EQ(oks, 0);
+    QTest::keyClick(&edit, Qt::Key_Escape);
+    EXPECT_EQ(field.text(), "");
+    EXPECT_EQ(closes, 0);
+    EXPECT_THAT(edits, ElementsAre("b", ""));
+    QTest::keyClick(&edit, Qt::Key_Escape);
+    EXPECT_EQ(closes, 1);
+}
+
+TEST_F(FieldTest, TheClearButtonIsAnEdit) {
+    edit.setClearButtonEnabled(true);
+    QTest::keyClicks(&edit, "x");
+    auto* clear = edit.findChild<QToolButton*>();
+    ASSERT_NE(clear, nullptr);
+    clear->click();
+    EXPECT_THAT(edits, ElementsAre("x", ""));
+}
+
+TEST_F(FieldTest, LabelsShowTheirTextAndItsWholeAsATip) {
+    QLabel label;
+    LabelControl control(&label);
+    control.setText("a <b>name</b>");
+    EXPECT_EQ(control.text(), "a <b>name</b>");
+    EXPECT_EQ(label.toolTip(), "a <b>name</b>");
+}
+
+TEST_F(FieldTest, AFieldWhoseWidgetIsGoneDoesNothing) {
+    auto* gone = new QLineEdit;
+    FieldControl control(gone);
+    delete gone;
+    control.setText("x");
+    EXPECT_EQ(control.text(), "");
+    EXPECT_TRUE(control.hidden());
+}
+
+} // namespace
