@@ -166,6 +166,23 @@ TEST_F(DriveLists, AnAlertThatNothingAnswersEndsTheScript) {
     }
 }
 
+TEST_F(DriveLists, AnAlertInAPanelsAnswerIsDismissedBeforeOrAfter) {
+    writeSwatches("full.aco", std::vector<Swatch>(4990, Swatch{"Many", 1, 2, 3}));
+    writeSwatches("twenty.aco", std::vector<Swatch>(20, Swatch{"More", 4, 5, 6}));
+    const std::string load = "choose $/full.aco\npress loadSwatch1:\n", append = "press appendSwatch1:\n";
+    for (const std::string& script : {load + append + "choose $/twenty.aco\nstate $/open.json\nanswer\n",
+                                      load + "answer\nchoose $/twenty.aco\n" + append}) {
+        playWell(script + "click swatch1 5 30\nstate $/state.json\n", {"--option"});
+        EXPECT_EQ(state()["lists"][0]["viewCount"], 5000) << script;
+        ASSERT_EQ(state()["alerts"].size(), 1u) << script;
+        EXPECT_EQ(state()["alerts"][0]["message"], "A Swatch list has a maximum of 5000 colors. ");
+    }
+}
+
+TEST_F(DriveLists, AWellsMenuOpensToo) {
+    playWell("rclick origFirstColor 20 20\nshot $/shot.png\nkey Escape\nclick swatch1 5 5\n");
+}
+
 TEST_F(DriveLists, ContextMenusOpenByClickByNameAndByOperation) {
     playWell(std::string(kLoad) +
              "rclick swatch1 50 50\nshot $/menu.png\nmenu swatch1 deleteSwatch1:\nstate $/1.json\n"

@@ -116,6 +116,15 @@ TEST_F(OnXServer, TheOptionKeyOnOkChoosesTheOtherColour) {
     EXPECT_EQ(state()["useSecondColor"], 1) << "the choice is kept";
 }
 
+TEST_F(OnXServer, TheOptionKeyWhileTheDialogOpensSkipsThePreferences) {
+    playWell("choose $/three.aco\npress loadSwatch1:\n");
+    writeFrames();
+    act("hold_option_while_opening.sh", {});
+    const auto kept = runProgram({"find", file("data"), "-name", "*.prf.skipped"});
+    EXPECT_NE(kept.out, "") << "what was skipped is kept once";
+    EXPECT_THAT(swatches(1), testing::IsEmpty());
+}
+
 TEST_F(OnXServer, ARealPointerDragsWithinAndBetweenListsAndFromWells) {
     playWell("choose $/three.aco\npress loadSwatch1:\n");
     writeFrames();

@@ -103,11 +103,16 @@ void Commands::clickAt(const Command& c) {
     clickHeld(spotAt(c, 0), c.has(3));
 }
 
-/// Where the press opened a menu, it took the release as well.
+/// A view opens its menu at the press, other controls when the window system asks for one. A menu that opened
+/// took the release as well.
 void Commands::rightClick(const Spot& spot) {
-    const long before = performed_;
+    const auto before = std::pair(performed_, waitingFor_);
+    const auto menuCame = [&] {
+        return std::pair(performed_, waitingFor_) != before || QApplication::activePopupWidget();
+    };
     drive::press(spot, Qt::RightButton, Qt::NoModifier);
-    if (performed_ == before && !waitingFor_) drive::release(spot, Qt::RightButton, Qt::NoModifier);
+    if (!menuCame()) askForMenu(spot);
+    if (!menuCame()) drive::release(spot, Qt::RightButton, Qt::NoModifier);
 }
 
 void Commands::rightClickAt(const Command& c) {

@@ -3,6 +3,7 @@
 #include "desktop/qt/view_widget.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QScrollArea>
 #include <QtTest/qtestspontaneevent.h>
@@ -68,6 +69,14 @@ void moveTo(const Spot& spot, Qt::MouseButton held, Qt::KeyboardModifiers modifi
 
 void release(const Spot& spot, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) {
     send(spot, QEvent::MouseButtonRelease, button, Qt::NoButton, modifiers);
+}
+
+void askForMenu(const Spot& spot) {
+    if (!spot.widget) return;
+    QContextMenuEvent event(QContextMenuEvent::Mouse, spot.at.toPoint(),
+                            spot.widget->mapToGlobal(spot.at).toPoint());
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    QCoreApplication::sendEvent(spot.widget, &event);
 }
 
 void click(const Spot& spot, Qt::KeyboardModifiers modifiers) {

@@ -28,6 +28,9 @@ void press(const Spot&, Qt::MouseButton, Qt::KeyboardModifiers);
 void moveTo(const Spot&, Qt::MouseButton held, Qt::KeyboardModifiers);
 void release(const Spot&, Qt::MouseButton, Qt::KeyboardModifiers);
 
+/// What the window system sends beside a press of the right button.
+void askForMenu(const Spot&);
+
 /// Press and release with the left button. The widget may be gone after either.
 void click(const Spot&, Qt::KeyboardModifiers = Qt::NoModifier);
 
