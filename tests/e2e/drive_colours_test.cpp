@@ -43,6 +43,32 @@ TEST_F(DriveColours, AFieldThatIsTypedInKeepsItsTextUntilReturn) {
     EXPECT_NE(text(state("ended.json"), "secondC"), "7x");
 }
 
+TEST_F(DriveColours, EveryWayToEditAFieldRebuildsTheColour) {
+    struct Step {
+        const char* commands;
+        const char* text;
+    };
+    const Step steps[] = {
+        {"type firstR 12\nkey Ctrl+A\nkey 7\n", "7"}, // what is selected is replaced
+        {"key Ctrl+Z\n", "12"},
+        {"key Ctrl+Y\n", "7"},
+        {"type firstR 200\nkey Ctrl+A\nkey Ctrl+X\n", ""},
+        {"key Ctrl+V\n", "200"},
+        {"key Backspace\n", "20"},
+        {"key Home\nkey Delete\n", "0"},
+    };
+    std::string script;
+    for (std::size_t i = 0; i < std::size(steps); ++i)
+        script += steps[i].commands + ("state $/" + std::to_string(i)) + ".json\n";
+    playWell(script);
+    for (std::size_t i = 0; i < std::size(steps); ++i) {
+        const auto now = state(std::to_string(i) + ".json");
+        EXPECT_EQ(text(now, "firstR"), steps[i].text) << steps[i].commands;
+        EXPECT_EQ(now["firstColor"][0], std::atof(steps[i].text) / 255.0) << steps[i].commands;
+        EXPECT_EQ(now["outlets"]["okButton"]["background"], now["firstColor"]) << steps[i].commands;
+    }
+}
+
 TEST_F(DriveColours, ASecondReturnIsOk) {
     const auto result =
         play("type firstR 16\nkey Return\nstate $/open.json\nkey Return\nstate $/never.json\n");

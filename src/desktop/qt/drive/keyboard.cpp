@@ -87,6 +87,7 @@ std::optional<KeyStroke> readKey(std::string_view name) {
     KeyStroke stroke;
     if (letter.size() == 1) {
         stroke = strokeOf(letter.front());
+        if (modifiers & kCommands) stroke.modifiers = {}; // Ctrl+A is the key A, not Ctrl+Shift+A
     } else {
         const auto found = std::ranges::find(kKeys, name, &NamedKey::name);
         if (found == std::end(kKeys)) return std::nullopt;
