@@ -101,6 +101,18 @@ TEST_F(OnXServer, ScriptsPlayAsTheyDoOffscreen) {
         EXPECT_EQ(onServer[key], state()[key]) << key;
 }
 
+TEST_F(OnXServer, PicksInARowStandOnAServerThatStartsAnewWithoutClients) {
+    const XServer server(XServer::WhenAlone::startsAnew);
+    ASSERT_TRUE(server.runs());
+    environment_["DISPLAY"] = server.display();
+    for (int run = 0; run < 4; ++run) {
+        const auto result = pick({"--accept", "--picks", "4"});
+        EXPECT_EQ(result.out, "#e64c19\n#e64c19\n#e64c19\n#e64c19\n");
+        EXPECT_EQ(result.err, "");
+        EXPECT_EQ(result.exitCode, 0);
+    }
+}
+
 TEST_F(OnXServer, ARealKeyboardTypesAColourAndConfirmsIt) {
     writeFrames();
     act("type_a_colour.sh", {"--color", "#3366cc"});

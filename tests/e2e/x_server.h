@@ -9,7 +9,10 @@ namespace chromalog::test {
 /// the object.
 class XServer {
   public:
-    XServer();
+    /// What the server does when its last client goes: by default most servers forget everything.
+    enum class WhenAlone { stays, startsAnew };
+
+    explicit XServer(WhenAlone = WhenAlone::stays);
     ~XServer();
     XServer(const XServer&) = delete;
     XServer& operator=(const XServer&) = delete;

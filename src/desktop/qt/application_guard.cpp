@@ -1,9 +1,11 @@
 #include "desktop/qt/application_guard.h"
 
+#include <chrono>
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
 #include <string_view>
+#include <thread>
 
 #if defined(__linux__)
 #include <dlfcn.h>
@@ -23,26 +25,17 @@ std::string_view environment(const char* name) {
 
 #if defined(__linux__)
 
-/// Asks the X library itself: a socket alone would not tell whether the server lets us in.
-bool xServerAnswers() {
-    if (environment("DISPLAY").empty()) return false;
-    void* xcb = dlopen("libxcb.so.1", RTLD_NOW | RTLD_LOCAL);
-    if (!xcb) return false;
-    using Connect = void* (*)(const char*, int*);
-    using HasError = int (*)(void*);
-    using Disconnect = void (*)(void*);
-    const auto connect = reinterpret_cast<Connect>(dlsym(xcb, "xcb_connect"));
-    const auto hasError = reinterpret_cast<HasError>(dlsym(xcb, "xcb_connection_has_error"));
-    const auto disconnect = reinterpret_cast<Disconnect>(dlsym(xcb, "xcb_disconnect"));
-    bool answers = false;
-    if (connect && hasError && disconnect) {
-        void* connection = connect(nullptr, nullptr); // never null: an error is held in the connection
-        answers = hasError(connection) == 0;
-        disconnect(connection);
+/// The X library, loaded for one question only: the toolkit's platform plug-in links it, this module does
+/// not.
+struct XLibrary {
+    void* handle = dlopen("libxcb.so.1", RTLD_NOW | RTLD_LOCAL);
+    ~XLibrary() {
+        if (handle) dlclose(handle);
     }
-    dlclose(xcb);
-    return answers;
-}
+    template <typename Function> Function* find(const char* name) const {
+        return handle ? reinterpret_cast<Function*>(dlsym(handle, name)) : nullptr;
+    }
+};
 
 bool waylandAnswers() {
     std::string path(environment("WAYLAND_DISPLAY"));
@@ -75,16 +68,68 @@ void withoutNoise(QtMsgType type, const QMessageLogContext& context, const QStri
 
 } // namespace
 
-bool displayAvailable() {
-    if (QCoreApplication::instance())
-        return qobject_cast<QApplication*>(QCoreApplication::instance()) != nullptr;
 #if defined(__linux__)
+
+/// A connection to the X server. The library itself asks: a socket alone would not tell whether the server
+/// lets us in.
+struct DisplayProbe::XConnection {
+    XLibrary library;
+    void* connection = nullptr;
+
+    /// A server that starts anew because the pick before was its last client turns away who comes meanwhile.
+    XConnection() {
+        constexpr int tries = 5;
+        if (environment("DISPLAY").empty()) return;
+        for (int i = 0; i < tries && !stands(); ++i) {
+            if (i > 0) std::this_thread::sleep_for(std::chrono::milliseconds(50));
+            open();
+        }
+    }
+    ~XConnection() { close(); }
+    void open() {
+        close();
+        if (auto* connect = library.find<void*(const char*, int*)>("xcb_connect"))
+            connection = connect(nullptr, nullptr);
+    }
+    void close() {
+        auto* disconnect = library.find<void(void*)>("xcb_disconnect");
+        if (connection && disconnect) disconnect(connection);
+        connection = nullptr;
+    }
+    /// A failed connection is no null pointer either: it holds its error.
+    bool stands() const {
+        auto* hasError = library.find<int(void*)>("xcb_connection_has_error");
+        return connection && hasError && hasError(connection) == 0;
+    }
+};
+
+DisplayProbe::DisplayProbe() {
+    if (QCoreApplication::instance()) {
+        available_ = qobject_cast<QApplication*>(QCoreApplication::instance()) != nullptr;
+        return;
+    }
     const std::string_view platform = environment("QT_QPA_PLATFORM");
-    if (platform.starts_with("wayland")) return waylandAnswers();
-    if (platform.starts_with("xcb") || platform.empty()) return xServerAnswers();
-#endif
-    return true;
+    if (platform.starts_with("wayland")) {
+        available_ = waylandAnswers();
+    } else if (platform.starts_with("xcb") || platform.empty()) {
+        x_ = std::make_unique<XConnection>();
+        available_ = x_->stands();
+    } else {
+        available_ = true;
+    }
 }
+
+#else
+
+struct DisplayProbe::XConnection {};
+
+DisplayProbe::DisplayProbe()
+    : available_(!QCoreApplication::instance() || qobject_cast<QApplication*>(QCoreApplication::instance())) {
+}
+
+#endif
+
+DisplayProbe::~DisplayProbe() = default;
 
 ApplicationGuard::ApplicationGuard() : locale_(std::setlocale(LC_ALL, nullptr)) {
     if (QCoreApplication::instance()) return;

@@ -8,8 +8,22 @@
 namespace chromalog {
 
 /// Whether the toolkit can start here. Without a screen its application object would abort the host's
-/// process, so this is asked first.
-bool displayAvailable();
+/// process, so this is asked first, and kept until the application stands: an X server that its last client
+/// leaves may start anew, and would turn away the toolkit that comes right after the question.
+class DisplayProbe {
+  public:
+    DisplayProbe();
+    ~DisplayProbe();
+    DisplayProbe(const DisplayProbe&) = delete;
+    DisplayProbe& operator=(const DisplayProbe&) = delete;
+
+    bool available() const { return available_; }
+
+  private:
+    struct XConnection;
+    std::unique_ptr<XConnection> x_;
+    bool available_ = false;
+};
 
 /// Makes the toolkit's application object where the process has none, for the length of a pick. Owned by a
 /// static it would crash at exit; made anew for every pick it works. The locale is left as it was found.

@@ -19,7 +19,8 @@ QtDesktopSettings settingsOf(const StandaloneSuite* standalone) {
 } // namespace
 
 std::unique_ptr<Desktop> QtPlatform::makeDesktop(const StandaloneSuite* standalone) {
-    if (!displayAvailable()) {
+    const DisplayProbe display;
+    if (!display.available()) {
         std::fputs("Chromalog: there is no display to show the dialog on\n", stderr);
         return nullptr;
     }
