@@ -62,7 +62,8 @@ void printSwatchList(CSwatchList& list, PrintDesk& desk) {
         tooSmall = pages.sheets == 0;
         return pages;
     };
-    if (!tooSmall) desktop.runPrintOperation({list.getSwatchName(), layOut});
+    const std::string title = list.getSwatchName().empty() ? "Swatches" : list.getSwatchName();
+    if (!tooSmall) desktop.runPrintOperation({title, layOut});
     if (tooSmall) desktop.runAlert({"The paper is too small for these swatches. ", "", "ok"});
 }
 

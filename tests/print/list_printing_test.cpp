@@ -172,6 +172,14 @@ TEST_F(ListPrinting, AfterACancelledOrFailedJobTheViewIsAsBefore) {
     }
 }
 
+TEST_F(ListPrinting, TheJobIsNamedAfterTheFileInTheList) {
+    print(1);
+    EXPECT_EQ(dialog.screen.printedTitle, "Swatches");
+    list.setName("blues.aco");
+    print(1);
+    EXPECT_EQ(dialog.screen.printedTitle, "blues.aco");
+}
+
 TEST_F(ListPrinting, NoRecordIsChanged) {
     records[0] = test::swatch(std::string(255, 'x'), 65535, 1, 2);
     const auto before = records;
