@@ -12,6 +12,13 @@
 #define CHROMALOG_PER_CPU
 #endif
 
+// A chunk and its mirror are the same pixels or do not touch: the loop over both is free of dependences.
+#if defined(__GNUC__) && !defined(__clang__)
+#define CHROMALOG_SAME_OR_APART _Pragma("GCC ivdep")
+#else
+#define CHROMALOG_SAME_OR_APART
+#endif
+
 namespace chromalog {
 namespace {
 
@@ -48,17 +55,25 @@ std::size_t fillWheelChunks(const WheelChunk* chunks, const float* factors, std:
         const WheelChunk* chunk = chunks + group * groupChunks;
         const float* middle = factors + group * groupChunks * chunkFactors;
         for (int c = 0; c < groupChunks; ++c, ++chunk, middle += chunkFactors) {
+            const float* low = middle + chunkPixels;
             const Placement& p = placements[chunk->order];
+            const Placement& q = placements[mirroredOrder(chunk->order)];
             const std::uint32_t top = p.top, middleMask = p.middleMask, lowMask = p.lowMask;
             const int middleDown = p.middleDown, lowDown = p.lowDown;
-            const float* low = middle + chunkPixels;
+            const std::uint32_t mirrorTop = q.top, mirrorMiddleMask = q.middleMask, mirrorLowMask = q.lowMask;
+            const int mirrorMiddleDown = q.middleDown, mirrorLowDown = q.lowDown;
             std::uint32_t* out = picture + chunk->first;
+            std::uint32_t* mirror = picture + chunk->mirror;
+            CHROMALOG_SAME_OR_APART
             for (int i = 0; i < chunkPixels; ++i) {
-                const std::uint32_t m = s.fixed(middle[i]);
-                const std::uint32_t l = s.fixed(low[i]);
-                whole[i] |= s.wholeBit(m) | s.wholeBit(l);
-                out[i] =
-                    top | (m << toHighest >> middleDown & middleMask) | (l << toHighest >> lowDown & lowMask);
+                const std::uint32_t fixedMiddle = s.fixed(middle[i]);
+                const std::uint32_t fixedLow = s.fixed(low[i]);
+                whole[i] |= s.wholeBit(fixedMiddle) | s.wholeBit(fixedLow);
+                const std::uint32_t m = fixedMiddle << toHighest;
+                const std::uint32_t l = fixedLow << toHighest;
+                out[i] = top | (m >> middleDown & middleMask) | (l >> lowDown & lowMask);
+                mirror[i] = mirrorTop | (m >> mirrorMiddleDown & mirrorMiddleMask) |
+                            (l >> mirrorLowDown & mirrorLowMask);
             }
         }
         std::uint32_t any = 0;

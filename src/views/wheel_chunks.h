@@ -8,11 +8,11 @@ namespace chromalog {
 
 /// Fixed point from single precision: adding `offset` leaves 255 × brightness × factor, rounded to
 /// `fractionBits` bits after the point, in the low bits of the sum. Factor, scale and product are each
-/// rounded by at most 2^-17 (half a unit in the last place below 256); their sum is less than half of the
-/// last bit kept. So a fraction that is not zero settles the truncated byte, and a fraction of zero leaves it
-/// in doubt.
+/// rounded by at most 2^-17 (half a unit in the last place below 256), and a factor that two mirrored pixels
+/// share may be off by 255 × 3 × 2^-25: all in all less than half of the last bit kept. So a fraction that is
+/// not zero settles the truncated byte, and a fraction of zero leaves it in doubt.
 struct BrightnessScale {
-    static constexpr int fractionBits = 14;
+    static constexpr int fractionBits = 13;
     static constexpr float offset = 1 << (23 - fractionBits);
 
     /// Brightness in 0..1.
@@ -38,16 +38,23 @@ struct ChannelOrder {
 /// By sextant of the hue; the last one is for pixels with two largest channels (hue 0.5).
 constexpr ChannelOrder channelOrders[] = {{1 << 16, 8, 0}, {1 << 8, 16, 0}, {1 << 8, 0, 16},     {1, 8, 16},
                                           {1, 16, 8},      {1 << 16, 0, 8}, {1 << 8 | 1, 16, 16}};
-constexpr int twoLargest = 6;
+constexpr std::uint32_t twoLargest = 6;
+
+/// Of the pixel in the mirrored row: the hue runs backwards.
+constexpr std::uint32_t mirroredOrder(std::uint32_t order) {
+    return order == twoLargest ? twoLargest : 5 - order;
+}
 
 constexpr int chunkPixels = 16;
 constexpr int groupChunks = 8;
 
-/// Neighbours in a row that share the order of their channels. Their factors follow those of the chunk
-/// before: first the middle channel's, then the smallest channel's.
+/// Neighbours in a row that share the order of their channels, and those that mirror them above the centre,
+/// with the same factors. The factors of all chunks follow each other: each chunk's of the middle channel,
+/// then those of the smallest.
 struct WheelChunk {
-    std::uint32_t first; ///< index of the first pixel in the picture
-    std::uint32_t order; ///< of channelOrders
+    std::uint32_t first;  ///< index of the first pixel in the picture
+    std::uint32_t mirror; ///< of its mirror; the same in the middle row
+    std::uint32_t order;  ///< of channelOrders
 };
 constexpr int chunkFactors = 2 * chunkPixels;
 

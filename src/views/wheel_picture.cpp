@@ -97,7 +97,7 @@ void WheelPicture::measure(int size) {
     strays_.clear();
     spans_.clear();
     rim_.clear();
-    for (int row = 0; row < size; ++row)
+    for (int row = (size + 1) / 2; row < size; ++row) // the rows above the centre mirror those below
         measureRow(row);
     while (chunks_.size() % groupChunks != 0) { // the last chunk again
         chunks_.push_back(chunks_.back());
@@ -109,22 +109,36 @@ void WheelPicture::measure(int size) {
 void WheelPicture::measureRow(int row) {
     const int size = bitmap_.width;
     const std::size_t start = static_cast<std::size_t>(row) * size;
+    const std::size_t mirror = static_cast<std::size_t>(size - row) * size;
+    const bool mirrors = mirror != start; // all but the middle row of an even size
     runs_.clear();
     for (int x = 0; x < size; ++x) {
         float hue, saturation;
         getColorWheelValue(x, row, &hue, &saturation, size / 2.0f);
         if (saturation >= 1) continue;
-        const Factors factors = factorsOf(hue, saturation);
+        Factors factors = factorsOf(hue, saturation);
+        if (mirrors) {
+            const Factors mirrored = factorsOf(1 - hue, saturation); // the hue is rounded once more
+            if (mirrored.order == mirroredOrder(factors.order))
+                factors.middle = (factors.middle + mirrored.middle) / 2;
+            else
+                strays_.push_back(mirror + x);
+        }
         middle_[x] = static_cast<float>(factors.middle);
         low_[x] = static_cast<float>(factors.low);
         if (runs_.empty() || runs_.back().order != factors.order) runs_.push_back({x, x, factors.order});
         runs_.back().end = x + 1;
         const float alpha = alphaOf(saturation);
-        if (alpha < 1) rim_.push_back({start + x, static_cast<std::uint32_t>(alpha * 255) << 24});
+        if (alpha == 1) continue;
+        const auto word = static_cast<std::uint32_t>(alpha * 255) << 24;
+        rim_.push_back({start + x, word});
+        if (mirrors) rim_.push_back({mirror + x, word});
     }
     if (runs_.empty()) return;
-    spans_.push_back(
-        {start + runs_.front().begin, static_cast<std::size_t>(runs_.back().end - runs_.front().begin)});
+    const auto begin = static_cast<std::size_t>(runs_.front().begin);
+    const std::size_t length = runs_.back().end - begin;
+    spans_.push_back({start + begin, length});
+    spans_.push_back({mirror + begin, length});
     cutIntoChunks(row);
 }
 
@@ -140,16 +154,23 @@ void WheelPicture::cutIntoChunks(int row) {
         else if (i > 0 && isLong(runs_[i - 1]))
             addChunk(row, run.end - chunkPixels, run.order);
         else
-            for (int x = run.begin; x < run.end; ++x)
-                strays_.push_back(row * bitmap_.width + x);
+            addStrays(row, run);
     }
     for (const Run& run : runs_)
         for (int x = run.begin; isLong(run) && x < run.end; x += chunkPixels)
             addChunk(row, std::min(x, run.end - chunkPixels), run.order);
 }
 
+void WheelPicture::addStrays(int row, const Run& run) {
+    for (int x = run.begin; x < run.end; ++x)
+        for (int y : {row, bitmap_.width - row})
+            strays_.push_back(static_cast<std::size_t>(y) * bitmap_.width + x);
+}
+
 void WheelPicture::addChunk(int row, int begin, std::uint32_t order) {
-    chunks_.push_back({static_cast<std::uint32_t>(row * bitmap_.width + begin), order});
+    const int size = bitmap_.width;
+    chunks_.push_back({static_cast<std::uint32_t>(row * size + begin),
+                       static_cast<std::uint32_t>((size - row) * size + begin), order});
     factors_.insert(factors_.end(), middle_.begin() + begin, middle_.begin() + begin + chunkPixels);
     factors_.insert(factors_.end(), low_.begin() + begin, low_.begin() + begin + chunkPixels);
 }
@@ -163,7 +184,7 @@ void WheelPicture::fill(float brightness) {
         for (int c = 0; c < groupChunks; ++c)
             recompute(group * groupChunks + c, scale, brightness);
     }
-    for (std::uint32_t index : strays_)
+    for (std::size_t index : strays_)
         recomputePixel(index, brightness);
 }
 
@@ -176,7 +197,10 @@ void WheelPicture::recompute(std::size_t chunk, const BrightnessScale& scale, fl
         count += doubtful(i);
     if (count == 0) return;
     for (int i = 0; i < chunkPixels; ++i)
-        if (doubtful(i)) recomputePixel(chunks_[chunk].first + i, brightness);
+        if (doubtful(i)) {
+            recomputePixel(chunks_[chunk].first + i, brightness);
+            recomputePixel(chunks_[chunk].mirror + i, brightness);
+        }
 }
 
 void WheelPicture::recomputePixel(std::size_t index, float brightness) {

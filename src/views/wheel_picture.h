@@ -24,7 +24,7 @@ Bitmap plainWheelPicture(int size, float brightness);
 ///
 /// The largest channel of a pixel is the brightness itself; the two others are the brightness times a factor
 /// that the place alone decides. The factors are kept in single precision. Where a product comes so close to
-/// a whole number that its truncated byte might differ, that pixel is computed plainly; one in eight thousand
+/// a whole number that its truncated byte might differ, that pixel is computed plainly; one in four thousand
 /// does.
 class WheelPicture {
   public:
@@ -48,16 +48,16 @@ class WheelPicture {
     void measure(int size);
     void measureRow(int row);
     void cutIntoChunks(int row);
+    void addStrays(int row, const Run&);
     void addChunk(int row, int begin, std::uint32_t order);
     void fill(float brightness);
     void recompute(std::size_t chunk, const BrightnessScale&, float brightness);
     void recomputePixel(std::size_t index, float brightness);
 
     Bitmap bitmap_;
-    std::vector<WheelChunk>
-        chunks_;                 ///< whole groups, rows from the top, in the order in which they are written
-    std::vector<float> factors_; ///< of the chunks
-    std::vector<std::uint32_t> strays_; ///< pixels of short runs beside no long one
+    std::vector<WheelChunk> chunks_;  ///< whole groups, in the order in which they are written
+    std::vector<float> factors_;      ///< of the chunks
+    std::vector<std::size_t> strays_; ///< pixels that no chunk takes
     std::vector<RowSpan> spans_;
     std::vector<RimPixel> rim_;
 
