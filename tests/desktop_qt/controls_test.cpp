@@ -1,13 +1,13 @@
 // The other controls of the dialog.
 #include "desktop_qt/desktop_fixture.h"
 
-#include "desktop/qt/color_well_widget.h"
+#include "desktop/qt/controls/color_well_widget.h"
+#include "desktop/qt/controls/level_indicator_widget.h"
+#include "desktop/qt/controls/simple_controls.h"
+#include "desktop/qt/controls/square_box.h"
+#include "desktop/qt/controls/stepper_widget.h"
+#include "desktop/qt/controls/tinted_button.h"
 #include "desktop/qt/convert.h"
-#include "desktop/qt/level_indicator_widget.h"
-#include "desktop/qt/simple_controls.h"
-#include "desktop/qt/square_box.h"
-#include "desktop/qt/stepper_widget.h"
-#include "desktop/qt/tinted_button.h"
 
 #include <QAccessible>
 #include <QApplication>

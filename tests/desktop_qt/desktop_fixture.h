@@ -1,10 +1,10 @@
 #pragma once
 
 #include "desktop/qt/application_guard.h"
+#include "desktop/qt/controls/window_control.h"
 #include "desktop/qt/qt_desktop.h"
 #include "desktop/qt/qt_form.h"
 #include "desktop/qt/view_widget.h"
-#include "desktop/qt/window_control.h"
 #include "support/temporary_folder.h"
 
 #include <QFile>

@@ -1,7 +1,7 @@
 // Colours that leave a view, a well or the clipboard, and those that come from elsewhere.
 #include "desktop_qt/desktop_fixture.h"
 
-#include "desktop/qt/color_well_widget.h"
+#include "desktop/qt/controls/color_well_widget.h"
 #include "desktop/qt/convert.h"
 #include "desktop/qt/drags.h"
 

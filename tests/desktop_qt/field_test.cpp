@@ -1,7 +1,7 @@
 // Fields that a person types in.
 #include "desktop_qt/desktop_fixture.h"
 
-#include "desktop/qt/field_control.h"
+#include "desktop/qt/controls/field_control.h"
 
 #include <QApplication>
 #include <QClipboard>

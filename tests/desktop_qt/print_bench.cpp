@@ -3,7 +3,7 @@
 #include "desktop/qt/application_guard.h"
 #include "desktop/qt/convert.h"
 #include "desktop/qt/fonts.h"
-#include "desktop/qt/print_jobs.h"
+#include "desktop/qt/panels/print_jobs.h"
 #include "print/page_layout.h"
 #include "print/print_support.h"
 #include "support/temporary_folder.h"

@@ -1,7 +1,7 @@
 // Printing on a real printer queue: a print server of the test's own, with a queue that keeps what it is
 // sent.
 #include "desktop/qt/application_guard.h"
-#include "desktop/qt/print_jobs.h"
+#include "desktop/qt/panels/print_jobs.h"
 #include "desktop_qt/pdf_document.h"
 #include "support/temporary_folder.h"
 

@@ -1,6 +1,6 @@
 // Printed PDF files, read back with independent programs.
 #include "desktop/qt/application_guard.h"
-#include "desktop/qt/print_jobs.h"
+#include "desktop/qt/panels/print_jobs.h"
 #include "desktop_qt/pdf_document.h"
 #include "prefs/file_io.h"
 #include "print/chart_printing.h"

@@ -1,7 +1,7 @@
 // What a view is told by the widget that shows it.
 #include "desktop_qt/desktop_fixture.h"
 
-#include "desktop/qt/list_scroll_area.h"
+#include "desktop/qt/controls/list_scroll_area.h"
 #include "desktop/qt/raster_canvas.h"
 #include "desktop/qt/view_accessible.h"
 

@@ -1,14 +1,14 @@
 #include "desktop/qt/form_loader.h"
 
-#include "desktop/qt/color_well_widget.h"
+#include "desktop/qt/controls/color_well_widget.h"
+#include "desktop/qt/controls/elided_label.h"
+#include "desktop/qt/controls/level_indicator_widget.h"
+#include "desktop/qt/controls/list_scroll_area.h"
+#include "desktop/qt/controls/square_box.h"
+#include "desktop/qt/controls/stepper_widget.h"
+#include "desktop/qt/controls/tinted_button.h"
 #include "desktop/qt/convert.h"
-#include "desktop/qt/elided_label.h"
 #include "desktop/qt/form_names.h"
-#include "desktop/qt/level_indicator_widget.h"
-#include "desktop/qt/list_scroll_area.h"
-#include "desktop/qt/square_box.h"
-#include "desktop/qt/stepper_widget.h"
-#include "desktop/qt/tinted_button.h"
 #include "desktop/qt/view_widget.h"
 
 #include <QFile>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desktop/qt/window_control.h"
+#include "desktop/qt/controls/window_control.h"
 
 #include <QUiLoader>
 

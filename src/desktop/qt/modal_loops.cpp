@@ -1,6 +1,6 @@
 #include "desktop/qt/modal_loops.h"
 
-#include "desktop/qt/window_control.h"
+#include "desktop/qt/controls/window_control.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 
 #include "desktop/qt/convert.h"
 #include "desktop/qt/form_loader.h"
-#include "desktop/qt/page_setup_sheet.h"
+#include "desktop/qt/panels/page_setup_sheet.h"
 #include "desktop/qt/qt_form.h"
 #include "desktop/qt/raster_canvas.h"
 #include "desktop/qt/system_sound.h"

@@ -2,10 +2,10 @@
 
 #include "desktop/desktop.h"
 #include "desktop/qt/drags.h"
-#include "desktop/qt/file_panels.h"
 #include "desktop/qt/log_ring.h"
 #include "desktop/qt/modal_loops.h"
-#include "desktop/qt/print_jobs.h"
+#include "desktop/qt/panels/file_panels.h"
+#include "desktop/qt/panels/print_jobs.h"
 #include "desktop/qt/string_table.h"
 
 #include <QMessageBox>

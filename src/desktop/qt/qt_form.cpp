@@ -1,16 +1,16 @@
 #include "desktop/qt/qt_form.h"
 
-#include "desktop/qt/color_well_widget.h"
+#include "desktop/qt/controls/color_well_widget.h"
+#include "desktop/qt/controls/field_control.h"
+#include "desktop/qt/controls/level_indicator_widget.h"
+#include "desktop/qt/controls/list_scroll_area.h"
+#include "desktop/qt/controls/simple_controls.h"
+#include "desktop/qt/controls/stepper_widget.h"
+#include "desktop/qt/controls/window_control.h"
 #include "desktop/qt/convert.h"
-#include "desktop/qt/field_control.h"
 #include "desktop/qt/form_names.h"
-#include "desktop/qt/level_indicator_widget.h"
-#include "desktop/qt/list_scroll_area.h"
 #include "desktop/qt/qt_desktop.h"
-#include "desktop/qt/simple_controls.h"
-#include "desktop/qt/stepper_widget.h"
 #include "desktop/qt/view_widget.h"
-#include "desktop/qt/window_control.h"
 
 #include <QAction>
 #include <QComboBox>

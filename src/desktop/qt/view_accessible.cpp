@@ -1,8 +1,8 @@
 #include "desktop/qt/view_accessible.h"
 
+#include "desktop/qt/controls/well_accessible.h"
 #include "desktop/qt/convert.h"
 #include "desktop/qt/view_widget.h"
-#include "desktop/qt/well_accessible.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>

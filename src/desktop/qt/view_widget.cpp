@@ -1,9 +1,9 @@
 #include "desktop/qt/view_widget.h"
 
+#include "desktop/qt/controls/focus_ring.h"
+#include "desktop/qt/controls/list_scroll_area.h"
 #include "desktop/qt/convert.h"
 #include "desktop/qt/drags.h"
-#include "desktop/qt/focus_ring.h"
-#include "desktop/qt/list_scroll_area.h"
 #include "desktop/qt/paint_canvas.h"
 #include "desktop/qt/view_accessible.h"
 

@@ -1,4 +1,5 @@
 // Commands of the keyboard, controls that are set to a value, drops from outside, and the paper.
+#include "desktop/qt/controls/stepper_widget.h"
 #include "desktop/qt/convert.h"
 #include "desktop/qt/drive/command_error.h"
 #include "desktop/qt/drive/commands.h"
@@ -7,7 +8,6 @@
 #include "desktop/qt/drive/locate.h"
 #include "desktop/qt/drive/paper.h"
 #include "desktop/qt/qt_desktop.h"
-#include "desktop/qt/stepper_widget.h"
 #include "host/chromalog_controler.h"
 
 #include <QApplication>

@@ -1,7 +1,7 @@
 #include "desktop/qt/drive/locate.h"
 
+#include "desktop/qt/controls/window_control.h"
 #include "desktop/qt/drive/command_error.h"
-#include "desktop/qt/window_control.h"
 
 #include <QAction>
 #include <QApplication>

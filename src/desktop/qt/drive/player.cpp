@@ -1,5 +1,6 @@
 #include "desktop/qt/drive/player.h"
 
+#include "desktop/qt/controls/window_control.h"
 #include "desktop/qt/convert.h"
 #include "desktop/qt/drive/command_error.h"
 #include "desktop/qt/drive/locate.h"
@@ -7,7 +8,6 @@
 #include "desktop/qt/drive/prompts.h"
 #include "desktop/qt/qt_desktop.h"
 #include "desktop/qt/qt_form.h"
-#include "desktop/qt/window_control.h"
 
 #include <QApplication>
 #include <QPrintDialog>

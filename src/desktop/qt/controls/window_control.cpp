@@ -1,4 +1,4 @@
-#include "desktop/qt/window_control.h"
+#include "desktop/qt/controls/window_control.h"
 
 #include "desktop/qt/view_widget.h"
 

@@ -1,7 +1,7 @@
-#include "desktop/qt/simple_controls.h"
+#include "desktop/qt/controls/simple_controls.h"
 
+#include "desktop/qt/controls/tinted_button.h"
 #include "desktop/qt/convert.h"
-#include "desktop/qt/tinted_button.h"
 
 #include <QRadioButton>
 #include <QSignalBlocker>

@@ -1,4 +1,4 @@
-#include "desktop/qt/file_panels.h"
+#include "desktop/qt/panels/file_panels.h"
 
 #include "desktop/qt/convert.h"
 

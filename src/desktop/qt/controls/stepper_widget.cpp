@@ -1,4 +1,4 @@
-#include "desktop/qt/stepper_widget.h"
+#include "desktop/qt/controls/stepper_widget.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>

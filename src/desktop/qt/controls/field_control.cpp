@@ -1,4 +1,4 @@
-#include "desktop/qt/field_control.h"
+#include "desktop/qt/controls/field_control.h"
 
 #include "desktop/qt/convert.h"
 

@@ -1,8 +1,8 @@
-#include "desktop/qt/color_well_widget.h"
+#include "desktop/qt/controls/color_well_widget.h"
 
+#include "desktop/qt/controls/focus_ring.h"
 #include "desktop/qt/convert.h"
 #include "desktop/qt/drags.h"
-#include "desktop/qt/focus_ring.h"
 
 #include <QAccessible>
 #include <QAction>

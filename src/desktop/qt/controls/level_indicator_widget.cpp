@@ -1,4 +1,4 @@
-#include "desktop/qt/level_indicator_widget.h"
+#include "desktop/qt/controls/level_indicator_widget.h"
 
 #include <QPainter>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desktop/qt/widget_control.h"
+#include "desktop/qt/controls/widget_control.h"
 
 #include <QAbstractButton>
 #include <QPlainTextEdit>

@@ -1,4 +1,4 @@
-#include "desktop/qt/tinted_button.h"
+#include "desktop/qt/controls/tinted_button.h"
 
 #include "desktop/qt/convert.h"
 

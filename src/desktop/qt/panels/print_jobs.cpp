@@ -1,4 +1,4 @@
-#include "desktop/qt/print_jobs.h"
+#include "desktop/qt/panels/print_jobs.h"
 
 #include "desktop/qt/convert.h"
 #include "desktop/qt/paint_canvas.h"

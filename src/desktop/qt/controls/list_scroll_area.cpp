@@ -1,6 +1,6 @@
-#include "desktop/qt/list_scroll_area.h"
+#include "desktop/qt/controls/list_scroll_area.h"
 
-#include "desktop/qt/focus_ring.h"
+#include "desktop/qt/controls/focus_ring.h"
 #include "desktop/qt/view_widget.h"
 
 #include <QEvent>

@@ -1,6 +1,6 @@
-#include "desktop/qt/well_accessible.h"
+#include "desktop/qt/controls/well_accessible.h"
 
-#include "desktop/qt/color_well_widget.h"
+#include "desktop/qt/controls/color_well_widget.h"
 
 #include <QAccessibleWidget>
 

@@ -1,4 +1,4 @@
-#include "desktop/qt/page_setup_sheet.h"
+#include "desktop/qt/panels/page_setup_sheet.h"
 
 #include <QComboBox>
 #include <QDialog>
