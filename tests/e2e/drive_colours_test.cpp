@@ -23,13 +23,16 @@ class DriveColours : public DrivenPick {
 TEST_F(DriveColours, EveryKeystrokeRebuildsTheColour) {
     playWell(
         "type firstR 2\nstate $/1.json\nappend firstR 5\nstate $/2.json\nappend firstR 5\nstate $/3.json\n"
-        "type firstR ''\nstate $/4.json\n");
+        "type firstR ''\nstate $/4.json\n",
+        {"--color-services", "closed"});
     const int expected[] = {2, 25, 255, 0};
+    const char* const cyan[] = {"97", "67", "0", "100"}; // beside green 76 and blue 25
     for (int i = 0; i < 4; ++i) {
         const auto now = state(std::to_string(i + 1) + ".json");
         EXPECT_EQ(now["firstColor"][0], static_cast<float>(expected[i]) / 255.0) << i;
         EXPECT_EQ(now["outlets"]["okButton"]["background"], now["firstColor"]) << i;
         EXPECT_EQ(now["outlets"]["origFirstColor"]["color"], now["firstColor"]) << i;
+        EXPECT_EQ(text(now, "firstC"), cyan[i]) << i;
     }
     EXPECT_EQ(text(state("3.json"), "firstR"), "255");
     EXPECT_EQ(text(state("4.json"), "firstR"), "") << "the field keeps what was typed";
@@ -67,6 +70,12 @@ TEST_F(DriveColours, EveryWayToEditAFieldRebuildsTheColour) {
         EXPECT_EQ(now["firstColor"][0], std::atof(steps[i].text) / 255.0) << steps[i].commands;
         EXPECT_EQ(now["outlets"]["okButton"]["background"], now["firstColor"]) << steps[i].commands;
     }
+}
+
+TEST_F(DriveColours, ANameIsTypedInAnyScript) {
+    const std::string name = "Caf\xc3\xa9 \xce\xa9 \xf0\x9f\x8e\xa8";
+    playWell("type colorName '" + name + "'\nstate $/state.json\n");
+    EXPECT_EQ(text(state(), "colorName"), name);
 }
 
 TEST_F(DriveColours, ASecondReturnIsOk) {

@@ -107,8 +107,11 @@ void strike(QWidget& window, const KeyStroke& stroke) {
 
 void typeText(QWidget& window, const QString& text) {
     const QPointer<QWidget> still = &window;
-    for (const QChar c : text)
-        if (still) strike(*still, strokeOf(c));
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        KeyStroke stroke = strokeOf(text[at]);
+        if (text[at].isHighSurrogate() && at + 1 < text.size()) stroke.text += text[++at]; // one character
+        if (still) strike(*still, stroke);
+    }
 }
 
 } // namespace chromalog::drive
