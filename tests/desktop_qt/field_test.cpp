@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QFocusEvent>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QToolButton>
@@ -78,6 +79,18 @@ TEST_F(FieldTest, WhileTypedInItKeepsItsTextAndThenShowsWhatWasSet) {
     EXPECT_EQ(field.text(), "12");
     field.setText("13"); // at once, nobody is typing
     EXPECT_EQ(field.text(), "13");
+}
+
+TEST_F(FieldTest, ItsOwnMenuDoesNotEndTheEdit) {
+    edit.selectAll();
+    QTest::keyClicks(&edit, "12abc");
+    field.setText("12");
+    QFocusEvent menuOpens(QEvent::FocusOut, Qt::PopupFocusReason);
+    QApplication::sendEvent(&edit, &menuOpens);
+    EXPECT_EQ(field.text(), "12abc");
+    QFocusEvent leaves(QEvent::FocusOut, Qt::MouseFocusReason);
+    QApplication::sendEvent(&edit, &leaves);
+    EXPECT_EQ(field.text(), "12");
 }
 
 TEST_F(FieldTest, ATextThatNobodySetMeanwhileStaysAsTyped) {

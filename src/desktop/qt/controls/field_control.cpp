@@ -52,7 +52,10 @@ bool FieldControl::escapePressed() {
 }
 
 bool FieldControl::eventFilter(QObject*, QEvent* event) {
-    if (event->type() == QEvent::FocusOut) endEditing();
+    // The field's own menu takes the keyboard for a moment: what is pasted from it is still the same edit.
+    const bool leaves = event->type() == QEvent::FocusOut &&
+                        static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason;
+    if (leaves) endEditing();
     if (event->type() != QEvent::KeyPress) return false;
     const int key = static_cast<QKeyEvent*>(event)->key();
     if (key == Qt::Key_Return || key == Qt::Key_Enter) return returnPressed();
