@@ -4,6 +4,7 @@
 #include "support/temporary_folder.h"
 #include "swatches/list_fixture.h"
 
+#include <cstring>
 #include <fstream>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -103,6 +104,16 @@ TEST_F(ListCommandsTest, AChosenFileReplacesTheListItsNameAndItsStoredCount) {
     EXPECT_EQ(swatch2.frame().h, 220);
     EXPECT_EQ(folderCalls, 1) << "asked for whatever the file holds";
     EXPECT_THAT(firstColors, IsEmpty()) << "the first colour is unchanged";
+}
+
+TEST_F(ListCommandsTest, AShorterFileLeavesTheOldRecordsPastItsEndInTheArray) {
+    fillNumbered(swatch1, 5);
+    const FCOStruct last = data->swatchList1[4];
+    commands.loadSwatch(ListNumber::one);
+    platform.answerPanel(file("Two.aco", acoOf(2)));
+    EXPECT_EQ(swatch1.getNumberOfColors(), 2);
+    EXPECT_EQ(nameBytes(data->swatchList1[2]), "2");
+    EXPECT_EQ(std::memcmp(&data->swatchList1[4], &last, sizeof last), 0);
 }
 
 TEST_F(ListCommandsTest, AppendingStartsAtTheViewsCount) {
