@@ -39,6 +39,7 @@ struct Font {
         message
     } face = Face::label; ///< label: Arial or its metric twin; message: the system's
     double size = 12;
+    friend bool operator==(const Font&, const Font&) = default;
 };
 
 /// Where a view draws: the toolkit's painter, a raster for picking, paper, or a recorder in tests.

@@ -26,7 +26,9 @@ template <typename Record> constexpr Record* recordAt(std::span<Record> records,
 /// Writes the zero byte just past the characters. Past a name of 255 it falls on the lowest byte of SRed:
 /// kept.
 inline void terminateName(FCOStruct& record) {
-    reinterpret_cast<std::uint8_t*>(&record)[1 + record.Namen[0]] = 0;
+    std::uint8_t& past = reinterpret_cast<std::uint8_t*>(&record)[1 + record.Namen[0]];
+    if (past != 0)
+        past = 0; // a draw ends all names of a list: what is unchanged is not written back to memory
 }
 
 /// The name's characters by its length byte, as stored (Mac OS Roman).

@@ -50,10 +50,32 @@ constexpr double contentHeight(int count, double visibleHeight) {
     return std::max(kRowPitch * (count + 1), visibleHeight);
 }
 
-/// Whether a row can leave a mark inside the clip. A row's ink stays within one pitch of its patch's top, up
-/// and down twice: glyphs with stacked accents and the blue frame included.
-constexpr bool rowMayShow(double patchTop, const Rect& clip) {
-    return patchTop + 2 * kRowPitch > clip.y && patchTop - kRowPitch < clip.y + clip.h;
+/// How far a row's ink may stand above its patch's top and below it: the blue frame and the tallest glyphs.
+inline constexpr double kInkAbove = 8;
+inline constexpr double kInkBelow = 26;
+
+/// Rows from `first` up to, and without, `end`.
+struct RowRange {
+    int first = 0, end = 0;
+};
+
+/// The first of `count` rows whose patch has its top below a line.
+constexpr int firstRowBelow(double line, double frameY, int count) {
+    const double row = (line - frameY - kMargin) / kRowPitch; // the row whose patch would begin on the line
+    if (!(row >= 0)) return 0;
+    return row < count ? static_cast<int>(row) + 1 : count;
+}
+
+/// The rows that are drawn at all: a row whose patch begins at 0 or above is skipped.
+constexpr RowRange drawnRows(double frameY, int count) {
+    return {firstRowBelow(0, frameY, count), count};
+}
+
+/// The drawn rows that can leave a mark inside the clip.
+constexpr RowRange rowsInClip(const Rect& clip, double frameY, int count) {
+    const int first =
+        std::max(firstRowBelow(clip.y - kInkBelow, frameY, count), drawnRows(frameY, count).first);
+    return {first, std::max(first, firstRowBelow(clip.y + clip.h + kInkAbove, frameY, count))};
 }
 
 } // namespace swatch_geometry

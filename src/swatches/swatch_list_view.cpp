@@ -92,17 +92,18 @@ void CSwatchList::drawRect(Canvas& canvas) {
 /// Paints the rows that the clip can show and ends the names of all rows, painted or not: what a later drag,
 /// search or sort reads of a name does not depend on the scroll position.
 void CSwatchList::drawRows(Canvas& canvas) {
-    const Rect clip = canvas.clipBounds();
-    for (int row = 0; FCOStruct & record : shownRecords()) {
-        const Rect patch = geometry::patchRectForRow(bounds(), frame().y, row);
-        if (patch.y > 0) {
-            if (geometry::rowMayShow(patch.y, clip))
-                drawRow(canvas, row, record);
-            else
-                terminateName(record);
-        }
-        ++row;
-    }
+    const ListRecords shown = shownRecords();
+    const int count = static_cast<int>(shown.size());
+    const auto drawn = geometry::drawnRows(frame().y, count);
+    const auto painted = geometry::rowsInClip(canvas.clipBounds(), frame().y, count);
+    const auto terminate = [&shown](int first, int end) {
+        for (int row = first; row < end; ++row)
+            terminateName(shown[static_cast<std::size_t>(row)]);
+    };
+    terminate(drawn.first, painted.first);
+    for (int row = painted.first; row < painted.end; ++row)
+        drawRow(canvas, row, shown[static_cast<std::size_t>(row)]);
+    terminate(painted.end, drawn.end);
 }
 
 void CSwatchList::drawRow(Canvas& canvas, int row, FCOStruct& record) {

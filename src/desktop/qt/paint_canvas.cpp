@@ -2,6 +2,7 @@
 
 #include "desktop/qt/convert.h"
 #include "desktop/qt/fonts.h"
+#include "desktop/qt/line_cache.h"
 
 #include <QFontMetricsF>
 #include <QImage>
@@ -125,12 +126,17 @@ void PaintCanvas::drawBitmap(const Bitmap& bitmap, const Rect& into) {
 }
 
 void PaintCanvas::useFont(const Font& font) {
-    if (font.size == font_.size && font.face == font_.face) return;
+    if (font == font_) return;
     font_ = font;
     painter_.setFont(fontFor(font));
 }
 
 void PaintCanvas::drawText(Point at, std::string_view text, const Font& font, double maxWidth) {
+    if (target_.lines) {
+        painter_.setPen(fill_);
+        target_.lines->draw(painter_, map(at), text, font, maxWidth);
+        return;
+    }
     useFont(font);
     QString line = toQt(text);
     if (maxWidth > 0) {

@@ -6,13 +6,16 @@
 
 namespace chromalog {
 
+class LineCache;
+
 /// What a drawing lands on.
 struct PaintTarget {
-    Rect bounds;             ///< of the view; its top left corner is the painter's origin
-    bool flipped = false;    ///< y grows downwards
-    Rect clip;               ///< in view coordinates
-    bool toScreen = true;    ///< false on paper
-    bool smoothPaths = true; ///< antialiased outlines; never rectangles
+    Rect bounds;                ///< of the view; its top left corner is the painter's origin
+    bool flipped = false;       ///< y grows downwards
+    Rect clip;                  ///< in view coordinates
+    bool toScreen = true;       ///< false on paper
+    bool smoothPaths = true;    ///< antialiased outlines; never rectangles
+    LineCache* lines = nullptr; ///< keeps laid out text between paints; none: text is laid out each time
 };
 
 /// Paints with the toolkit's painter, in a view's coordinates. Coordinates are turned here, not by a negative

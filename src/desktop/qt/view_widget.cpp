@@ -145,7 +145,7 @@ void ViewWidget::paintEvent(QPaintEvent* event) {
     const Rect bounds = view_->bounds();
     const double top = view_->isFlipped() ? dirty.y() : bounds.h - dirty.y() - dirty.height();
     const Rect clip{bounds.x + dirty.x(), bounds.y + top, double(dirty.width()), double(dirty.height())};
-    PaintCanvas canvas(painter, {bounds, view_->isFlipped(), clip, true, true});
+    PaintCanvas canvas(painter, {bounds, view_->isFlipped(), clip, true, true, &lines_});
     view_->drawRect(canvas);
     if (!hasFocus()) return;
     if (const auto mark = view_->focusMark()) paintFocusRing(painter, canvas.map(*mark).toAlignedRect());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/qt/line_cache.h"
 #include "desktop/view.h"
 
 #include <QPointer>
@@ -52,6 +53,7 @@ class ViewWidget : public QWidget, public ViewHost {
 
     View* view_ = nullptr;
     QtDesktop* desktop_ = nullptr;
+    LineCache lines_;
     QPointF pressedAt_;
     bool pressed_ = false;
     bool dragSent_ = false; ///< the view was told of this press's drag and drop
