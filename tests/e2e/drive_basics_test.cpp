@@ -39,6 +39,14 @@ TEST_F(DriveBasics, AScreenshotThatCannotBeWrittenIsAnError) {
     EXPECT_THAT(result.err, HasSubstr(file("home")));
 }
 
+TEST_F(DriveBasics, ARuntimeFolderOfAnySortIsNoRemark) {
+    for (const std::string& folder :
+         {file("home"), file("none"), std::string()}) { // open to all, missing, unset
+        environment_["XDG_RUNTIME_DIR"] = folder;
+        EXPECT_EQ(pick({"--cancel"}).err, "") << folder;
+    }
+}
+
 TEST_F(DriveBasics, OkAndCancelInScriptsDoTheSame) {
     EXPECT_EQ(play("ok\n", {"--color", "#3366cc"}).out, "#e64c19\n");
     const auto cancelled = play("cancel\n", {"--color", "#3366cc"});
