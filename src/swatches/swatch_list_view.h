@@ -49,8 +49,9 @@ class CSwatchList : public View {
 
     bool isFlipped() const override { return true; }
     bool fromSwatch() const { return false; }
-    void setScrollSize();              ///< the frame's height fits all rows
-    void setScrollPos(float position); ///< 0..1: sets and logs the first row; does not scroll
+    void setScrollSize();                            ///< the frame's height fits all rows
+    void sizeChanged() override { setScrollSize(); } ///< the clip may be higher than all rows
+    void setScrollPos(float position);               ///< 0..1: sets and logs the first row; does not scroll
     /// Components 0..1 and alpha 1, in single precision.
     static void objRGBToCGColor(const RGBColor& color, float (&output)[4]);
     /// Loads the low 16 bits of a record's channels.

@@ -111,6 +111,18 @@ TEST_F(Lookup, TheFullIndexFindsEveryKey) {
     EXPECT_FALSE(index.find(BookKey{}));
 }
 
+TEST_F(Lookup, ABookOf8000ColoursIsLookedThroughToItsEnd) {
+    FileBuilder book;
+    book.bookHeader(8000, 0);
+    for (int i = 0; i < 8000; ++i)
+        book.bookColour("", "same  ", {i % 256, 0, 0});
+    book.bytes.resize(book.bytes.size() - 13); // the last one has another key
+    book.bookColour("", "last  ", {1, 2, 3});
+    shelf.books["ANPA Color.acb"] = book.bytes;
+    EXPECT_THAT(look(3000, "same  "), ElementsAre(0, 0, 0));
+    EXPECT_THAT(look(3000, "last  "), ElementsAre(256, 512, 768));
+}
+
 TEST_F(Lookup, HostileBooksFindNothing) {
     FileBuilder endless;
     endless.bookHeader(32767, 0).longWord(0xFFFF).text("abc");

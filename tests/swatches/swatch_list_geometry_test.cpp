@@ -52,10 +52,11 @@ TEST(SwatchListGeometry, RowsInAClip) {
         double frameY;
         int count, first, end;
     };
-    for (const Row& row : {Row{{0, 0, 200, 400}, 0, 5000, 0, 19}, Row{{0, 4400, 200, 100}, 0, 5000, 199, 205},
-                           Row{{0, 4400, 200, 100}, 0, 100, 100, 100}, Row{{0, -900, 200, 100}, 0, 5000, 0, 0},
-                           Row{{-1e9, -1e9, 2e9, 2e9}, 0, 5000, 0, 5000}, Row{{0, 0, 200, 400}, 0, 0, 0, 0},
-                           Row{{0, -50, 200, 400}, -5, 10, 1, 10}, Row{{0, -50, 200, 400}, -4.9, 10, 0, 10}}) {
+    for (const Row& row :
+         {Row{{0, 0, 200, 400}, 0, 5000, 0, 19}, Row{{0, 4400, 200, 100}, 0, 5000, 199, 205},
+          Row{{0, 4400, 200, 100}, 0, 100, 100, 100}, Row{{0, -900, 200, 100}, 0, 5000, 0, 0},
+          Row{{-1e9, -1e9, 2e9, 2e9}, 0, 5000, 0, 5000}, Row{{0, 0, 200, 400}, 0, 0, 0, 0},
+          Row{{0, -50, 200, 400}, -5, 10, 1, 10}, Row{{0, -50, 200, 400}, -4.9, 10, 0, 10}}) {
         const RowRange rows = rowsInClip(row.clip, row.frameY, row.count);
         EXPECT_EQ(rows.first, row.first) << row.clip.y << " " << row.frameY;
         EXPECT_EQ(rows.end, row.end) << row.clip.y << " " << row.frameY;

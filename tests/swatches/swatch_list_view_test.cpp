@@ -252,6 +252,13 @@ TEST_F(SwatchListView, TheHeightFitsAllRowsAndTheClip) {
     EXPECT_EQ(list.frame().h, 22);
 }
 
+TEST_F(SwatchListView, AClipThatGrowsIsFilled) {
+    fill(3);
+    host.clip = Rect{0, 0, 180, 500};
+    list.layOut({0, 0, 180, 88});
+    EXPECT_EQ(list.frame(), (Rect{0, 0, 180, 500}));
+}
+
 TEST_F(SwatchListView, AScrollPositionSetsTheFirstRowAndIsLogged) {
     list.setNumberOfColors(100);
     host.clip = Rect{0, 0, 200, 220};
