@@ -1,5 +1,6 @@
 #include "desktop/qt/view_accessible.h"
 
+#include "desktop/qt/controls/list_scroll_area.h"
 #include "desktop/qt/controls/well_accessible.h"
 #include "desktop/qt/convert.h"
 #include "desktop/qt/view_widget.h"
@@ -27,11 +28,8 @@ class RowAccessible : public QAccessibleInterface, public QAccessibleActionInter
     int indexOfChild(const QAccessibleInterface*) const override { return -1; }
     void setText(QAccessible::Text, const QString&) override {}
     QRect rect() const override {
-        const int height = view() && view()->accessibleRowCount() > 0
-                               ? list_->height() / (view()->accessibleRowCount() + 1)
-                               : 0;
-        return {list_ ? list_->mapToGlobal(QPoint(0, row_ * height)) : QPoint(),
-                QSize(list_ ? list_->width() : 0, height)};
+        if (!list_) return {};
+        return {list_->mapToGlobal(QPoint(0, row_ * kListRowPitch)), QSize(list_->width(), kListRowPitch)};
     }
     QAccessible::Role role() const override { return QAccessible::ListItem; }
     QString text(QAccessible::Text kind) const override {
@@ -118,9 +116,8 @@ class ViewAccessible : public QAccessibleWidget, public QAccessibleValueInterfac
         return -1;
     }
     QAccessibleInterface* childAt(int x, int y) const override {
-        for (int row = 0; row < childCount(); ++row)
-            if (child(row)->rect().contains(x, y)) return child(row);
-        return nullptr;
+        const QPoint at = widget()->mapFromGlobal(QPoint(x, y));
+        return widget()->rect().contains(at) ? child(at.y() / kListRowPitch) : nullptr;
     }
 
     QVariant currentValue() const override { return range() ? QVariant(range()->value) : QVariant(); }

@@ -10,10 +10,6 @@
 
 namespace chromalog {
 
-namespace {
-constexpr int rowPitch = 22; ///< points a step of the wheel or the arrow buttons scrolls
-}
-
 ListScrollArea::ListScrollArea(QWidget* parent) : QScrollArea(parent) {
     setWidgetResizable(false);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -24,7 +20,7 @@ ListScrollArea::ListScrollArea(QWidget* parent) : QScrollArea(parent) {
     quiet.setColor(QPalette::WindowText, quiet.color(QPalette::Mid));
     setPalette(quiet);
     setFocusPolicy(Qt::NoFocus);
-    verticalScrollBar()->setSingleStep(rowPitch);
+    verticalScrollBar()->setSingleStep(kListRowPitch);
 }
 
 ViewWidget* ListScrollArea::content() const {

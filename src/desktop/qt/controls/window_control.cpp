@@ -4,6 +4,8 @@
 
 namespace chromalog {
 
+DialogWindow::DialogWindow(QWidget* parent) : QDialog(parent, Qt::Dialog | kDialogFlags) {}
+
 void DialogWindow::reject() {
     if (!onClose) return hide();
     if (closing_) return; // the answer to a close may itself close the window
@@ -37,7 +39,7 @@ void WindowControl::attachAsChildOf(Window& parent) {
     auto* above = dynamic_cast<WindowControl*>(&parent);
     if (!widget_ || !above || !above->dialog()) return;
     const bool shown = widget_->isVisible();
-    widget_->setParent(above->dialog(), Qt::Tool);
+    widget_->setParent(above->dialog(), Qt::Tool | kDialogFlags);
     widget_->setVisible(shown);
 }
 

@@ -11,13 +11,17 @@ namespace chromalog {
 class DialogWindow : public QDialog {
     Q_OBJECT
   public:
-    using QDialog::QDialog;
+    explicit DialogWindow(QWidget* parent = nullptr);
     std::function<void()> onClose; ///< where empty, the window just goes away
     void reject() override;
 
   private:
     bool closing_ = false;
 };
+
+/// A title and a close box: a modal dialog cannot be put away, and a panel goes with its dialog.
+constexpr Qt::WindowFlags kDialogFlags =
+    Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
 
 class WindowControl : public WidgetControl<Window, DialogWindow> {
   public:
