@@ -19,6 +19,7 @@ struct Path {
         double start = 0, end = 0; ///< arc, degrees, counter-clockwise from positive x while y grows upwards
         bool clockwise = false;    ///< arc: runs from start to end clockwise
         Rect box;                  ///< oval: the rectangle it is inscribed in
+        friend bool operator==(const Element&, const Element&) = default;
     };
     std::vector<Element> elements;
 

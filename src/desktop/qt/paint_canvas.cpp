@@ -8,9 +8,36 @@
 #include <QImage>
 #include <QPainterPath>
 
+#include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace chromalog {
+namespace {
+
+/// The part of a ring between two radii and two angles, as two arcs and a close; its outline's outer edge at
+/// a distance of `margin`, corners mitred. Nothing for any other path.
+std::optional<Path> grownRingSector(const Path& path, double margin) {
+    using Kind = Path::Element::Kind;
+    const auto& e = path.elements;
+    if (e.size() != 3 || e[0].kind != Kind::arc || e[1].kind != Kind::arc || e[2].kind != Kind::close)
+        return {};
+    const bool closesARing = e[0].p == e[1].p && e[0].start == e[1].end && e[0].end == e[1].start &&
+                             !e[0].clockwise && e[1].clockwise;
+    const double outer = e[0].radius + margin, inner = e[1].radius - margin;
+    const double degrees = 180 / 3.141592653589793;
+    const double atOuter = std::asin(margin / outer) * degrees;
+    const double atInner =
+        std::asin(std::min(margin / inner, 1.0)) * degrees; // a side is a parallel to the radius
+    if (!closesARing || inner <= margin || e[0].end - e[0].start + 2 * atInner >= 360) return {};
+    Path grown;
+    grown.arc(e[0].p, outer, e[0].start - atOuter, e[0].end + atOuter, false);
+    grown.arc(e[0].p, inner, e[0].end + atInner, e[0].start - atInner, true);
+    grown.close();
+    return grown;
+}
+
+} // namespace
 
 PaintCanvas::PaintCanvas(QPainter& painter, const PaintTarget& target)
     : painter_(painter), target_(target),
@@ -33,11 +60,31 @@ void PaintCanvas::setStroke(const Colour& c) {
     stroke_ = toQt(c);
 }
 
-void PaintCanvas::fillRect(const Rect& r) {
-    painter_.fillRect(map(r), fill_);
+bool PaintCanvas::justFilled(const Rect& r) const {
+    return r == filledRect_ && fill_ == filledColour_ && fill_.alpha() == 255;
 }
 
+bool PaintCanvas::justFilled(const Path& path) const {
+    return path.elements == filledPath_.elements && stroke_ == filledColour_ && stroke_.alpha() == 255;
+}
+
+void PaintCanvas::painted() {
+    filledRect_ = {};
+    filledPath_.clear();
+    filledColour_ = {};
+}
+
+void PaintCanvas::fillRect(const Rect& r) {
+    painted();
+    painter_.fillRect(map(r), fill_);
+    filledRect_ = r;
+    filledColour_ = fill_;
+}
+
+/// The frame lies inside the rectangle: over the same colour nothing of it would show.
 void PaintCanvas::frameRect(const Rect& r, double width) {
+    if (justFilled(r)) return;
+    painted();
     fillFrame(map(r), width, fill_);
 }
 
@@ -55,6 +102,7 @@ void PaintCanvas::fillFrame(const QRectF& outer, double width, const QColor& col
 /// Where the line's edges fall between device pixels they move inwards on all four sides, so that a frame
 /// around a view's own bounds is seen whole.
 void PaintCanvas::strokeRect(const Rect& r) {
+    painted();
     const QRectF line = map(r).adjusted(-lineWidth_ / 2, -lineWidth_ / 2, lineWidth_ / 2, lineWidth_ / 2);
     if (!target_.toScreen) {
         fillFrame(line, lineWidth_, stroke_);
@@ -104,19 +152,32 @@ QPainterPath PaintCanvas::map(const Path& path) const {
 }
 
 void PaintCanvas::fillPath(const Path& path) {
+    painted();
     painter_.setRenderHint(QPainter::Antialiasing, target_.smoothPaths);
     painter_.fillPath(map(path), fill_);
     painter_.setRenderHint(QPainter::Antialiasing, false);
+    filledPath_ = path;
+    filledColour_ = fill_;
 }
 
+/// The toolkit strokes smoothly at several times the cost of a fill. Around a ring's cell in the cell's own
+/// colour the line is the cell once more, larger by half the line's width.
 void PaintCanvas::strokePath(const Path& path) {
+    const bool overItself = target_.smoothPaths && justFilled(path);
+    painted();
     painter_.setRenderHint(QPainter::Antialiasing, target_.smoothPaths);
+    if (const auto grown = overItself ? grownRingSector(path, lineWidth_ / 2) : std::nullopt) {
+        painter_.fillPath(map(*grown), stroke_);
+        painter_.setRenderHint(QPainter::Antialiasing, false);
+        return;
+    }
     painter_.strokePath(map(path), QPen(stroke_, lineWidth_, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
     painter_.setRenderHint(QPainter::Antialiasing, false);
 }
 
 void PaintCanvas::drawBitmap(const Bitmap& bitmap, const Rect& into) {
     if (bitmap.empty()) return;
+    painted();
     const QImage image(reinterpret_cast<const uchar*>(bitmap.pixels.data()), bitmap.width, bitmap.height,
                        bitmap.width * 4, QImage::Format_ARGB32);
     const QRectF target = map(into);
@@ -132,6 +193,7 @@ void PaintCanvas::useFont(const Font& font) {
 }
 
 void PaintCanvas::drawText(Point at, std::string_view text, const Font& font, double maxWidth) {
+    painted();
     if (target_.lines) {
         painter_.setPen(fill_);
         target_.lines->draw(painter_, map(at), text, font, maxWidth);

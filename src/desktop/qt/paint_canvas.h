@@ -44,6 +44,9 @@ class PaintCanvas : public Canvas {
     QPointF map(Point) const;
     QPainterPath map(const Path&) const;
     void addArc(QPainterPath&, const Path::Element&) const;
+    bool justFilled(const Path&) const;
+    bool justFilled(const Rect&) const;
+    void painted(); ///< something else, over what was filled last
     void fillFrame(const QRectF& outer, double width, const QColor&);
     void useFont(const Font&);
 
@@ -52,6 +55,10 @@ class PaintCanvas : public Canvas {
     double scale_; ///< device pixels a point
     QColor fill_ = Qt::white, stroke_ = Qt::black;
     double lineWidth_ = 1;
+    // What was filled last, if nothing was painted since: an outline in its colour is cheap then.
+    Rect filledRect_;
+    Path filledPath_;
+    QColor filledColour_;
     Font font_{Font::Face::label, 0}; ///< the font that the painter has now; size 0: none yet
 };
 
