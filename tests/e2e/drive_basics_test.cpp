@@ -147,6 +147,80 @@ TEST_F(DriveBasics, AnErrorKeepsWhatTheHostHeld) {
     EXPECT_THAT(result.out, testing::Not(HasSubstr("#01")));
 }
 
+TEST_F(DriveBasics, TheStateHoldsEveryOutletOfTheDialog) {
+    playWell("state $/state.json\n");
+    const json outlets = state()["outlets"];
+    for (const char* name : {"chromalogWindow",
+                             "chromaView",
+                             "myToneView",
+                             "myDegrade",
+                             "lumiView",
+                             "okButton",
+                             "toneOrDegrade",
+                             "absOrRel",
+                             "origComplement",
+                             "origHarmony",
+                             "origTrichrome",
+                             "origQuadrichrome",
+                             "origSecondColor",
+                             "origFirstColor",
+                             "complementColor",
+                             "triHarmoni1Color",
+                             "triHarmoni2Color",
+                             "quadri1Color",
+                             "equi1Color",
+                             "equi2Color",
+                             "quadri2Color",
+                             "quadri3Color",
+                             "baterieSwatch",
+                             "secondR",
+                             "secondG",
+                             "secondB",
+                             "secondC",
+                             "secondM",
+                             "secondY",
+                             "secondK",
+                             "firstR",
+                             "firstG",
+                             "firstB",
+                             "firstC",
+                             "firstM",
+                             "firstY",
+                             "firstK",
+                             "colorName",
+                             "nearColor",
+                             "nearR",
+                             "nearG",
+                             "nearB",
+                             "nearC",
+                             "nearM",
+                             "nearY",
+                             "nearK",
+                             "nearName",
+                             "swatch1",
+                             "swatch2",
+                             "swatch1Scroller",
+                             "swatch2scroller",
+                             "findColor1",
+                             "findColor2",
+                             "found1",
+                             "found2",
+                             "seachStep1",
+                             "seachStep2",
+                             "swatchContextMenu",
+                             "swatchContextMenu2",
+                             "swatch1Name",
+                             "swatch2Name",
+                             "undoButton",
+                             "redoButton",
+                             "toneSlider",
+                             "protocolWindow"}) {
+        ASSERT_TRUE(outlets.contains(name)) << name;
+        EXPECT_EQ(outlets[name]["enabled"].type(), json::value_t::boolean) << name;
+        EXPECT_EQ(outlets[name]["frame"].size(), 4u) << name;
+    }
+}
+
 TEST_F(DriveBasics, TheStateHoldsTheHostsSideOfThePick) {
     playWell("state $/state.json\n", {"--color", "rgb:4863,13312,65535"});
     const json host = state()["host"];

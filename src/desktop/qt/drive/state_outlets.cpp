@@ -17,6 +17,7 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QRadioButton>
 #include <QSlider>
@@ -122,6 +123,11 @@ QJsonObject outletState(const QWidget& widget) {
     return state;
 }
 
+/// A context menu is a window of its own, but its form's outlet.
+bool belongsTo(const DialogWindow& form, const QWidget& widget) {
+    return widget.window() == &form || qobject_cast<const QMenu*>(&widget);
+}
+
 QString outletName(const QWidget& widget) {
     const QString name = widget.objectName();
     return name.startsWith('_') ? name.mid(1) : name;
@@ -134,7 +140,7 @@ QJsonObject outletsState() {
     for (DialogWindow* form : forms()) {
         outlets[outletName(*form)] = outletState(*form);
         for (const QWidget* widget : form->findChildren<QWidget*>())
-            if (widget->window() == form && !isDecoration(widget->objectName()))
+            if (belongsTo(*form, *widget) && !isDecoration(widget->objectName()))
                 outlets[outletName(*widget)] = outletState(*widget);
     }
     return outlets;
