@@ -1,0 +1,108 @@
+// The dialog as a person gets it: the controllers on the compiled interface files.
+#include "desktop_qt/desktop_fixture.h"
+
+#include "desktop/qt/controls/tinted_button.h"
+#include "host/chromalog_controler.h"
+
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSlider>
+#include <QTimer>
+
+#include <memory>
+
+using namespace chromalog;
+using namespace chromalog::test;
+using testing::Each;
+using testing::Not;
+using testing::StartsWith;
+
+namespace {
+
+class DialogTest : public DesktopTest {
+  protected:
+    std::unique_ptr<GlobalRecord> record = std::make_unique<GlobalRecord>();
+    PickerRecord picker{};
+    QtDesktop desktop{settings()};
+    std::unique_ptr<ChromalogControler> controler;
+
+    void SetUp() override {
+        record->pickerRecord = &picker;
+        picker.pickParms.colorComponents[0] = 0x1200;
+        picker.pickParms.colorComponents[1] = 0x3400;
+        picker.pickParms.colorComponents[2] = 0xFF00;
+        controler = std::make_unique<ChromalogControler>(*record, desktop);
+    }
+    template <typename T> T* find(const char* outlet) { return qobject_cast<T*>(desktop.widget(outlet)); }
+    std::vector<std::string> log() const {
+        return {desktop.logRing().lines().begin(), desktop.logRing().lines().end()};
+    }
+};
+
+TEST_F(DialogTest, TheFormsAndTheControllersKnowTheSameNames) {
+    for (const char* form : {"chromalogWindow: ", "ProtocolPanel: ", "SwatchPrintOptions: "})
+        EXPECT_THAT(log(), Each(Not(StartsWith(form))));
+}
+
+TEST_F(DialogTest, TheHostsColourIsTheSecondOne) {
+    EXPECT_EQ(find<QLineEdit>("secondR")->text(), "18");
+    EXPECT_EQ(find<QLineEdit>("secondG")->text(), "52");
+    EXPECT_EQ(find<QLineEdit>("secondB")->text(), "255");
+    EXPECT_EQ(find<QLineEdit>("firstR")->text(), "229"); // the default
+}
+
+TEST_F(DialogTest, WheelAndGradientAreSquareAndTheGradientDividesIntoSixteen) {
+    const auto* wheel = find<ViewWidget>("chromaView");
+    const auto* gradient = find<ViewWidget>("myDegrade");
+    EXPECT_EQ(wheel->width(), wheel->height());
+    EXPECT_EQ(gradient->width(), gradient->height());
+    EXPECT_EQ(gradient->width() % 16, 0);
+    EXPECT_EQ(wheel->view()->bounds().w, wheel->width());
+}
+
+TEST_F(DialogTest, TheGradientShowsFirst) {
+    EXPECT_TRUE(find<QWidget>("myToneView")->isHidden());
+    EXPECT_TRUE(find<QWidget>("toneSlider")->isHidden());
+    EXPECT_TRUE(find<QWidget>("absOrRel")->isHidden());
+    EXPECT_FALSE(find<QWidget>("myDegrade")->isHidden());
+    EXPECT_EQ(find<QSlider>("toneSlider")->value(), 50);
+}
+
+TEST_F(DialogTest, TypingMovesTheOkButtonsColour) {
+    auto* field = find<QLineEdit>("firstR");
+    field->selectAll();
+    QTest::keyClicks(field, "0");
+    const auto* ok = find<TintedButton>("okButton");
+    EXPECT_EQ(ok->text(), "Use 1st color");
+    ASSERT_TRUE(ok->tint());
+    EXPECT_EQ(ok->tint()->red(), 0);
+}
+
+TEST_F(DialogTest, EscapeIsCancelOnce) {
+    QTimer::singleShot(0, [&] { QTest::keyClick(desktop.widget("chromalogWindow"), Qt::Key_Escape); });
+    EXPECT_EQ(controler->showWindow(), 0);
+    EXPECT_EQ(picker.pickParms.colorComponents[0], 0x1200);
+    EXPECT_FALSE(desktop.widget("chromalogWindow")->isVisible());
+}
+
+TEST_F(DialogTest, ReturnIsOk) {
+    QTimer::singleShot(
+        0, [&] { QTest::keyClick(desktop.widget("chromalogWindow")->focusWidget(), Qt::Key_Return); });
+    EXPECT_EQ(controler->showWindow(), 0);
+    EXPECT_EQ(picker.pickParms.colorComponents[0], 58981); // 0.9, the first colour's default
+}
+
+TEST_F(DialogTest, ThePersonStartsInTheFirstField) {
+    QTimer::singleShot(0, [&] {
+        EXPECT_EQ(desktop.widget("chromalogWindow")->focusWidget(), find<QWidget>("firstR"));
+        controler->cancelPressed();
+    });
+    controler->showWindow();
+}
+
+TEST_F(DialogTest, EveryButtonTellsWhatItDoes) {
+    for (const QPushButton* button : desktop.widget("chromalogWindow")->findChildren<QPushButton*>())
+        EXPECT_FALSE(button->toolTip().isEmpty()) << button->objectName().toStdString();
+}
+
+} // namespace
