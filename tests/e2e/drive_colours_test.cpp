@@ -78,6 +78,14 @@ TEST_F(DriveColours, ANameIsTypedInAnyScript) {
     EXPECT_EQ(text(state(), "colorName"), name);
 }
 
+TEST_F(DriveColours, AClickTakesTheFocusAndEndsTyping) {
+    playWell("type secondC 7x\nclick origFirstColor 5 5\nstate $/well.json\nclick firstG 5 5\nstate "
+             "$/field.json\n");
+    EXPECT_TRUE(state("well.json")["outlets"]["origFirstColor"]["focused"]);
+    EXPECT_NE(text(state("well.json"), "secondC"), "7x");
+    EXPECT_TRUE(state("field.json")["outlets"]["firstG"]["focused"]);
+}
+
 TEST_F(DriveColours, ASecondReturnIsOk) {
     const auto result =
         play("type firstR 16\nkey Return\nstate $/open.json\nkey Return\nstate $/never.json\n");

@@ -29,15 +29,20 @@ void scrollIntoView(const QWidget& widget, QPointF at) {
         area->ensureVisible(0, std::clamp(int(at.y()), 0, widget.height()), 0, kScrollMargin);
 }
 
+/// As if the window system had sent it: a click then gives the focus, among others. sendEvent would take the
+/// mark away.
+void notify(QWidget& widget, QEvent& event) {
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    qApp->notify(&widget, &event);
+}
+
 void send(const Spot& spot, QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons held,
           Qt::KeyboardModifiers modifiers) {
     if (!spot.widget) return;
     const QWidget* window = spot.widget->window();
     QMouseEvent event(type, spot.at, spot.widget->mapTo(window, spot.at), spot.widget->mapToGlobal(spot.at),
                       button, held, modifiers);
-    QSpontaneKeyEvent::setSpontaneous(
-        &event); // as if the window system had sent it: gives the focus, among others
-    QCoreApplication::sendEvent(spot.widget, &event);
+    notify(*spot.widget, event);
 }
 
 } // namespace
@@ -75,8 +80,7 @@ void askForMenu(const Spot& spot) {
     if (!spot.widget) return;
     QContextMenuEvent event(QContextMenuEvent::Mouse, spot.at.toPoint(),
                             spot.widget->mapToGlobal(spot.at).toPoint());
-    QSpontaneKeyEvent::setSpontaneous(&event);
-    QCoreApplication::sendEvent(spot.widget, &event);
+    notify(*spot.widget, event);
 }
 
 void click(const Spot& spot, Qt::KeyboardModifiers modifiers) {
