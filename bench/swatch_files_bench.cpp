@@ -90,6 +90,7 @@ void openReadClose(benchmark::State& state) {
     }
 }
 
+/// Limits: 14 times openReadClose, 0.4 of readThroughStdio.
 void readSwatchFile(benchmark::State& state) {
     const ColourBookFolder noBooks("");
     swatchPath();
@@ -131,6 +132,7 @@ void writeTheSameBytes(benchmark::State& state) {
         plainWrite(folder() / "plain.aco", file);
 }
 
+/// Limit: 10 times writeTheSameBytes. It writes to a temporary file that takes the place of the old one.
 void writeSwatchFile(benchmark::State& state) {
     const std::vector<std::uint8_t> file = swatchFile();
     const ColourBookFolder noBooks("");
@@ -180,6 +182,7 @@ void readTheBookOnce(benchmark::State& state) {
     }
 }
 
+/// Limit: 3 times readTheBookOnce. The host conversions come on top; a book of RGB colours needs none.
 void lookUp4999References(benchmark::State& state) {
     const std::vector<BookKey> keys = makeBook();
     const ColourBookFolder books(folder().path());

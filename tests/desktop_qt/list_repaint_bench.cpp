@@ -171,6 +171,7 @@ void blit(benchmark::State& state) {
         widget.repaint();
 }
 
+/// Limits: 12 times blit, 0.6 of repaintListView, and with 4,999 swatches 1.1 times what it costs with 50.
 void repaintList(benchmark::State& state) {
     ShownList shown(static_cast<int>(state.range(0)));
     if (shown.area.viewport()->size() != QSize(kWidth, kHeight)) state.SkipWithError("not the size");
@@ -191,6 +192,7 @@ void scrollBy(QScrollBar& bar) {
     QApplication::processEvents();
 }
 
+/// Limit: 0.85 of scrollListView.
 void scrollList(benchmark::State& state) {
     ShownList shown(4999);
     for (auto _ : state)
