@@ -15,13 +15,15 @@
 namespace chromalog::drive {
 namespace {
 
-/// Windows to show, the lowest first: a window comes before what was opened from it.
+/// Windows to show, the lowest first: a window comes before what was opened from it, the one that waits for
+/// an answer comes after all but menus.
 QList<QWidget*> shownWindows() {
     QList<QWidget*> shown;
     for (QWidget* window : QApplication::topLevelWidgets())
         if (window->isVisible() && window->windowType() != Qt::ToolTip) shown.append(window);
     const auto depth = [](const QWidget* window) {
         int count = window->windowType() == Qt::Popup ? 1000 : 0;
+        if (window == QApplication::activeModalWidget()) count += 500;
         for (; window; window = window->parentWidget())
             ++count;
         return count;
