@@ -187,6 +187,21 @@ TEST_F(ViewWidgetTest, AListIsReadAsRows) {
     EXPECT_EQ(accessible->childCount(), 0);
 }
 
+TEST_F(ViewWidgetTest, TheMenuKeyOpensTheSelectedRowsMenu) {
+    ListView list;
+    widget.resize(100, 80);
+    widget.setView(&list, &desktop);
+    QContextMenuEvent byMouse(QContextMenuEvent::Mouse, {5, 5}, {5, 5});
+    QApplication::sendEvent(&widget, &byMouse);
+    EXPECT_TRUE(list.places.empty()); // the press was told already
+    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, {5, 5}, {5, 5});
+    QApplication::sendEvent(&widget, &byKey);
+    ASSERT_EQ(list.places.size(), 1U);
+    EXPECT_EQ(list.calls.back(), "right");
+    EXPECT_EQ(int((list.places[0].y - 5) / 22), 1); // the row that a press there selects
+    widget.setView(nullptr);
+}
+
 class ScrollTest : public ViewWidgetTest {
   protected:
     ListView list;

@@ -49,9 +49,7 @@ Key keyOf(int key) {
 
 } // namespace
 
-ViewWidget::ViewWidget(QWidget* parent) : QWidget(parent) {
-    setContextMenuPolicy(Qt::PreventContextMenu); // the view opens its menu itself
-}
+ViewWidget::ViewWidget(QWidget* parent) : QWidget(parent) {}
 
 ViewWidget::~ViewWidget() {
     if (view_) view_->setHost(nullptr);
@@ -191,6 +189,14 @@ void ViewWidget::keyPressEvent(QKeyEvent* event) {
     const KeyEvent key{keyOf(event->key()), event->modifiers().testFlag(Qt::ShiftModifier),
                        event->modifiers().testFlag(Qt::AltModifier)};
     if (!view_ || key.key == Key::other || !view_->keyDown(key)) QWidget::keyPressEvent(event);
+}
+
+/// The keyboard's menu key opens the menu of the selected row. By mouse the view was told at the press.
+void ViewWidget::contextMenuEvent(QContextMenuEvent* event) {
+    if (!view_ || event->reason() != QContextMenuEvent::Keyboard) return;
+    for (int row = 0; row < view_->accessibleRowCount(); ++row)
+        if (view_->accessibleRow(row).selected)
+            return view_->rightMouseDown({{width() / 2.0, (row + 0.75) * kListRowPitch}});
 }
 
 void ViewWidget::focusInEvent(QFocusEvent*) {
