@@ -49,9 +49,9 @@ Accessible chartView::accessible() const {
     Accessible a;
     a.role = Accessible::Role::chart;
     a.name = accessibleName();
-    a.value = selectedColor_ ? accessibleColour(*selectedColor_) : "no colour picked";
+    a.value = selectedColor_ ? accessibleColour(*selectedColor_) : "no color picked";
     a.description =
-        "Arrow keys pick the next cell, with Shift the tenth. Drag to carry the picked colour away.";
+        "Arrow keys pick the next cell, with Shift the tenth. Drag to carry the picked color away.";
     return a;
 }
 

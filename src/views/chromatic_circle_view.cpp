@@ -158,10 +158,10 @@ std::optional<Rect> chromaticCircleView::focusMark() const {
 Accessible chromaticCircleView::accessible() const {
     Accessible a;
     a.role = Accessible::Role::colourChooser;
-    a.name = "Colour wheel";
+    a.name = "Color wheel";
     a.value = accessibleColour(desk_.getSecondColor());
     a.description =
-        "Hue and saturation of the second colour. Arrow keys move the point, with Shift ten times as far.";
+        "Hue and saturation of the second color. Arrow keys move the point, with Shift ten times as far.";
     return a;
 }
 

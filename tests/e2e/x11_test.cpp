@@ -170,7 +170,7 @@ TEST_F(OnXServer, AssistiveTechnologyReadsAndWorksTheDialog) {
     for (const auto& expected :
          std::vector<std::pair<std::string, std::string>>{{"dialog", "Chromalog"},
                                                           {"slider", "Luminosity"},
-                                                          {"color chooser", "Colour wheel"},
+                                                          {"color chooser", "Color wheel"},
                                                           {"push button", "Complement"},
                                                           {"push button", "Cancel"},
                                                           {"text", "First color, red, 0 to 255"},

@@ -103,7 +103,7 @@ TEST_P(ChartView, TellsAssistiveTechnologyThePickedColour) {
     EXPECT_TRUE(chart.startsDrags());
     EXPECT_EQ(chart.accessible().role, Accessible::Role::chart);
     EXPECT_EQ(chart.accessible().name, GetParam() ? "Tone chart" : "Gradient");
-    EXPECT_EQ(chart.accessible().value, "no colour picked");
+    EXPECT_EQ(chart.accessible().value, "no color picked");
     chart.mouseDown({{1, 31.5}});
     EXPECT_EQ(chart.accessible().value, "RGB 0 0 1, #000001");
 }

@@ -346,7 +346,7 @@ TEST_F(ChromaticCircleView, TellsAssistiveTechnologyTheSecondColour) {
     desk.second = Colour::rgb(12 / 255.0, 34 / 255.0, 56 / 255.0);
     const Accessible a = view.accessible();
     EXPECT_EQ(a.role, Accessible::Role::colourChooser);
-    EXPECT_EQ(a.name, "Colour wheel");
+    EXPECT_EQ(a.name, "Color wheel");
     EXPECT_EQ(a.value, "RGB 12 34 56, #0c2238");
     EXPECT_FALSE(a.description.empty());
     ASSERT_TRUE(view.focusMark());
