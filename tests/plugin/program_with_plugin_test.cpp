@@ -79,10 +79,12 @@ TEST_F(ProgramWithPlugIn, ABadScriptEndsWithItsLineAndExit2) {
 }
 
 TEST_F(ProgramWithPlugIn, WithoutADisplayNothingChanges) {
-    const ProgramResult result = run({"--color", "red", "--accept"}, "");
-    EXPECT_EQ(result.exitCode, 1);
-    EXPECT_EQ(result.out, "#ff0000\n");
-    EXPECT_THAT(result.err, HasSubstr("display"));
+    for (const char* platform : {"", "xcb", "wayland", "no-such-platform", "wayland;xcb:options"}) {
+        const ProgramResult result = run({"--color", "red", "--accept"}, platform);
+        EXPECT_EQ(result.exitCode, 1) << platform;
+        EXPECT_EQ(result.out, "#ff0000\n") << platform;
+        EXPECT_EQ(result.err, "Chromalog: there is no display to show the dialog on\n") << platform;
+    }
 }
 
 } // namespace

@@ -1,5 +1,8 @@
 #include "desktop/qt/application_guard.h"
 
+#include <QDir>
+
+#include <algorithm>
 #include <chrono>
 #include <clocale>
 #include <cstdio>
@@ -36,6 +39,19 @@ struct XLibrary {
         return handle ? reinterpret_cast<Function*>(dlsym(handle, name)) : nullptr;
     }
 };
+
+/// Whether the toolkit has the platform's plug-in: asked for one that it lacks, it would abort.
+bool isInstalled(const QString& platform) {
+    QStringList folders;
+    for (const QString& folder : QCoreApplication::libraryPaths())
+        folders.append(folder + "/platforms");
+    if (const QString own = qEnvironmentVariable("QT_QPA_PLATFORM_PLUGIN_PATH"); !own.isEmpty())
+        folders.append(own);
+    const QStringList files{"libq" + platform + ".so", "libq" + platform + "-*.so"};
+    return std::ranges::any_of(folders, [&](const QString& folder) {
+        return !QDir(folder).entryList(files, QDir::Files).isEmpty();
+    });
+}
 
 bool waylandAnswers() {
     std::string path(environment("WAYLAND_DISPLAY"));
@@ -108,15 +124,19 @@ DisplayProbe::DisplayProbe() {
         available_ = qobject_cast<QApplication*>(QCoreApplication::instance()) != nullptr;
         return;
     }
-    const std::string_view platform = environment("QT_QPA_PLATFORM");
-    if (platform.starts_with("wayland")) {
-        available_ = waylandAnswers();
-    } else if (platform.starts_with("xcb") || platform.empty()) {
-        x_ = std::make_unique<XConnection>();
-        available_ = x_->stands();
-    } else {
-        available_ = true;
+    QString platforms = qEnvironmentVariable("QT_QPA_PLATFORM");
+    if (platforms.isEmpty()) platforms = "xcb;wayland"; // what the toolkit tries by itself
+    for (const QString& platform : platforms.split(';', Qt::SkipEmptyParts)) {
+        const QString name = platform.section(':', 0, 0).toLower();
+        if (isInstalled(name) && answers(name)) available_ = true;
     }
+}
+
+bool DisplayProbe::answers(const QString& platform) {
+    if (platform.startsWith("wayland")) return waylandAnswers();
+    if (platform != "xcb") return true;
+    x_ = std::make_unique<XConnection>();
+    return x_->stands();
 }
 
 #else

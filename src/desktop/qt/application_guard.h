@@ -21,6 +21,8 @@ class DisplayProbe {
 
   private:
     struct XConnection;
+    bool answers(const QString& platform);
+
     std::unique_ptr<XConnection> x_;
     bool available_ = false;
 };
