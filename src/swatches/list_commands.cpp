@@ -128,7 +128,9 @@ void ListCommands::saveSwatch(ListNumber which) {
         desk_.list(which).view.saveSwatches(data);
         writeDataToFileAtURL(acoPath(*path), data); // a failure is not reported
     };
-    const SavePanel panel{std::string(withoutExtension(desk_.list(which).view.getSwatchName())), "aco"};
+    // With its extension: of "blue 1.5" alone, ".5" would be taken for one and cut off.
+    const std::string& name = desk_.list(which).view.getSwatchName();
+    const SavePanel panel{name.empty() ? name : acoPath(name), "aco"};
     desk_.desktop().beginSavePanel(panel, desk_.getChromalogWindow(), answer);
 }
 

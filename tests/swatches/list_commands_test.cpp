@@ -243,6 +243,21 @@ TEST_F(ListCommandsTest, SavingWritesWhatTheViewShowsAndRecordsNoStep) {
     EXPECT_EQ(host2.redisplays, 0);
 }
 
+TEST_F(ListCommandsTest, ASaveProposesTheNameThatTheListWasLoadedUnder) {
+    commands.saveSwatch(ListNumber::one);
+    for (const char* loaded : {"wheat.aco", "blue 1.5.aco", "RED.ACO"}) {
+        commands.loadSwatch(ListNumber::one);
+        platform.answerPanel(file(loaded, acoOf(1)));
+        commands.saveSwatch(ListNumber::one);
+    }
+    const char* proposed[] = {"", "wheat.aco", "blue 1.5.aco", "RED.aco"};
+    ASSERT_THAT(platform.savePanels, SizeIs(4));
+    for (std::size_t i = 0; i < 4; ++i) {
+        EXPECT_EQ(platform.savePanels[i].suggestedName, proposed[i]);
+        if (i > 0) EXPECT_EQ(acoPath(proposed[i]), proposed[i]) << "the file that is then written";
+    }
+}
+
 TEST_F(ListCommandsTest, ASaveThatFailsOrIsCancelledIsNotReported) {
     fillNumbered(swatch1, 2);
     for (const auto& answer : {std::optional<std::string>(), std::optional(folder / "no/such/folder/x"),
