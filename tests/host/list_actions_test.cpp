@@ -78,6 +78,21 @@ TEST_F(ListActions, UndoAfterALoadBringsBackListCountAndNameAndRedoTheLoadedOne)
     });
 }
 
+TEST_F(ListActions, AnUndoEndsAListNameOf255InTheNextField) {
+    dialog([&] {
+        load("loadSwatch1:", "one.aco", {"a"});
+        GlobalRecord& record = controler->record();
+        std::fill(std::begin(record.swatchName1), std::end(record.swatchName1), std::uint8_t{'n'});
+        record.swatchName1[0] = 255;
+        record.swatchName2[0] = 4;
+        send("sortAlpha1:");
+        EXPECT_EQ(record.swatchName2[0], 4) << "only what shows the name ends it";
+        send("doUndo:");
+        EXPECT_EQ(text("swatch1Name"), std::string(255, 'n'));
+        EXPECT_EQ(record.swatchName2[0], 0) << "the first byte after the name field";
+    });
+}
+
 TEST_F(ListActions, UndoRestoresTheChoiceOfColourButNotTheButtonsTitle) {
     dialog([&] {
         send("killSwatch1:");
