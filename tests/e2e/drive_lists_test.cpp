@@ -156,6 +156,14 @@ TEST_F(DriveLists, ARefusedDropShowsAnAlert) {
     EXPECT_EQ(state("before.json")["alerts"].size(), 1u);
 }
 
+TEST_F(DriveLists, AnswersWaitForTheNextPickToo) {
+    playWell(
+        "choose $/five.aco\nanswer\nok\npress loadSwatch1:\ndrop swatch1 10 10 red\nstate $/state.json\n",
+        {"--picks", "2"});
+    EXPECT_EQ(state()["lists"][0]["viewCount"], 5);
+    EXPECT_EQ(state()["alerts"].size(), 1u);
+}
+
 TEST_F(DriveLists, AnAlertThatNothingAnswersEndsTheScript) {
     const std::string drop = std::string(kLoad) + "drop swatch1 10 10 red\n";
     for (const std::string& script : {drop, drop + "ok\n", drop + "wait 10\npress loadSwatch1:\n"}) {

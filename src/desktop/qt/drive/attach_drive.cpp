@@ -35,7 +35,7 @@ std::optional<Playback> playback;
 /// Reads the script for the first pick; an error message where it cannot be read.
 std::string openScript(const std::string& file) {
     if (playback && playback->file == file) return {};
-    playback = Playback{file, {}, 0};
+    playback.emplace().file = file;
     std::ifstream in(file, std::ios::binary);
     const std::string text(std::istreambuf_iterator<char>(in), {});
     if (!in.is_open() || in.bad()) return file + ": cannot be read";

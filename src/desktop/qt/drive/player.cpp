@@ -78,13 +78,13 @@ bool Player::answerPrompts() {
     if (commands_.chooseWaitingItem()) return true;
     if (QMessageBox* question = replaceQuestion(); question && !finishing_) return agree(*question), true;
     QMessageBox* alert = openAlert(desktop_);
-    if (alert && dismissals_ > 0) {
-        --dismissals_;
+    if (alert && playback_.dismissals > 0) {
+        --playback_.dismissals;
         return dismiss(*alert), true;
     }
     QFileDialog* panel = desktop_.panels().current();
-    if (!panel || alert || choices_.empty()) return false;
-    answerPanel(*panel, takeFirst(choices_));
+    if (!panel || alert || playback_.choices.empty()) return false;
+    answerPanel(*panel, takeFirst(playback_.choices));
     return true;
 }
 
@@ -110,7 +110,8 @@ void Player::checkAllowed(const Command& command) const {
 
 void Player::play(const Command& command) {
     askedForKeyboard_ = false;
-    if (!desktop_.printJobs().nextPdf && !prints_.empty()) desktop_.printJobs().nextPdf = takeFirst(prints_);
+    if (!desktop_.printJobs().nextPdf && !playback_.prints.empty())
+        desktop_.printJobs().nextPdf = takeFirst(playback_.prints);
     struct Running {
         int& level;
         int outer;
@@ -139,7 +140,7 @@ void Player::choose(const Command& command) {
     if (QFileDialog* panel = desktop_.panels().current())
         answerPanel(*panel, command.text(0));
     else
-        choices_.push_back(command.text(0));
+        playback_.choices.push_back(command.text(0));
 }
 
 void Player::answerPanel(QFileDialog& panel, const std::string& choice) {
@@ -153,13 +154,13 @@ void Player::answerAlert() {
     if (QMessageBox* alert = openAlert(desktop_))
         dismiss(*alert);
     else
-        ++dismissals_;
+        ++playback_.dismissals;
 }
 
 void Player::print(const Command& command) {
     QPrintDialog* dialog = openPrintDialog();
     if (!dialog)
-        prints_.push_back(command.text(0));
+        playback_.prints.push_back(command.text(0));
     else if (!printToFile(*dialog, toQt(command.text(0))))
         throw CommandError{"the print dialog does not print to files"};
 }

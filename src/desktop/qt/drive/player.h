@@ -17,6 +17,8 @@ struct Playback {
     std::string file;
     Script script;
     std::size_t next = 0;
+    std::deque<std::string> choices, prints; ///< answers that wait for their panel and their job
+    int dismissals = 0;                      ///< alerts that may come
 
     bool ended() const { return next >= script.size(); }
     void end() { next = script.size(); }
@@ -54,8 +56,6 @@ class Player {
     std::function<void(const std::string&)> fail_;
     Commands commands_;
     Settle settle_;
-    std::deque<std::string> choices_, prints_; ///< answers that wait for their panel and their job
-    int dismissals_ = 0;                       ///< alerts that may come
     int closings_ = 0;
     bool askedForKeyboard_ = false;
     bool finishing_ = false;
