@@ -8,7 +8,8 @@ namespace {
 
 std::uint64_t tagOf(const BookKey& key) {
     std::uint64_t bits = 0;
-    for (const std::uint8_t byte : key) bits = bits << 8 | byte;
+    for (const std::uint8_t byte : key)
+        bits = bits << 8 | byte;
     return bits << 16 | 1;
 }
 
@@ -18,26 +19,29 @@ BookIndex::BookIndex(Bytes file) : space_(0) {
     BookCursor book(file);
     space_ = book.space();
     const int count = std::max<int>(book.count(), 0);
-    slots_.resize(std::bit_ceil(static_cast<std::size_t>(count + count / 4 + 1))); // one in five stays empty
+    tags_.resize(std::bit_ceil(static_cast<std::size_t>(count + count / 4 + 1))); // one in five stays empty
+    components_.resize(tags_.size());
     BookColour colour;
     for (int i = 0; i < count && book.next(colour); ++i) {
         const std::uint64_t tag = tagOf(colour.key);
-        Slot& slot = slots_[slotOf(tag)];
-        if (slot.tag == 0) slot = {tag, colour.components};
+        const std::size_t slot = slotOf(tag);
+        if (tags_[slot] != 0) continue;
+        tags_[slot] = tag;
+        components_[slot] = colour.components;
     }
 }
 
 std::size_t BookIndex::slotOf(std::uint64_t tag) const {
     // The product spreads keys that differ in one digit over its upper bits.
-    std::size_t at = (tag * 0x9E3779B97F4A7C15) >> 40 & (slots_.size() - 1);
-    while (slots_[at].tag != 0 && slots_[at].tag != tag)
-        at = (at + 1) & (slots_.size() - 1);
+    std::size_t at = (tag * 0x9E3779B97F4A7C15) >> 40 & (tags_.size() - 1);
+    while (tags_[at] != 0 && tags_[at] != tag)
+        at = (at + 1) & (tags_.size() - 1);
     return at;
 }
 
 const BookComponents* BookIndex::find(const BookKey& key) const {
-    const Slot& slot = slots_[slotOf(tagOf(key))];
-    return slot.tag == 0 ? nullptr : &slot.components;
+    const std::size_t slot = slotOf(tagOf(key));
+    return tags_[slot] == 0 ? nullptr : &components_[slot];
 }
 
 void BookLookup::meetUnknownSpace(std::int16_t space) {

@@ -26,16 +26,13 @@ class BookIndex {
     const BookComponents* find(const BookKey&) const;
 
   private:
-    /// Key and components side by side: a look-up waits for one place in memory.
-    struct Slot {
-        std::uint64_t tag = 0; ///< the key above 16 bits of 1; 0 in an empty slot
-        BookComponents components{};
-    };
     /// The slot that has the tag, or the empty one where it would stand.
     std::size_t slotOf(std::uint64_t tag) const;
 
     std::int16_t space_;
-    std::vector<Slot> slots_; ///< a power of two of them
+    std::vector<std::uint64_t>
+        tags_; ///< by slot: the key above 16 bits of 1; 0 is empty. A power of two of them
+    std::vector<BookComponents> components_; ///< by slot
 };
 
 /// Looks up the colour-book references of one swatch file. It lives as long as one load: each book is read
