@@ -65,6 +65,24 @@ TEST_F(ModalTest, TwoStopsInOneCallEndTwoLoops) {
     EXPECT_THAT(codes, ElementsAre(1, 2));
 }
 
+TEST_F(ModalTest, AWindowThatRunsInsideAnotherStaysAboveItAndGoesAlone) {
+    panel = load("dialog", panelWindow);
+    later([&] {
+        later([&] {
+            auto* inner = qobject_cast<DialogWindow*>(QApplication::activeModalWidget());
+            ASSERT_TRUE(inner);
+            EXPECT_EQ(inner->parentWidget(), dialog());
+            EXPECT_TRUE(inner->isWindow());
+            desktop.stopModal(1);
+        });
+        desktop.runModal(*panelWindow);
+        panel.reset();
+        EXPECT_TRUE(window->visible());
+        desktop.stopModal(0);
+    });
+    desktop.runModal(*window);
+}
+
 TEST_F(ModalTest, TheWindowBlocksItsSurroundingsWhileItRuns) {
     later([&] {
         EXPECT_TRUE(window->visible());

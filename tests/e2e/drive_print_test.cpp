@@ -48,6 +48,12 @@ TEST_F(DrivePrint, AListGoesToTheNamedFileWithTheOptionsOfTheDialog) {
     EXPECT_THAT(textOf("list.pdf"), HasSubstr("page 1/2"));
 }
 
+TEST_F(DrivePrint, APictureShowsTheOptionsAboveTheDialog) {
+    playWell("paper 100x100\nshot $/before.png\npress printFirstSwatch:\nshot $/options.png\nok\nanswer\n");
+    EXPECT_THAT(contents("options.png"), StartsWith("\x89PNG"));
+    EXPECT_NE(contents("options.png"), contents("before.png"));
+}
+
 TEST_F(DrivePrint, EachJobTakesTheNextFile) {
     playWell("print $/one.pdf\nprint $/two.pdf\npress printToneOrDegrade:\nset toneOrDegrade 1\n"
              "press printToneOrDegrade:\nstate $/state.json\n");

@@ -7,6 +7,8 @@
 namespace chromalog {
 
 std::int64_t ModalLoops::run(DialogWindow& window) {
+    DialogWindow* below = innermost();
+    if (below && !window.parentWidget()) window.setParent(below, window.windowFlags()); // stays above it
     Running running(window);
     running_.push_back(&running);
     window.setWindowModality(Qt::ApplicationModal);
