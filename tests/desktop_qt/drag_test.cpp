@@ -156,6 +156,17 @@ TEST_F(DragTest, AWellTakesADropAndTellsIt) {
     EXPECT_FALSE(dropOn(well, &text));
 }
 
+TEST_F(DragTest, ADroppedColourRemembersNoHueAndSaturation) {
+    const Colour black = Colour::hsb(0.25, 0.5, 0);
+    ASSERT_EQ(black.hue(), 0.25);
+    ColorWellWidget well;
+    const ColourMime mime({true, false, black, std::nullopt}, &source);
+    EXPECT_TRUE(dropOn(well, &mime));
+    EXPECT_TRUE(well.color().sameRgb(black));
+    EXPECT_EQ(well.color().hue(), 0);
+    EXPECT_EQ(well.color().saturation(), 0);
+}
+
 TEST_F(DragTest, AWellDragsItsColourOutAndAClickOnlyFocuses) {
     ColorWellWidget well;
     well.setDrags(&desktop.drags());

@@ -12,7 +12,11 @@ namespace chromalog {
 
 ColourMime::ColourMime(const Pasteboard& pasteboard, const DragSource* source)
     : pasteboard_(pasteboard), source_(source) {
-    if (pasteboard.colour) setColorData(toQt(*pasteboard.colour));
+    if (const auto& c = pasteboard.colour) {
+        // Four numbers, as other programs see it: a dropped colour remembers no hue and saturation.
+        pasteboard_.colour = Colour::rgb(c->red(), c->green(), c->blue(), c->alpha());
+        setColorData(toQt(*c));
+    }
     if (pasteboard.text) setText(toQt(*pasteboard.text));
 }
 
