@@ -172,6 +172,20 @@ TEST_F(CanvasTest, TextIsUpright) {
     }
 }
 
+TEST_F(CanvasTest, ControlCharactersInANameTakeNoRoom) {
+    const auto drawn = [&](std::string_view text) {
+        view.draw = [text](Canvas& c) {
+            c.setFill(Colour());
+            c.drawText({0, 15}, text, {Font::Face::label, 12}, 80);
+        };
+        view.flipped = true;
+        view.layOut({0, 0, 100, 20});
+        return rasterPicture(view).pixels;
+    };
+    EXPECT_EQ(drawn(std::string_view("\0Sk\x1Fy\0\x7F", 7)), drawn("Sky"));
+    EXPECT_EQ(drawn(std::string_view("\0\0\0\0\0\0\0\0\0", 9)), drawn(""));
+}
+
 TEST_F(CanvasTest, ALongNameEndsInTheEllipsis) {
     const auto widthOf = [&](double maxWidth) {
         view.draw = [&](Canvas& c) {

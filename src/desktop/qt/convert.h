@@ -17,6 +17,13 @@ inline QString toQt(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }
 
+/// A line of text as it is drawn: control characters take no room.
+inline QString lineToQt(std::string_view utf8) {
+    QString line = toQt(utf8);
+    line.removeIf([](QChar c) { return c < QChar(0x20) || c == QChar(0x7F); });
+    return line;
+}
+
 inline std::string fromQt(const QString& text) {
     return text.toStdString();
 }

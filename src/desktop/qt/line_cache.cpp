@@ -14,7 +14,7 @@ constexpr std::size_t mostLines = 1000; ///< some screens of a list; then it sta
 
 LineCache::Line LineCache::laidOut(std::string_view text, const Font& font, double maxWidth) {
     const QFont face = fontFor(font);
-    QString shown = toQt(text);
+    QString shown = lineToQt(text);
     if (maxWidth > 0) shown = QFontMetricsF(face).elidedText(shown, Qt::ElideRight, maxWidth);
     QTextLayout layout(shown, face);
     QTextOption oneLine;

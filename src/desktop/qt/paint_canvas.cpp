@@ -200,7 +200,7 @@ void PaintCanvas::drawText(Point at, std::string_view text, const Font& font, do
         return;
     }
     useFont(font);
-    QString line = toQt(text);
+    QString line = lineToQt(text);
     if (maxWidth > 0) {
         const QFontMetricsF metrics(painter_.font());
         line = metrics.elidedText(line, Qt::ElideRight, maxWidth);
