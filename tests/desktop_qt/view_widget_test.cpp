@@ -148,6 +148,7 @@ TEST_F(ViewWidgetTest, AssistiveTechnologyReadsRoleNameAndValue) {
     EXPECT_EQ(accessible->valueInterface()->maximumValue().toDouble(), 100);
     view.told.range.reset();
     EXPECT_EQ(accessible->valueInterface(), nullptr);
+    EXPECT_EQ(accessible->text(QAccessible::Description), "40. Arrow keys") << "a value in words comes first";
 }
 
 /// A list of rows, for assistive technology and for scrolling.

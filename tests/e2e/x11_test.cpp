@@ -10,6 +10,7 @@ namespace chromalog::test {
 namespace {
 
 using testing::Contains;
+using testing::StartsWith;
 
 bool installed(const std::string& check) {
     return runProgram({"sh", "-c", check + " >/dev/null 2>&1"}).exitCode == 0;
@@ -178,6 +179,14 @@ TEST_F(OnXServer, AssistiveTechnologyReadsAndWorksTheDialog) {
                                                           {"list item", "Green"},
                                                           {"list item", "Blue"}})
         EXPECT_THAT(tree, Contains(expected));
+    const auto description = [&](const std::string& name) {
+        for (const json& node : told["tree"])
+            if (node["name"] == name) return node["description"].get<std::string>();
+        return std::string("no " + name);
+    };
+    EXPECT_THAT(description("Color wheel"), StartsWith("RGB 51 102 153, #336699. "));
+    EXPECT_THAT(description("Gradient"), StartsWith("no colour picked. "));
+    EXPECT_EQ(description("Second color"), "RGB 51 102 153, #336699");
     EXPECT_EQ(told["strip"]["value"], 25.0);
     EXPECT_EQ(told["strip"]["range"], (json{0.0, 100.0}));
 }

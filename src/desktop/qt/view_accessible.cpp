@@ -76,6 +76,12 @@ QAccessible::Role roleOf(Accessible::Role role) {
     return QAccessible::Client;
 }
 
+/// Values in words have no way of their own to a screen reader: the description begins with them.
+QString descriptionOf(const Accessible& told) {
+    return told.range || told.value.empty() ? toQt(told.description)
+                                            : toQt(told.value + ". " + told.description);
+}
+
 class ViewAccessible : public QAccessibleWidget, public QAccessibleValueInterface {
   public:
     explicit ViewAccessible(ViewWidget* widget) : QAccessibleWidget(widget, QAccessible::Client) {}
@@ -92,7 +98,7 @@ class ViewAccessible : public QAccessibleWidget, public QAccessibleValueInterfac
         const Accessible told = view()->accessible();
         if (kind == QAccessible::Name) return toQt(told.name);
         if (kind == QAccessible::Value) return toQt(told.value);
-        if (kind == QAccessible::Description) return toQt(told.description);
+        if (kind == QAccessible::Description) return descriptionOf(told);
         return QAccessibleWidget::text(kind);
     }
     void* interface_cast(QAccessible::InterfaceType type) override {
@@ -160,6 +166,9 @@ void announceView(ViewWidget& widget) {
     QAccessibleValueChangeEvent changed(&widget, told.range ? QVariant(told.range->value)
                                                             : QVariant(toQt(told.value)));
     QAccessible::updateAccessibility(&changed);
+    if (told.range) return;
+    QAccessibleEvent described(&widget, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&described);
 }
 
 } // namespace chromalog

@@ -33,6 +33,8 @@ void ColorWellWidget::setColor(const Colour& colour) {
     update();
     QAccessibleValueChangeEvent changed(this, valueText());
     QAccessible::updateAccessibility(&changed);
+    QAccessibleEvent described(this, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&described);
 }
 
 QString ColorWellWidget::valueText() const {

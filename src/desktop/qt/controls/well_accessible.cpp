@@ -13,7 +13,9 @@ class WellAccessible : public QAccessibleWidget {
     explicit WellAccessible(ColorWellWidget* well)
         : QAccessibleWidget(well, QAccessible::ColorChooser), well_(well) {}
     QString text(QAccessible::Text kind) const override {
-        return kind == QAccessible::Value ? well_->valueText() : QAccessibleWidget::text(kind);
+        // Screen readers are given a description, but no value in words.
+        return kind == QAccessible::Value || kind == QAccessible::Description ? well_->valueText()
+                                                                              : QAccessibleWidget::text(kind);
     }
 
   private:
