@@ -20,6 +20,12 @@ void chartView::pick(Point p) {
     announceChange();
 }
 
+void chartView::mouseDown(const MouseEvent& event) {
+    pick(event.location);
+    standAt(event.location);
+    setNeedsDisplay();
+}
+
 void chartView::mouseDragged(const MouseEvent& event) {
     if (!selectedColor_) return;
     DragRequest drag;

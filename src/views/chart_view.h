@@ -28,7 +28,7 @@ class chartView : public View {
         return selectedColor_;
     } ///< nothing until the first pick
 
-    void mouseDown(const MouseEvent& event) override { pick(event.location); }
+    void mouseDown(const MouseEvent&) override;
     void mouseDragged(const MouseEvent&) override;
     bool startsDrags() const override { return true; }
     bool acceptsFocus() const override { return true; }
@@ -38,6 +38,7 @@ class chartView : public View {
 
   protected:
     virtual void moveCell(int right, int up) = 0; ///< the cell that the keyboard stands on
+    virtual void standAt(Point) = 0;              ///< moves the keyboard to the cell of a click
     virtual Point cellCentre() const = 0;
     virtual const char* accessibleName() const = 0;
 

@@ -64,6 +64,13 @@ void degradeView::moveCell(int right, int up) {
     row_ = std::clamp(row_ + up, 0, last);
 }
 
+void degradeView::standAt(Point p) {
+    const double side = frame().w / gradientCells;
+    if (!(side > 0)) return;
+    column_ = static_cast<int>(std::clamp<double>(p.x / side, 0, last));
+    row_ = static_cast<int>(std::clamp<double>(p.y / side, 0, last));
+}
+
 Point degradeView::cellCentre() const {
     const double side = frame().w / gradientCells;
     return {(column_ + 0.5) * side, (row_ + 0.5) * side};

@@ -35,6 +35,7 @@ class degradeView : public chartView {
 
   protected:
     void moveCell(int right, int up) override;
+    void standAt(Point) override;
     Point cellCentre() const override;
     const char* accessibleName() const override { return "Gradient"; }
 

@@ -97,6 +97,15 @@ void toneView::moveCell(int right, int up) {
     sector_ = ((sector_ - right) % toneSectors + toneSectors) % toneSectors;
 }
 
+void toneView::standAt(Point p) {
+    const double radius = bounds().h / 2;
+    const double dx = p.x - radius, dy = p.y - radius;
+    const double ring = radius > 0 ? std::hypot(dx, dy) / radius * 8 : 0;
+    ring_ = static_cast<int>(std::min<double>(ring, toneRings));
+    const double degrees = std::atan2(dy, dx) / radiansPerDegree;
+    sector_ = static_cast<int>((degrees < 0 ? degrees + 360 : degrees) / sectorDegrees) % toneSectors;
+}
+
 Point toneView::cellCentre() const {
     const double radius = bounds().h / 2;
     const double distance = ring_ == 0 ? 0 : radius * (ring_ + 0.5) / 8;

@@ -37,6 +37,7 @@ class toneView : public chartView {
 
   protected:
     void moveCell(int right, int up) override; ///< up: the next ring outwards; right: clockwise
+    void standAt(Point) override;
     Point cellCentre() const override;
     const char* accessibleName() const override { return "Tone chart"; }
 

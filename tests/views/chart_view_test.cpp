@@ -98,6 +98,27 @@ TEST_P(ChartView, SpacePicksTheCellThatTheKeyboardStandsOn) {
         desk.platform.nextCapture.colourAt(centre.x, chart.bounds().h - centre.y)));
 }
 
+TEST_P(ChartView, TheKeyboardGoesOnFromTheClickedCell) {
+    for (const Point clicked : {Point{27, 21}, Point{9, 26}, Point{5, 5}, Point{25, 3}}) {
+        chart.mouseDown({clicked});
+        const Rect mark = chart.focusMark().value();
+        EXPECT_NEAR(mark.x + mark.w / 2, clicked.x, 2.1);
+        EXPECT_NEAR(mark.y + mark.h / 2, clicked.y, 2.1);
+    }
+    chart.mouseDown({{16, 16}});
+    const Rect before = chart.focusMark().value();
+    chart.keyDown({Key::up});
+    EXPECT_GT(chart.focusMark()->x + chart.focusMark()->y, before.x + before.y);
+    EXPECT_GT(host.redisplays, 0);
+}
+
+TEST_P(ChartView, AClickFarOutsideStandsOnTheCellAtTheEdge) {
+    chart.mouseDown({{1e9, 16.5}});
+    const Rect mark = chart.focusMark().value();
+    EXPECT_GT(mark.x + mark.w / 2, 28);
+    EXPECT_LT(mark.x + mark.w / 2, 32);
+}
+
 TEST_P(ChartView, TellsAssistiveTechnologyThePickedColour) {
     EXPECT_TRUE(chart.acceptsFocus());
     EXPECT_TRUE(chart.startsDrags());
