@@ -55,12 +55,14 @@ void chromaticCircleView::drawOnce() {
     rendered_ = true;
 }
 
-/// The picture at the screen's scale, rendered when it is drawn.
+/// The picture at the screen's scale, rendered when it is first drawn at a brightness.
 const Bitmap& chromaticCircleView::shownPicture(double scale) {
     const int size = picture_.bitmap().width;
     const int sharp = static_cast<int>(std::lround(size * std::clamp(scale, 1.0, largestScale)));
     if (sharp == size) return picture_.bitmap();
-    sharpPicture_.render(sharp, brightness_);
+    if (sharpPicture_.bitmap().width != sharp || sharpBrightness_ != brightness_)
+        sharpPicture_.render(sharp, brightness_);
+    sharpBrightness_ = brightness_;
     return sharpPicture_.bitmap();
 }
 

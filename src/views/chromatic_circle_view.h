@@ -59,6 +59,7 @@ class chromaticCircleView : public View {
     WheelPicture picture_;      ///< one pixel a point
     WheelPicture sharpPicture_; ///< at the screen's scale, where that is not 1
     float brightness_ = 0;      ///< of the picture
+    float sharpBrightness_ = 0; ///< of the sharp picture
     bool rendered_ = false;
 };
 
