@@ -113,6 +113,22 @@ TEST_F(DriveColours, AClickOnTheWheelPicksAtExactlyThatPoint) {
     EXPECT_EQ(now["wheel"]["oppositePoint"], (json{side - 100.25, side - 90.5}));
 }
 
+TEST_F(DriveColours, TabGoesFromTheFieldsToTheViewsAndFromASearchToItsList) {
+    playWell("key Tab secondK\nstate $/1.json\nkey Tab\nstate $/2.json\nkey Tab findColor1\nstate $/3.json\n"
+             "key Tab\nstate $/4.json\nkey Tab\nstate $/5.json\n");
+    const char* order[] = {"chromaView", "lumiView", "swatch1", "findColor2", "swatch2"};
+    for (int i = 0; i < 5; ++i)
+        EXPECT_TRUE(state(std::to_string(i + 1) + ".json")["outlets"][order[i]]["focused"]) << order[i];
+}
+
+TEST_F(DriveColours, BlackDroppedOnTheSecondWellStandsInTheMiddleOfTheWheel) {
+    playWell("click chromaView 100 90\nclick lumiView 5 0\ndrag origComplement 5 5 origSecondColor 5 5\n"
+             "state $/state.json\n");
+    const double side = state()["wheel"]["size"][0];
+    EXPECT_EQ(state()["wheel"]["selectedPoint"], (json{side / 2, side / 2}))
+        << "the drag carries black alone, not the hue that it came from";
+}
+
 TEST_F(DriveColours, TheStripsEdgesAreItsDarkestAndBrightest) {
     playWell("click lumiView 5 0\nstate $/dark.json\nsweep lumiView 5 10 5 1000 3\nstate $/bright.json\n",
              {"--color", "#336699"});
@@ -149,6 +165,12 @@ TEST_F(DriveColours, TheSwitchShowsTheToneChartWithItsControls) {
     EXPECT_EQ(state("before.json")["outlets"]["toneSlider"]["value"], 50);
     EXPECT_EQ(state("after.json")["outlets"]["toneSlider"]["value"], 33);
     EXPECT_EQ(state("after.json")["outlets"]["absOrRel"]["value"], 1);
+}
+
+TEST_F(DriveColours, AClickOnTheGreyCornerOutsideTheToneChartPicksLightGrey) {
+    playWell("set toneOrDegrade 1\nclick myToneView 3 3\nstate $/state.json\n");
+    for (int i = 0; i < 3; ++i)
+        EXPECT_NEAR(state()["tone"]["selectedColor"][i], 0.9, 0.5 / 255 + 1e-9);
 }
 
 TEST_F(DriveColours, ADropFromOutsideLandsInTheGradientsCorner) {
@@ -191,6 +213,7 @@ TEST_F(DriveColours, ColoursInOtherSpacesGoThroughTheHost) {
 TEST_F(DriveColours, TheSameHoldsOnASharpScreen) {
     const std::string script =
         "picture chromaView $/wheel.png\nclick chromaView 77 201.5\nclick myDegrade 3 99\n"
+        "set toneOrDegrade 1\nclick myToneView 100.5 180.25\n"
         "shot $/shot.png\nstate $/state.json\n";
     playWell(script);
     const auto once = state();
@@ -199,7 +222,7 @@ TEST_F(DriveColours, TheSameHoldsOnASharpScreen) {
     EXPECT_EQ(shot.first, once["outlets"]["chromalogWindow"]["frame"][2]);
     environment_["QT_SCALE_FACTOR"] = "2";
     playWell(script);
-    for (const char* key : {"secondColor", "wheel", "gradient", "outlets"})
+    for (const char* key : {"secondColor", "wheel", "gradient", "tone", "outlets"})
         EXPECT_EQ(state()[key], once[key]) << key;
     EXPECT_EQ(sizeOf("wheel.png"), wheel) << "picks read one pixel a point";
     EXPECT_EQ(sizeOf("shot.png"), std::pair(2 * shot.first, 2 * shot.second)) << "the screen shows two";

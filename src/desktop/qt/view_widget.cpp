@@ -49,7 +49,9 @@ Key keyOf(int key) {
 
 } // namespace
 
-ViewWidget::ViewWidget(QWidget* parent) : QWidget(parent) {}
+ViewWidget::ViewWidget(QWidget* parent) : QWidget(parent) {
+    setFocusPolicy(Qt::StrongFocus); // until the view is known: a form orders only what takes the focus
+}
 
 ViewWidget::~ViewWidget() {
     if (view_) view_->setHost(nullptr);
