@@ -65,6 +65,20 @@ TEST_F(SecondColour, EachHarmonyPointFillsItsWellWithTheShiftInTheQuadriGroup) {
     });
 }
 
+TEST_F(SecondColour, AHarmonyCodeOutsideOneToSevenChangesNoWell) {
+    inDialog([&](ChromalogControler& c) {
+        auto& desk = (chromaticCircleDesk&)c; // a private base: the wheel alone is given it
+        const auto before = harmonyWells();
+        for (const std::int16_t code : {0, 8, -1, 32767, -32768})
+            desk.setoppositeColor(Colour::rgb(0.25, 0.5, 0.75), code);
+        const auto after = harmonyWells();
+        for (std::size_t i = 0; i < before.size(); ++i)
+            EXPECT_TRUE(after[i].sameRgb(before[i])) << i;
+        desk.setoppositeColor(Colour::rgb(0.25, 0.5, 0.75), 7);
+        EXPECT_FALSE(harmonyWells().back().sameRgb(before.back()));
+    });
+}
+
 TEST_F(SecondColour, TheCentreFillsEveryHarmonyWellWithItsGrey) {
     inDialog([&](ChromalogControler& c) {
         clickWheel({side / 2, side / 2});
