@@ -64,6 +64,7 @@ TEST_F(DrivePrint, EachJobTakesTheNextFile) {
 }
 
 TEST_F(DrivePrint, AFileCanBeNamedWhenThePrintDialogIsOpen) {
+    write("late.pdf", std::string("old"));
     playWell("press printToneOrDegrade:\nprint $/late.pdf\nstate $/state.json\n");
     EXPECT_THAT(contents("late.pdf"), StartsWith("%PDF-"));
 }

@@ -51,7 +51,9 @@ void answer(QFileDialog& panel, const QString& path) {
 
 QMessageBox* replaceQuestion() {
     auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    return box && qobject_cast<QFileDialog*>(box->parentWidget()) ? box : nullptr;
+    const QWidget* asker = box ? box->parentWidget() : nullptr;
+    const bool panel = qobject_cast<const QFileDialog*>(asker) || qobject_cast<const QPrintDialog*>(asker);
+    return panel ? box : nullptr;
 }
 
 void agree(QMessageBox& question) {
