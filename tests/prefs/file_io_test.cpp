@@ -247,7 +247,7 @@ TEST_F(FileIo, AWriteWaitsForTheDiskUnlessItIsToldNotTo) {
     ASSERT_TRUE(writeDataToFileAtURL(folder / "file", pattern(9000, 1), 0, Flush::later));
     EXPECT_EQ(flushes, 0);
     ASSERT_TRUE(writeDataToFileAtURL(folder / "file", pattern(9000, 2)));
-    EXPECT_EQ(flushes, 1);
+    EXPECT_GE(flushes, 1); // twice where the unnamed file cannot be given its name (no /proc)
     failFlush = true;
     EXPECT_FALSE(writeDataToFileAtURL(folder / "file", pattern(9000, 3)));
     EXPECT_EQ(contents(folder / "file"), pattern(9000, 2));
