@@ -65,7 +65,9 @@ const BookIndex* BookLookup::indexInForce() {
 }
 
 const std::int16_t (&BookLookup::getValueFromAse(std::int16_t space, const BookKey& key))[4] {
-    const BookChoice* choice = bookForSpace(space, key);
+    if (space != chosenSpace_ || keyDecides(space)) choice_ = bookForSpace(space, key);
+    chosenSpace_ = space;
+    const BookChoice* choice = choice_;
     if (choice) putInForce(choice->file);
     if (choice && !choice->opens) return result_;
     const BookIndex* index = indexInForce();

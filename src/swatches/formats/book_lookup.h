@@ -54,7 +54,9 @@ class BookLookup {
 
     const ColourBookShelf& shelf_;
     ColorServicesProc services_;
-    std::string_view book_; ///< file name of the book in force: a constant, or the next
+    const BookChoice* choice_ = nullptr; ///< for the space of the record before; most follow in runs
+    std::int16_t chosenSpace_ = 0;       ///< no book's
+    std::string_view book_;              ///< file name of the book in force: a constant, or the next
     std::string unknownBook_;
     const BookIndex* index_ = nullptr; ///< of the book in force, once it was looked for
     bool lookedFor_ = false;

@@ -19,6 +19,11 @@ struct BookChoice {
 /// Whether a space code of a swatch file refers to a colour book at all.
 bool isBookSpace(std::int16_t space);
 
+/// Whether the key has a say in what book a space code refers to.
+constexpr bool keyDecides(std::int16_t space) {
+    return space == 3 || space == 10;
+}
+
 /// Null for codes that refer to no book, and where none of the tests on an HKS key (space 10) is true: the
 /// book of an earlier record then stays in force.
 const BookChoice* bookForSpace(std::int16_t space, const BookKey& key);
