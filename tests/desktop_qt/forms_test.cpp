@@ -2,6 +2,7 @@
 #include "desktop_qt/desktop_fixture.h"
 
 #include "desktop/qt/form_names.h"
+#include "support/outlet_names.h"
 
 #include <QAccessible>
 #include <QPushButton>
@@ -48,70 +49,7 @@ std::set<std::string> actionsIn(const char* form) {
 
 TEST_F(FormsTest, TheDialogHoldsEveryOutlet) {
     const std::set<std::string> names = namesIn("chromalogWindow");
-    for (const char* outlet : {"chromalogWindow",
-                               "chromaView",
-                               "myToneView",
-                               "myDegrade",
-                               "lumiView",
-                               "okButton",
-                               "toneOrDegrade",
-                               "absOrRel",
-                               "origComplement",
-                               "origHarmony",
-                               "origTrichrome",
-                               "origQuadrichrome",
-                               "origSecondColor",
-                               "origFirstColor",
-                               "complementColor",
-                               "triHarmoni1Color",
-                               "triHarmoni2Color",
-                               "quadri1Color",
-                               "equi1Color",
-                               "equi2Color",
-                               "quadri2Color",
-                               "quadri3Color",
-                               "baterieSwatch",
-                               "secondR",
-                               "secondG",
-                               "secondB",
-                               "secondC",
-                               "secondM",
-                               "secondY",
-                               "secondK",
-                               "firstR",
-                               "firstG",
-                               "firstB",
-                               "firstC",
-                               "firstM",
-                               "firstY",
-                               "firstK",
-                               "colorName",
-                               "nearColor",
-                               "nearR",
-                               "nearG",
-                               "nearB",
-                               "nearC",
-                               "nearM",
-                               "nearY",
-                               "nearK",
-                               "nearName",
-                               "swatch2",
-                               "swatch1",
-                               "swatch1Scroller",
-                               "swatch2scroller",
-                               "findColor1",
-                               "findColor2",
-                               "found1",
-                               "found2",
-                               "seachStep1",
-                               "seachStep2",
-                               "swatchContextMenu",
-                               "swatchContextMenu2",
-                               "swatch1Name",
-                               "swatch2Name",
-                               "undoButton",
-                               "redoButton",
-                               "toneSlider"})
+    for (const char* outlet : kDialogOutlets)
         EXPECT_THAT(names, Contains(outlet));
 }
 

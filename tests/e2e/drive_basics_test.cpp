@@ -1,5 +1,6 @@
 // How a pick ends, and what goes wrong with scripts.
 #include "e2e/driven_pick.h"
+#include "support/outlet_names.h"
 
 namespace chromalog::test {
 namespace {
@@ -150,75 +151,14 @@ TEST_F(DriveBasics, AnErrorKeepsWhatTheHostHeld) {
 TEST_F(DriveBasics, TheStateHoldsEveryOutletOfTheDialog) {
     playWell("state $/state.json\n");
     const json outlets = state()["outlets"];
-    for (const char* name : {"chromalogWindow",
-                             "chromaView",
-                             "myToneView",
-                             "myDegrade",
-                             "lumiView",
-                             "okButton",
-                             "toneOrDegrade",
-                             "absOrRel",
-                             "origComplement",
-                             "origHarmony",
-                             "origTrichrome",
-                             "origQuadrichrome",
-                             "origSecondColor",
-                             "origFirstColor",
-                             "complementColor",
-                             "triHarmoni1Color",
-                             "triHarmoni2Color",
-                             "quadri1Color",
-                             "equi1Color",
-                             "equi2Color",
-                             "quadri2Color",
-                             "quadri3Color",
-                             "baterieSwatch",
-                             "secondR",
-                             "secondG",
-                             "secondB",
-                             "secondC",
-                             "secondM",
-                             "secondY",
-                             "secondK",
-                             "firstR",
-                             "firstG",
-                             "firstB",
-                             "firstC",
-                             "firstM",
-                             "firstY",
-                             "firstK",
-                             "colorName",
-                             "nearColor",
-                             "nearR",
-                             "nearG",
-                             "nearB",
-                             "nearC",
-                             "nearM",
-                             "nearY",
-                             "nearK",
-                             "nearName",
-                             "swatch1",
-                             "swatch2",
-                             "swatch1Scroller",
-                             "swatch2scroller",
-                             "findColor1",
-                             "findColor2",
-                             "found1",
-                             "found2",
-                             "seachStep1",
-                             "seachStep2",
-                             "swatchContextMenu",
-                             "swatchContextMenu2",
-                             "swatch1Name",
-                             "swatch2Name",
-                             "undoButton",
-                             "redoButton",
-                             "toneSlider",
-                             "protocolWindow"}) {
+    const auto isWhole = [&](const char* name) {
         ASSERT_TRUE(outlets.contains(name)) << name;
         EXPECT_EQ(outlets[name]["enabled"].type(), json::value_t::boolean) << name;
         EXPECT_EQ(outlets[name]["frame"].size(), 4u) << name;
-    }
+    };
+    for (const char* name : kDialogOutlets)
+        isWhole(name);
+    isWhole("protocolWindow"); // of the history panel
 }
 
 TEST_F(DriveBasics, TheStateHoldsTheHostsSideOfThePick) {
