@@ -3,8 +3,11 @@
 #include "standalone/conversion/lcms_converter.h"
 
 #include "host/abi/result_codes.h"
+#include "support/temporary_folder.h"
 
 #include <gmock/gmock.h>
+
+#include <fstream>
 
 namespace chromalog::standalone {
 namespace {
@@ -65,11 +68,11 @@ TEST(ColourConversion, CmykByTheInstalledProfile) {
     if (profile.empty()) GTEST_SKIP() << "libgs-common is not installed";
     const LcmsConverter converter(profile);
     const std::array<Components, 3> rows[]{{{{255, 255, 255, 0}, {255, 255, 255, 255}, {255, 255, 255, 0}}},
-                                           {{{0, 0, 0, 0}, {71, 82, 84, 29}, {8, 6, 6, 0}}},
+                                           {{{0, 0, 0, 0}, {71, 82, 84, 29}, {7, 4, 4, 0}}},
                                            {{{255, 0, 0, 0}, {255, 0, 0, 255}, {237, 28, 36, 0}}},
                                            {{{128, 128, 128, 0}, {125, 144, 144, 235}, {129, 128, 128, 0}}},
-                                           {{{229, 76, 25, 0}, {243, 38, 0, 254}, {229, 77, 37, 0}}},
-                                           {{{25, 178, 76, 0}, {55, 252, 4, 255}, {29, 177, 77, 0}}}};
+                                           {{{229, 76, 25, 0}, {244, 38, 0, 254}, {229, 77, 37, 0}}},
+                                           {{{25, 178, 76, 0}, {55, 255, 0, 255}, {33, 178, 75, 0}}}};
     for (const auto& [rgb, cmyk, back] : rows) {
         expectNear(converter.convert(Space::rgb, Space::cmyk, rgb), cmyk, 1, "to CMYK");
         expectNear(converter.convert(Space::cmyk, Space::rgb, cmyk), back, 1, "back");
@@ -123,6 +126,20 @@ TEST(ColourConversion, SlotsOutOfRangeAreTakenAsTheNearestValueInside) {
 TEST(ColourConversion, AFileThatIsNoCmykProfileIsRefused) {
     EXPECT_THROW(LcmsConverter{__FILE__}, std::runtime_error);
     EXPECT_THROW(LcmsConverter{"/nowhere.icc"}, std::runtime_error);
+}
+
+TEST(ColourConversion, AProfileThatServesOneWayAloneIsRefusedBeforeAPick) {
+    std::ifstream installed(LcmsConverter::installedCmykProfile(), std::ios::binary);
+    if (!installed) GTEST_SKIP() << "libgs-common is not installed";
+    const std::string whole(std::istreambuf_iterator<char>(installed), {});
+    const test::TemporaryFolder folder;
+    for (const std::string way : {"A2B", "B2A"}) {
+        std::string half = whole;
+        for (auto at = half.find(way); at < 400; at = half.find(way, at)) // the table of tags
+            half.replace(at, 3, "Xxx");
+        std::ofstream(folder / way, std::ios::binary) << half;
+        EXPECT_THROW(LcmsConverter{folder / way}, std::runtime_error) << way;
+    }
 }
 
 struct Services : ::testing::Test {

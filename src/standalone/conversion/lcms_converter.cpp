@@ -98,12 +98,13 @@ struct LcmsConverter::Transforms {
         const auto found = made.find({from, to});
         if (found != made.end()) return found->second.get();
         const bool bytes = worksInBytes(from, to);
-        // Doubles are not optimised: a table of grid points would move neutral colours by one.
-        const cmsUInt32Number flags = bytes ? 0 : cmsFLAGS_NOOPTIMIZE | cmsFLAGS_NOCACHE;
-        cmsHTRANSFORM transform =
-            cmsCreateTransform(profiles.at(from).get(), bytes ? byteTypeOf(from) : codingOf(from).type,
-                               profiles.at(to).get(), bytes ? byteTypeOf(to) : codingOf(to).type,
-                               INTENT_RELATIVE_COLORIMETRIC, cmsFLAGS_BLACKPOINTCOMPENSATION | flags);
+        // Not optimised: single colours do not pay for the table of grid points, which takes long to make
+        // and moves most colours by some units.
+        constexpr cmsUInt32Number flags =
+            cmsFLAGS_BLACKPOINTCOMPENSATION | cmsFLAGS_NOOPTIMIZE | cmsFLAGS_NOCACHE;
+        cmsHTRANSFORM transform = cmsCreateTransform(
+            profiles.at(from).get(), bytes ? byteTypeOf(from) : codingOf(from).type, profiles.at(to).get(),
+            bytes ? byteTypeOf(to) : codingOf(to).type, INTENT_RELATIVE_COLORIMETRIC, flags);
         if (!transform) throw std::runtime_error("the colour profiles cannot be connected");
         made.emplace(std::pair{from, to}, Transform(transform, cmsDeleteTransform));
         return transform;
