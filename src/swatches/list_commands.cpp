@@ -129,7 +129,9 @@ void ListCommands::saveSwatch(ListNumber which) {
         writeDataToFileAtURL(acoPath(*path), data); // a failure is not reported
     };
     // With its extension: of "blue 1.5" alone, ".5" would be taken for one and cut off.
-    const std::string& name = desk_.list(which).view.getSwatchName();
+    // Not the view's name, which an undo leaves: the file of another list would be replaced.
+    const std::string shown = desk_.list(which).nameField.text();
+    const std::string name(lastPathComponent(shown)); // stored names may hold anything
     const SavePanel panel{name.empty() ? name : acoPath(name), "aco"};
     desk_.desktop().beginSavePanel(panel, desk_.getChromalogWindow(), answer);
 }

@@ -78,6 +78,42 @@ TEST_F(ListActions, UndoAfterALoadBringsBackListCountAndNameAndRedoTheLoadedOne)
     });
 }
 
+TEST_F(ListActions, ASaveProposesTheNameThatTheListShowsNow) {
+    const auto proposed = [&](const std::string& action = "saveSwatch1:") {
+        send(action);
+        desktop->answerPanel(std::nullopt);
+        return desktop->savePanels.back().suggestedName;
+    };
+    dialog([&] {
+        EXPECT_EQ(proposed(), "");
+        load("loadSwatch1:", "one.aco", {"a", "b", "c"});
+        load("loadSwatch1:", "two.aco", {"x"});
+        EXPECT_EQ(proposed(), "two.aco");
+        send("doUndo:");
+        send("doUndo:");
+        EXPECT_EQ(proposed(), "one.aco") << "two.aco would be replaced by the list of one.aco";
+        EXPECT_EQ(proposed("saveSwatch2:"), "");
+        send("doRedo:");
+        send("doRedo:");
+        EXPECT_EQ(proposed(), "two.aco");
+    });
+    dialog([&] { EXPECT_EQ(proposed(), "two.aco") << "from the preferences"; });
+}
+
+TEST_F(ListActions, AStoredNameThatIsAPathProposesItsLastPart) {
+    dialog([&] {
+        load("loadSwatch1:", "one.aco", {"a"});
+        const std::string path = "/etc/../shadow";
+        std::copy(path.begin(), path.end(), controler->record().swatchName1 + 1);
+        controler->record().swatchName1[0] = static_cast<std::uint8_t>(path.size());
+        send("sortAlpha1:");
+        send("doUndo:");
+        EXPECT_EQ(text("swatch1Name"), path);
+        send("saveSwatch1:");
+        EXPECT_EQ(desktop->savePanels.back().suggestedName, "shadow.aco");
+    });
+}
+
 TEST_F(ListActions, AnUndoEndsAListNameOf255InTheNextField) {
     dialog([&] {
         load("loadSwatch1:", "one.aco", {"a"});
