@@ -5,9 +5,12 @@
 #include "support/outlet_names.h"
 
 #include <QAccessible>
+#include <QDir>
+#include <QLibraryInfo>
 #include <QPushButton>
 
 #include <algorithm>
+#include <dlfcn.h>
 #include <set>
 
 using namespace chromalog;
@@ -95,6 +98,19 @@ TEST_F(FormsTest, TheCompiledFormsLoadWithoutARemark) {
         for (const std::string& line : log())
             EXPECT_THAT(line, HasSubstr("no outlet")); // the owner has none
     }
+}
+
+TEST_F(FormsTest, NoPlugInOfTheDesignerIsLoaded) {
+    const QString designer = QString::fromStdString(folder / "designer");
+    ASSERT_TRUE(QDir().mkdir(designer));
+    const QDir platforms(QLibraryInfo::path(QLibraryInfo::PluginsPath) + "/platforms");
+    const QString plugIn = designer + "/plugin.so"; // any of the toolkit's will do
+    ASSERT_TRUE(QFile::copy(platforms.filePath(platforms.entryList({"*qminimal.*"}).value(0)), plugIn));
+    QCoreApplication::addLibraryPath(QString::fromStdString(folder.path()));
+    const QStringList before = QCoreApplication::libraryPaths();
+    EXPECT_NE(desktop.loadForm("chromalogWindow", {}), nullptr);
+    EXPECT_EQ(dlopen(plugIn.toStdString().c_str(), RTLD_LAZY | RTLD_NOLOAD), nullptr);
+    EXPECT_EQ(QCoreApplication::libraryPaths(), before);
 }
 
 TEST_F(FormsTest, AFolderOverridesTheCompiledFormsFileByFile) {

@@ -11,6 +11,7 @@
 #include "desktop/qt/form_names.h"
 #include "desktop/qt/view_widget.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QLayout>
 
@@ -50,9 +51,21 @@ void reportDoubles(const QWidget& root, std::vector<std::string>& problems) {
 
 } // namespace
 
-FormLoader::FormLoader() {
-    clearPluginPaths();
-}
+/// No folder is searched for plug-ins while it lives. The base's constructor would load all of Designer's,
+/// with large libraries that nothing here uses; its own list of folders can be changed only after that.
+class FormLoader::NoLibraryPaths {
+  public:
+    NoLibraryPaths() { QCoreApplication::setLibraryPaths({}); }
+    ~NoLibraryPaths() { QCoreApplication::setLibraryPaths(before_); }
+    NoLibraryPaths(const NoLibraryPaths&) = delete;
+    NoLibraryPaths& operator=(const NoLibraryPaths&) = delete;
+
+  private:
+    const QStringList before_ = QCoreApplication::libraryPaths();
+};
+
+FormLoader::FormLoader() : FormLoader(NoLibraryPaths()) {}
+FormLoader::FormLoader(const NoLibraryPaths&) {}
 
 QWidget* FormLoader::createWidget(const QString& className, QWidget* parent, const QString& name) {
     QWidget* widget = nullptr;

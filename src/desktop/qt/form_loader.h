@@ -24,6 +24,9 @@ class FormLoader : public QUiLoader {
     QWidget* createWidget(const QString& className, QWidget* parent, const QString& name) override;
 
   private:
+    class NoLibraryPaths;
+    explicit FormLoader(const NoLibraryPaths&);
+
     std::vector<std::string>* problems_ = nullptr;
 };
 
