@@ -149,9 +149,19 @@ TEST_F(FieldTest, TheClearButtonIsAnEdit) {
 TEST_F(FieldTest, LabelsShowTheirTextAndItsWholeAsATip) {
     QLabel label;
     LabelControl control(&label);
+    control.setText("a name");
+    EXPECT_EQ(control.text(), "a name");
+    EXPECT_EQ(label.toolTip(), "a name");
+}
+
+TEST_F(FieldTest, LabelsTakeNothingForMarkup) {
+    QLabel label;
+    LabelControl control(&label);
     control.setText("a <b>name</b>");
+    EXPECT_EQ(label.textFormat(), Qt::PlainText);
     EXPECT_EQ(control.text(), "a <b>name</b>");
-    EXPECT_EQ(label.toolTip(), "a <b>name</b>");
+    EXPECT_EQ(label.accessibleDescription(), "a <b>name</b>");
+    EXPECT_FALSE(label.toolTip().contains("<b>"));
 }
 
 TEST_F(FieldTest, AFieldWhoseWidgetIsGoneDoesNothing) {

@@ -2,6 +2,7 @@
 #include "desktop_qt/desktop_fixture.h"
 
 #include <QAbstractButton>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -154,6 +155,19 @@ TEST_F(ModalTest, AnAlertShowsItsTextsAsTheyStand) {
     EXPECT_EQ(desktop.openAlert(), nullptr);
     ASSERT_EQ(desktop.alerts().size(), 1U);
     EXPECT_EQ(desktop.alerts().front().message, "Thist color exists !");
+}
+
+TEST_F(ModalTest, AnAlertWithoutAWindowTakesNothingForMarkup) {
+    form.reset();
+    later([&] {
+        for (const QLabel* label : desktop.openAlert()->findChildren<QLabel*>())
+            if (!label->text().isEmpty()) {
+                EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->objectName().toStdString();
+            }
+        EXPECT_EQ(desktop.openAlert()->informativeText(), "<i>i</i>");
+        desktop.openAlert()->reject();
+    });
+    desktop.runAlert({"<b>b</b>", "<i>i</i>", "ok"});
 }
 
 TEST_F(ModalTest, EscapeDismissesAnAlert) {

@@ -114,10 +114,10 @@ QWidget* QtDesktop::frontWindow() const {
 
 void QtDesktop::runAlert(const Alert& alert) {
     alerts_.push_back(alert);
-    QMessageBox box(QMessageBox::Warning, QString(), toQt(alert.message), QMessageBox::NoButton,
-                    frontWindow());
+    QMessageBox box(QMessageBox::Warning, QString(), QString(), QMessageBox::NoButton, frontWindow());
     box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(toQt(alert.informative));
+    box.setText(toQt(alert.message));
+    setPlainInformativeText(box, toQt(alert.informative));
     box.setDefaultButton(box.addButton(toQt(alert.button), QMessageBox::AcceptRole));
     openAlert_ = &box;
     box.exec();

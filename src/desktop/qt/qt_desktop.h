@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/desktop.h"
+#include "desktop/qt/controls/plain_text.h"
 #include "desktop/qt/drags.h"
 #include "desktop/qt/log_ring.h"
 #include "desktop/qt/modal_loops.h"
@@ -86,6 +87,7 @@ class QtDesktop : public Desktop {
     QtDesktopSettings settings_;
     LogRing log_;
     StringTable texts_;
+    PlainLabels plainLabels_;
     QObject context_; ///< timers live as long as it does
     ModalLoops modalLoops_;
     Drags drags_;

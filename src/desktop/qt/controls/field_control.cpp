@@ -1,5 +1,6 @@
 #include "desktop/qt/controls/field_control.h"
 
+#include "desktop/qt/controls/plain_text.h"
 #include "desktop/qt/convert.h"
 
 #include <QKeyEvent>
@@ -62,10 +63,16 @@ bool FieldControl::eventFilter(QObject*, QEvent* event) {
     return key == Qt::Key_Escape && escapePressed();
 }
 
+LabelControl::LabelControl(QLabel* label) : WidgetControl(label) {
+    label->setTextFormat(Qt::PlainText);
+}
+
 void LabelControl::setText(std::string_view text) {
     if (!widget_) return;
-    widget_->setText(toQt(text));
-    widget_->setToolTip(toQt(text));
+    const QString shown = toQt(text);
+    widget_->setText(shown);
+    widget_->setToolTip(plainToolTip(shown));
+    widget_->setAccessibleDescription(shown); // left out, it would be the tool tip with its escapes
 }
 
 std::string LabelControl::text() const {

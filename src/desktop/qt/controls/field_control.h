@@ -34,10 +34,10 @@ class FieldControl : public QObject, public WidgetControl<TextField, QLineEdit> 
     std::optional<QString> pending_; ///< set by the program while a person was typing
 };
 
-/// A label; its whole text is also its tool tip, as a long one is cut.
+/// A label; its whole text is also its tool tip, as a long one is cut. What it is given is never markup.
 class LabelControl : public WidgetControl<TextField, QLabel> {
   public:
-    using WidgetControl::WidgetControl;
+    explicit LabelControl(QLabel*);
     void setText(std::string_view) override;
     std::string text() const override;
 };
