@@ -100,6 +100,14 @@ TEST_F(DialogTest, ThePersonStartsInTheFirstField) {
     controler->showWindow();
 }
 
+TEST_F(DialogTest, SearchFieldsHaveAClearButtonOfTheirOwn) {
+    for (const char* name : {"findColor1", "findColor2"}) {
+        const auto* field = find<QLineEdit>(name);
+        EXPECT_FALSE(field->isClearButtonEnabled()) << "it would look through the icon themes";
+        EXPECT_EQ(field->actions().size(), 1) << name;
+    }
+}
+
 TEST_F(DialogTest, EveryButtonTellsWhatItDoes) {
     for (const QPushButton* button : desktop.widget("chromalogWindow")->findChildren<QPushButton*>())
         EXPECT_FALSE(button->toolTip().isEmpty()) << button->objectName().toStdString();

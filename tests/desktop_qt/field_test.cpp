@@ -1,8 +1,10 @@
 // Fields that a person types in.
 #include "desktop_qt/desktop_fixture.h"
 
+#include "desktop/qt/controls/clear_button.h"
 #include "desktop/qt/controls/field_control.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QFocusEvent>
@@ -138,12 +140,27 @@ TEST_F(FieldTest, ASearchFieldKeepsReturnAndEscapeClearsItFirst) {
 }
 
 TEST_F(FieldTest, TheClearButtonIsAnEdit) {
-    edit.setClearButtonEnabled(true);
-    QTest::keyClicks(&edit, "x");
+    addClearButton(edit);
     auto* clear = edit.findChild<QToolButton*>();
     ASSERT_NE(clear, nullptr);
-    clear->click();
+    EXPECT_FALSE(clear->isVisible());
+    QTest::keyClicks(&edit, "x");
+    EXPECT_TRUE(clear->isVisible());
+    QTest::mouseClick(clear, Qt::LeftButton);
     EXPECT_THAT(edits, ElementsAre("x", ""));
+    EXPECT_FALSE(clear->isVisible());
+    EXPECT_TRUE(edit.hasFocus());
+    QTest::keySequence(&edit, QKeySequence::Undo);
+    EXPECT_EQ(field.text(), "x");
+}
+
+TEST_F(FieldTest, TheClearButtonsCrossIsPaintedInTheTextsColour) {
+    addClearButton(edit);
+    edit.setText("x");
+    const QImage icon = edit.actions().front()->icon().pixmap(QSize(16, 16), 2.0).toImage();
+    EXPECT_EQ(icon.size(), QSize(32, 32)); // sharp
+    EXPECT_EQ(icon.pixelColor(16, 16), QApplication::palette().color(QPalette::Text));
+    EXPECT_EQ(icon.pixelColor(16, 2).alpha(), 0);
 }
 
 TEST_F(FieldTest, LabelsShowTheirTextAndItsWholeAsATip) {

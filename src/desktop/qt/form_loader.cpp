@@ -1,5 +1,6 @@
 #include "desktop/qt/form_loader.h"
 
+#include "desktop/qt/controls/clear_button.h"
 #include "desktop/qt/controls/color_well_widget.h"
 #include "desktop/qt/controls/elided_label.h"
 #include "desktop/qt/controls/level_indicator_widget.h"
@@ -14,6 +15,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QLayout>
+#include <QLineEdit>
 
 #include <set>
 
@@ -98,6 +100,8 @@ std::unique_ptr<DialogWindow> FormLoader::loadWindow(const QString& path,
     }
     root.release();
     reportDoubles(*window, problems);
+    for (QLineEdit* field : window->findChildren<QLineEdit*>())
+        if (field->property("clearButton").toBool()) addClearButton(*field);
     window->setAttribute(Qt::WA_QuitOnClose, false); // the host decides when its process ends
     if (auto* first = window->findChild<QWidget*>(window->property("initialFocus").toString()))
         first->setFocus();

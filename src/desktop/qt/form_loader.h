@@ -10,7 +10,8 @@
 
 namespace chromalog {
 
-/// Makes the widgets of an interface file, ours among them.
+/// Makes the widgets of an interface file, ours among them. A field whose property clearButton is true gets a
+/// button that empties it.
 class FormLoader : public QUiLoader {
     Q_OBJECT
   public:
