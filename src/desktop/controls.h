@@ -21,8 +21,8 @@ class Control {
     virtual bool hidden() const { return false; }
 };
 
-/// Also labels and search fields. A field that a person is typing in keeps its text until it loses the focus
-/// or Return is pressed, and then shows what was last set meanwhile.
+/// Also labels and search fields. A field that a person is typing in keeps its text until its dialog's focus
+/// goes elsewhere or Return is pressed, and then shows what was set since the last edit.
 class TextField : public Control {
   public:
     virtual void setText(std::string_view) {}
@@ -30,6 +30,7 @@ class TextField : public Control {
     /// Called on every edit by a person (typing, paste, cut, clear, undo), never when the program sets the
     /// text.
     std::function<void()> onEdit;
+    std::function<void()> onEndEditing; ///< after the field shows what was set meanwhile
     /// Called in place of what Return does elsewhere (ending the edit, pressing OK), where it is set.
     std::function<void()> onReturn;
 };

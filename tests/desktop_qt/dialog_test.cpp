@@ -100,6 +100,11 @@ TEST_F(DialogTest, ThePersonStartsInTheFirstField) {
     controler->showWindow();
 }
 
+TEST_F(DialogTest, NoFieldTakesADrop) {
+    for (const QLineEdit* field : desktop.widget("chromalogWindow")->findChildren<QLineEdit*>())
+        EXPECT_FALSE(field->acceptDrops()) << field->objectName().toStdString();
+}
+
 TEST_F(DialogTest, SearchFieldsHaveAClearButtonOfTheirOwn) {
     for (const char* name : {"findColor1", "findColor2"}) {
         const auto* field = find<QLineEdit>(name);

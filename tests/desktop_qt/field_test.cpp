@@ -7,8 +7,10 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QDropEvent>
 #include <QFocusEvent>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QPushButton>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -28,7 +30,7 @@ class FieldTest : public DesktopTest {
     QPushButton ok;
     FieldControl field{&edit};
     std::vector<std::string> edits; ///< the text at every edit
-    int oks = 0, closes = 0;
+    int oks = 0, closes = 0, ends = 0;
 
     void SetUp() override {
         auto* column = new QVBoxLayout(&dialog);
@@ -38,6 +40,7 @@ class FieldTest : public DesktopTest {
         QObject::connect(&ok, &QPushButton::clicked, [this] { ++oks; });
         dialog.onClose = [this] { ++closes; };
         field.onEdit = [this] { edits.push_back(field.text()); };
+        field.onEndEditing = [this] { ++ends; };
         dialog.show();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
         edit.setFocus();
@@ -90,9 +93,90 @@ TEST_F(FieldTest, ItsOwnMenuDoesNotEndTheEdit) {
     QFocusEvent menuOpens(QEvent::FocusOut, Qt::PopupFocusReason);
     QApplication::sendEvent(&edit, &menuOpens);
     EXPECT_EQ(field.text(), "12abc");
-    QFocusEvent leaves(QEvent::FocusOut, Qt::MouseFocusReason);
-    QApplication::sendEvent(&edit, &leaves);
+    other.setFocus(Qt::MouseFocusReason);
     EXPECT_EQ(field.text(), "12");
+}
+
+TEST_F(FieldTest, AnotherWindowDoesNotEndTheEdit) {
+    edit.selectAll();
+    QTest::keyClicks(&edit, "12abc");
+    QWidget panel;
+    panel.show();
+    panel.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&panel));
+    EXPECT_FALSE(edit.hasFocus());
+    EXPECT_TRUE(field.editing());
+    field.setText("12");
+    EXPECT_EQ(field.text(), "12abc");
+    dialog.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    EXPECT_EQ(field.text(), "12abc");
+    other.setFocus();
+    EXPECT_EQ(field.text(), "12");
+}
+
+TEST_F(FieldTest, TheFocusCanLeaveItWhileAnotherWindowIsActive) {
+    QTest::keyClicks(&edit, "1");
+    field.setText("20");
+    QWidget panel;
+    panel.show();
+    panel.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&panel));
+    other.setFocus();
+    EXPECT_FALSE(field.editing());
+    field.setText("30"); // at once, and what was set before does not come back
+    EXPECT_EQ(field.text(), "30");
+    dialog.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    EXPECT_EQ(field.text(), "30");
+    EXPECT_EQ(ends, 1);
+}
+
+TEST_F(FieldTest, WhatWasSetBeforeTheLastEditDoesNotComeBack) {
+    QTest::keyClicks(&edit, "1");
+    field.setText("200");
+    QTest::keyClicks(&edit, "2");
+    other.setFocus();
+    EXPECT_EQ(field.text(), "12");
+}
+
+TEST_F(FieldTest, AnEditElsewhereThanInTheFocusLeavesItFollowing) {
+    addClearButton(edit);
+    QTest::keyClicks(&edit, "x");
+    other.setFocus();
+    edit.actions().front()->trigger();
+    EXPECT_THAT(edits, ElementsAre("x", ""));
+    EXPECT_FALSE(field.editing());
+    field.setText("7");
+    EXPECT_EQ(field.text(), "7");
+}
+
+TEST_F(FieldTest, TheEndOfAnEditIsToldOnceTheFieldShowsWhatWasSet) {
+    std::string shown;
+    field.onEndEditing = [&] { shown = field.text(), ++ends; };
+    QTest::keyClicks(&edit, "300");
+    field.setText("255");
+    EXPECT_EQ(ends, 0);
+    QTest::keyClick(&edit, Qt::Key_Return);
+    EXPECT_EQ(shown, "255");
+    other.setFocus();
+    edit.setFocus();
+    other.setFocus();
+    EXPECT_EQ(ends, 1) << "nobody typed again";
+}
+
+TEST_F(FieldTest, NothingCanBeDroppedIntoIt) {
+    field.setText("name");
+    QMimeData data;
+    data.setText("dropped");
+    const QPointF at = edit.mapTo(&dialog, edit.rect().center());
+    QDragEnterEvent enters(at.toPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(dialog.windowHandle(), &enters);
+    EXPECT_FALSE(enters.isAccepted());
+    QDropEvent drops(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(dialog.windowHandle(), &drops);
+    EXPECT_EQ(field.text(), "name");
+    EXPECT_THAT(edits, testing::IsEmpty());
 }
 
 TEST_F(FieldTest, ATextThatNobodySetMeanwhileStaysAsTyped) {

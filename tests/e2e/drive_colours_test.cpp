@@ -46,6 +46,24 @@ TEST_F(DriveColours, AFieldThatIsTypedInKeepsItsTextUntilReturn) {
     EXPECT_NE(text(state("ended.json"), "secondC"), "7x");
 }
 
+TEST_F(DriveColours, ADropWhileTypingDoesNotComeBackOverWhatIsTypedNext) {
+    playWell("type firstR 1\ndrop origFirstColor 5 5 '#c08040'\nstate $/dropped.json\nkey 2\nkey Tab\n"
+             "state $/state.json\n");
+    EXPECT_EQ(text(state("dropped.json"), "firstR"), "1");
+    EXPECT_EQ(text(state("dropped.json"), "firstG"), "128");
+    EXPECT_EQ(text(state(), "firstR"), "12");
+    EXPECT_EQ(state()["firstColor"][0], 12 / 255.0);
+    EXPECT_EQ(state()["firstColor"][1], 128 / 255.0);
+}
+
+TEST_F(DriveColours, NoFieldTakesADrop) {
+    std::string script;
+    for (const char* field : {"colorName", "findColor1", "findColor2", "firstR", "secondK"})
+        script += std::string("drop ") + field + " 5 5 red dropped\n";
+    playWell("state $/before.json\n" + script + "state $/state.json\n");
+    EXPECT_EQ(state()["outlets"], state("before.json")["outlets"]);
+}
+
 TEST_F(DriveColours, EveryWayToEditAFieldRebuildsTheColour) {
     struct Step {
         const char* commands;

@@ -99,6 +99,16 @@ TEST_F(DriveLists, SavingReplacesAFileThatWasNamed) {
     EXPECT_FALSE(std::filesystem::exists(file("out.txt")));
 }
 
+TEST_F(DriveLists, ASwatchDraggedOntoTheNameFieldLeavesItsText) {
+    playWell(std::string(kLoad) +
+             "click swatch1 50 10\ndrag swatch1 50 50 colorName 5 5\nstate $/state.json\n"
+             "click swatch1 50 27\nstate $/after.json\n");
+    EXPECT_EQ(state()["outlets"]["colorName"]["text"], "Blue") << "the press selects, the drop does nothing";
+    EXPECT_EQ(state()["lastDrag"]["result"], "none");
+    EXPECT_EQ(state("after.json")["outlets"]["colorName"]["text"], "Green")
+        << "and the field goes on following";
+}
+
 TEST_F(DriveLists, AClickSelectsInListOneAloneTheFirstColour) {
     playWell(std::string(kLoadBoth) +
              "click swatch1 50 27\nstate $/1.json\nclick swatch2 50 30\nstate $/2.json\n"

@@ -41,6 +41,7 @@ class HeadlessTextField : public Headless<TextField> {
     void endEditing() {
         editing_ = false;
         shown_ = pending_;
+        if (onEndEditing) onEndEditing();
     }
 
   private:

@@ -3,26 +3,47 @@
 #include "desktop/qt/controls/plain_text.h"
 #include "desktop/qt/convert.h"
 
+#include <QApplication>
 #include <QKeyEvent>
+
+#include <utility>
 
 namespace chromalog {
 
 FieldControl::FieldControl(QLineEdit* edit) : WidgetControl(edit) {
     edit->installEventFilter(this);
-    QObject::connect(edit, &QLineEdit::textEdited, this, [this] {
-        editing_ = true;
+    edit->setAcceptDrops(false);
+    connect(edit, &QLineEdit::textEdited, this, [this] {
+        pending_.reset();
+        edited_ = isFocusOfItsDialog();
         if (onEdit) onEdit();
     });
+    // A window that comes back may have lost the focus to another widget meanwhile: nothing else tells.
+    connect(qApp, &QApplication::focusChanged, this, [this] {
+        if (widget_ && edited_ && !isFocusOfItsDialog()) endEditing();
+    });
+}
+
+/// The focus widget of a window stays it while another window is active, or the field's own menu is open.
+bool FieldControl::isFocusOfItsDialog() const {
+    return widget_ && widget_->window()->focusWidget() == widget_;
+}
+
+bool FieldControl::editing() const {
+    return edited_ && isFocusOfItsDialog();
 }
 
 void FieldControl::setText(std::string_view text) {
     if (!widget_) return;
-    if (editing_) {
+    if (editing()) {
         pending_ = toQt(text);
-    } else if (const QString shown = toQt(text); shown != widget_->text()) {
-        widget_->setText(shown);
-        widget_->setCursorPosition(0); // a long text shows its beginning
+        return;
     }
+    pending_.reset();
+    const QString shown = toQt(text);
+    if (shown == widget_->text()) return;
+    widget_->setText(shown);
+    widget_->setCursorPosition(0); // a long text shows its beginning
 }
 
 std::string FieldControl::text() const {
@@ -30,13 +51,13 @@ std::string FieldControl::text() const {
 }
 
 void FieldControl::endEditing() {
-    editing_ = false;
-    if (pending_) widget_->setText(*pending_);
-    pending_.reset();
+    const bool edited = std::exchange(edited_, false);
+    if (const auto shown = std::exchange(pending_, std::nullopt)) widget_->setText(*shown);
+    if (edited && onEndEditing) onEndEditing();
 }
 
 bool FieldControl::returnPressed() {
-    if (!onReturn && !editing_) return false;
+    if (!onReturn && !editing()) return false;
     endEditing();
     if (onReturn)
         onReturn();
@@ -48,15 +69,11 @@ bool FieldControl::returnPressed() {
 bool FieldControl::escapePressed() {
     if (!onReturn || widget_->text().isEmpty()) return false;
     widget_->clear();
-    if (onEdit) onEdit();
+    emit widget_->textEdited(QString());
     return true;
 }
 
 bool FieldControl::eventFilter(QObject*, QEvent* event) {
-    // The field's own menu takes the keyboard for a moment: what is pasted from it is still the same edit.
-    const bool leaves = event->type() == QEvent::FocusOut &&
-                        static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason;
-    if (leaves) endEditing();
     if (event->type() != QEvent::KeyPress) return false;
     const int key = static_cast<QKeyEvent*>(event)->key();
     if (key == Qt::Key_Return || key == Qt::Key_Enter) return returnPressed();
