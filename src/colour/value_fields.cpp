@@ -81,8 +81,10 @@ Colour colourFromInks(Inks c, ValueFields& fields, ColorServicesProc services) {
 }
 
 void bindValueFields(ValueFields& first, ValueFields& second, ValueFieldsDesk& desk) {
-    for (auto* f : {&first.R, &first.G, &first.B})
+    for (auto* f : {&first.R, &first.G, &first.B}) {
         rgb1Text::bind(**f, desk);
+        (*f)->onEndEditing = [&desk] { desk.rgb1EditingEnded(); };
+    }
     for (auto* f : {&first.C, &first.M, &first.Y, &first.K})
         cmyk1Text::bind(**f, desk);
     for (auto* f : {&second.R, &second.G, &second.B})

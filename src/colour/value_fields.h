@@ -41,6 +41,7 @@ class ValueFieldsDesk {
   public:
     virtual ~ValueFieldsDesk() = default;
     virtual void rgb1Changed() = 0;
+    virtual void rgb1EditingEnded() = 0; ///< of the first colour's red, green or blue
     virtual void rgb2Changed() = 0;
     virtual void cmyk1Changed() = 0;
     virtual void cmyk2Changed() = 0;
@@ -57,7 +58,7 @@ using rgb2Text = ValueText<&ValueFieldsDesk::rgb2Changed>;
 using cmyk1Text = ValueText<&ValueFieldsDesk::cmyk1Changed>;
 using cmyk2Text = ValueText<&ValueFieldsDesk::cmyk2Changed>;
 
-/// Makes the fields of both colours report their edits.
+/// Makes the fields of both colours report their edits, and the first colour's RGB fields the end of one.
 void bindValueFields(ValueFields& first, ValueFields& second, ValueFieldsDesk&);
 
 } // namespace chromalog

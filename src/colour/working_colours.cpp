@@ -75,6 +75,10 @@ void WorkingColours::rgb1Changed() {
     firstChanged();
 }
 
+void WorkingColours::rgb1EditingEnded() {
+    showRgb(first, firstColor_);
+}
+
 void WorkingColours::cmyk1Changed() {
     firstColor_ = colourFromInks(firstInks(first), first, desk_.colorServices());
     firstChanged();

@@ -56,6 +56,8 @@ class WorkingColours : public ValueFieldsDesk {
     void setAlpha(float radians);
 
     void rgb1Changed() override;
+    /// Shows what the colour holds. Its ink fields stay as typed: the host gives most inks back as others.
+    void rgb1EditingEnded() override;
     void rgb2Changed() override;
     void cmyk1Changed() override;
     void cmyk2Changed() override;

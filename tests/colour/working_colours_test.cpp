@@ -138,6 +138,43 @@ TEST_F(WorkingColoursTest, TypedValuesDoNotDrift) {
     }
 }
 
+TEST_F(WorkingColoursTest, WhenEditingEndsTheFirstColoursFieldsShowIt) {
+    services = inverting;
+    struct Row {
+        const char* typedText;
+        const char* shown;
+    };
+    for (const Row& row : {Row{"300", "255"}, Row{"12abc", "12"}, Row{"-5", "0"}, Row{"", "0"}, Row{"x", "0"},
+                           Row{"12.9", "12"}, Row{"1e2", "100"}, Row{"007", "7"}})
+        for (auto* field : {&colours.first.R, &colours.first.G, &colours.first.B}) {
+            typed(*field).type(row.typedText);
+            EXPECT_EQ((*field)->text(), row.typedText);
+            const Colour before = colours.getFirstColor();
+            typed(*field).endEditing();
+            EXPECT_EQ((*field)->text(), row.shown) << row.typedText;
+            EXPECT_TRUE(colours.getFirstColor().sameRgb(before));
+        }
+}
+
+TEST_F(WorkingColoursTest, TheFirstColoursInksStayAsTypedWhenEditingEnds) {
+    services = inverting;
+    for (auto* field : {&colours.first.C, &colours.first.M, &colours.first.Y, &colours.first.K}) {
+        typed(*field).type("33.7x");
+        const std::string red = colours.first.R->text();
+        typed(*field).endEditing();
+        EXPECT_EQ((*field)->text(), "33.7x");
+        EXPECT_EQ(colours.first.R->text(), red);
+    }
+}
+
+TEST_F(WorkingColoursTest, EveryTypedValueOfTheFirstColourStaysWhenEditingEnds) {
+    for (int v = 0; v < 256; ++v) {
+        typed(colours.first.R).type(std::to_string(v));
+        typed(colours.first.R).endEditing();
+        EXPECT_EQ(colours.first.R->text(), std::to_string(v));
+    }
+}
+
 TEST_F(WorkingColoursTest, TheFieldBeingTypedInKeepsItsTextUntilEditingEnds) {
     services = identity;
     typed(colours.second.C).type("33.7x");

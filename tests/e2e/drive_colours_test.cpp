@@ -46,6 +46,28 @@ TEST_F(DriveColours, AFieldThatIsTypedInKeepsItsTextUntilReturn) {
     EXPECT_NE(text(state("ended.json"), "secondC"), "7x");
 }
 
+TEST_F(DriveColours, WhenEditingEndsTheFirstColoursFieldsShowIt) {
+    playWell(
+        "type firstR 300\nkey Tab\nstate $/tab.json\ntype firstG 12abc\nkey Return\nstate $/return.json\n"
+        "type firstB ''\nstate $/typing.json\nclick origComplement 5 5\nstate $/click.json\n"
+        "type firstC 33.7x\nkey Tab\nstate $/inks.json\n",
+        {"--color-services", "closed"});
+    EXPECT_EQ(text(state("tab.json"), "firstR"), "255");
+    EXPECT_EQ(state("tab.json")["firstColor"][0], 1.0);
+    EXPECT_EQ(text(state("return.json"), "firstG"), "12");
+    EXPECT_EQ(state("return.json")["firstColor"][1], 12 / 255.0);
+    EXPECT_EQ(text(state("typing.json"), "firstB"), "");
+    EXPECT_EQ(text(state("click.json"), "firstB"), "0");
+    EXPECT_EQ(text(state("inks.json"), "firstC"), "33.7x") << "an ink stays as typed";
+}
+
+TEST_F(DriveColours, WhenEditingEndsTheSecondColoursFieldsShowIt) {
+    playWell("type secondR 300\nkey Tab\ntype secondC 33.7x\nkey Tab\nstate $/state.json\n",
+             {"--color-services", "closed", "--color", "#336699"});
+    EXPECT_EQ(text(state(), "secondR"), "102");
+    EXPECT_EQ(text(state(), "secondC"), "33");
+}
+
 TEST_F(DriveColours, ADropWhileTypingDoesNotComeBackOverWhatIsTypedNext) {
     playWell("type firstR 1\ndrop origFirstColor 5 5 '#c08040'\nstate $/dropped.json\nkey 2\nkey Tab\n"
              "state $/state.json\n");
