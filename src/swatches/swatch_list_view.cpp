@@ -1,23 +1,16 @@
 #include "swatches/swatch_list_view.h"
 
+#include "colour/number_text.h"
 #include "swatches/formats/aco_writer.h"
 #include "swatches/name_text.h"
 #include "swatches/swatch_list_geometry.h"
 
-#include <charconv>
 #include <cmath>
 
 namespace chromalog {
 namespace {
 
 namespace geometry = swatch_geometry;
-
-/// Six decimals and a point, whatever the process's locale is.
-std::string fixedText(double value) {
-    char text[400]; // the longest double has 309 digits before the point
-    const auto end = std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, 6);
-    return {text, end.ptr};
-}
 
 } // namespace
 

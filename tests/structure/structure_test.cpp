@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -120,6 +121,22 @@ TEST(Structure, TheHostKnowsThePlugInThroughTheInterfaceAlone) {
             if (name[0] != '<' && !startsWith(name, "host/abi/") && !startsWith(name, "standalone/") &&
                 name != "colour/colour_text.h") // how people write colours, no part of the plug-in
                 offenders.push_back(file.name + " includes " + name);
+    EXPECT_THAT(offenders, testing::IsEmpty());
+}
+
+// Not every C++ library reads doubles with <charconv>, and the C library follows the process's locale.
+TEST(Structure, NumbersWithAPointAreReadAndWrittenInOneFile) {
+    std::vector<std::string> offenders;
+    const std::regex calls("\\b(chars_format|to_chars|strto[dfl]|strtold|sto[dfl]|stold|atof)\\b");
+    for (const SourceFile& file : sources("src")) {
+        if (file.name == "src/colour/number_text.cpp") continue;
+        for (const std::string& line : file.lines)
+            if (std::regex_search(line, calls)) offenders.push_back(file.name + ": " + line);
+        const auto named = includes(file);
+        const bool charconv = std::count(named.begin(), named.end(), "<charconv>") > 0;
+        if (charconv && file.name != "src/colour/colour_text.cpp") // whole numbers alone
+            offenders.push_back(file.name + " includes <charconv>");
+    }
     EXPECT_THAT(offenders, testing::IsEmpty());
 }
 

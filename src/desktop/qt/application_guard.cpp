@@ -21,7 +21,7 @@ namespace chromalog {
 
 namespace {
 
-std::string_view environment(const char* name) {
+[[maybe_unused]] std::string_view environment(const char* name) {
     const char* value = std::getenv(name);
     return value ? value : "";
 }

@@ -1,6 +1,6 @@
 #include "desktop/qt/drive/paper.h"
 
-#include "desktop/qt/drive/numbers.h"
+#include "colour/number_text.h"
 
 #include <utility>
 
@@ -22,8 +22,8 @@ std::optional<Size> paperSize(std::string_view name) {
         if (paper.name == name) return paper.size;
     const auto cross = name.find('x');
     if (cross == std::string_view::npos) return std::nullopt;
-    const auto w = readNumber(name.substr(0, cross));
-    const auto h = readNumber(name.substr(cross + 1));
+    const auto w = finiteNumber(name.substr(0, cross));
+    const auto h = finiteNumber(name.substr(cross + 1));
     if (!w || !h || *w <= 0 || *h <= 0) return std::nullopt;
     return Size{*w, *h};
 }
@@ -31,7 +31,7 @@ std::optional<Size> paperSize(std::string_view name) {
 /// Takes `count` numbers that follow words[at]; moves `at` to the last one.
 bool takeNumbers(std::span<const std::string> words, std::size_t& at, std::span<double* const> into) {
     for (double* target : into) {
-        const auto value = ++at < words.size() ? readNumber(words[at]) : std::nullopt;
+        const auto value = ++at < words.size() ? finiteNumber(words[at]) : std::nullopt;
         if (!value) return false;
         *target = *value;
     }

@@ -1,6 +1,6 @@
 #include "desktop/qt/drive/script.h"
 
-#include "desktop/qt/drive/numbers.h"
+#include "colour/number_text.h"
 #include "desktop/qt/drive/paper.h"
 #include "desktop/qt/drive/script_words.h"
 
@@ -55,7 +55,7 @@ std::size_t colourPlace(std::string_view name) {
 }
 
 bool isWhole(const std::string& word, double least) {
-    const auto value = readNumber(word);
+    const auto value = finiteNumber(word);
     return value && *value >= least && *value <= 1e9 && *value == static_cast<long>(*value);
 }
 
@@ -64,7 +64,7 @@ std::optional<std::string> wrongWord(char kind, const std::string& word) {
     const auto quoted = "'" + word + "'";
     switch (kind) {
     case 'n':
-        return readNumber(word) ? std::nullopt : std::optional(quoted + " is not a number");
+        return finiteNumber(word) ? std::nullopt : std::optional(quoted + " is not a number");
     case 'i':
         return isWhole(word, 0) ? std::nullopt : std::optional(quoted + " is not a whole number");
     case 's':
@@ -100,7 +100,7 @@ std::optional<std::string> wrongWords(const Row& row, const std::vector<std::str
 } // namespace
 
 double Command::number(std::size_t index) const {
-    return *readNumber(words[index]);
+    return *finiteNumber(words[index]);
 }
 
 WrittenColour Command::colour(std::size_t index) const {
