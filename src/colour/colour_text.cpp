@@ -4,7 +4,7 @@
 
 #include <algorithm>
 #include <charconv>
-#include <string>
+#include <cstdio>
 
 namespace chromalog {
 namespace {
@@ -86,6 +86,19 @@ std::optional<WrittenColour> readWrittenColour(std::string_view text, WithAlpha 
     for (const auto& [name, code] : kSpaces)
         if (text.substr(0, colon) == name) return readComponents(code, text.substr(colon + 1));
     return std::nullopt;
+}
+
+std::string hexText(const RgbWords& rgb) {
+    char text[8];
+    std::snprintf(text, sizeof text, "#%06x",
+                  static_cast<unsigned>(byteOf(rgb[0]) << 16 | byteOf(rgb[1]) << 8 | byteOf(rgb[2])));
+    return text;
+}
+
+std::string spokenText(const RgbWords& rgb) {
+    char text[32];
+    std::snprintf(text, sizeof text, "RGB %d %d %d, ", byteOf(rgb[0]), byteOf(rgb[1]), byteOf(rgb[2]));
+    return text + hexText(rgb);
 }
 
 } // namespace chromalog

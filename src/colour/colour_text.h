@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace chromalog {
@@ -21,5 +22,22 @@ enum class WithAlpha { no, yes };
 /// lab gray and decimal components 0..65535; #rrggbbaa where asked. A byte b is the word b * 257. Nothing for
 /// any other text.
 std::optional<WrittenColour> readWrittenColour(std::string_view text, WithAlpha = WithAlpha::no);
+
+/// 16-bit red, green and blue, as the picker record holds them.
+using RgbWords = std::array<std::uint16_t, 3>;
+
+/// What OK returns for a component in 0..1: component × 65535, truncated.
+constexpr std::uint16_t wordOf(double component) {
+    return static_cast<std::uint16_t>(component * 65535.0);
+}
+
+/// The 8-bit value that people read for a word, everywhere but in the dialog's value fields and on printed
+/// labels, which truncate: word × 255 / 65535 rounded, so that every 8-bit value comes back from its word.
+constexpr int byteOf(std::uint16_t word) {
+    return (word + 128) / 257; // 257 is odd: no ties
+}
+
+std::string hexText(const RgbWords&);    ///< "#e54c19"
+std::string spokenText(const RgbWords&); ///< "RGB 229 76 25, #e54c19"
 
 } // namespace chromalog

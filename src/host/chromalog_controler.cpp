@@ -1,5 +1,6 @@
 #include "host/chromalog_controler.h"
 
+#include "colour/colour_text.h"
 #include "host/globals.h"
 #include "host/host_conversion.h"
 #include "host/list_name.h"
@@ -11,10 +12,6 @@ namespace chromalog {
 namespace {
 
 constexpr std::int16_t kUsesSecondColor = 1;
-
-std::uint16_t component16(double component) {
-    return static_cast<std::uint16_t>(component * 65535.0);
-}
 
 } // namespace
 
@@ -128,9 +125,9 @@ void ChromalogControler::okPressed() {
     const Colour& chosen =
         data_.useSecondColor == kUsesSecondColor ? colours_.getSecondColor() : colours_.getFirstColor();
     std::uint16_t* components = pickParms().colorComponents; // the fourth stays as it was
-    components[0] = component16(chosen.red());
-    components[1] = component16(chosen.green());
-    components[2] = component16(chosen.blue());
+    components[0] = wordOf(chosen.red());
+    components[1] = wordOf(chosen.green());
+    components[2] = wordOf(chosen.blue());
     savePrefs(Flush::toDisk);
     desktop_.stopModal(0);
 }

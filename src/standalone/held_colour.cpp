@@ -1,7 +1,5 @@
 #include "standalone/held_colour.h"
 
-#include "colour/colour_text.h"
-
 #include <algorithm>
 #include <cstdio>
 
@@ -18,7 +16,7 @@ std::optional<HeldColour> readColour(const std::string& text, Scale scale) {
     return colour;
 }
 
-Rgb16 rgbOf(const HeldColour& colour, Scale scale, const ColourConverter& converter) {
+RgbWords rgbOf(const HeldColour& colour, Scale scale, const ColourConverter& converter) {
     const auto& c = colour.components;
     const auto widened = [](int byte) { return static_cast<std::uint16_t>(std::clamp(byte, 0, 255) * 257); };
     if (colour.space == Space::rgb) {
@@ -36,14 +34,12 @@ Rgb16 rgbOf(const HeldColour& colour, Scale scale, const ColourConverter& conver
     return {widened(rgb[0]), widened(rgb[1]), widened(rgb[2])};
 }
 
-std::string formatColour(const Rgb16& rgb, Format format) {
-    const int r = rgb[0] >> 8, g = rgb[1] >> 8, b = rgb[2] >> 8;
-    char hex[8], line[128];
-    std::snprintf(hex, sizeof hex, "#%02x%02x%02x", static_cast<unsigned>(r), static_cast<unsigned>(g),
-                  static_cast<unsigned>(b));
+std::string formatColour(const RgbWords& rgb, Format format) {
+    const int r = byteOf(rgb[0]), g = byteOf(rgb[1]), b = byteOf(rgb[2]);
+    char line[128];
     switch (format) {
     case Format::hex:
-        return hex;
+        return hexText(rgb);
     case Format::rgb8:
         std::snprintf(line, sizeof line, "%d %d %d", r, g, b);
         break;
@@ -54,8 +50,8 @@ std::string formatColour(const Rgb16& rgb, Format format) {
         std::snprintf(line, sizeof line, "rgb(%d, %d, %d)", r, g, b);
         break;
     case Format::json:
-        std::snprintf(line, sizeof line, R"({"hex": "%s", "rgb8": [%d, %d, %d], "rgb16": [%d, %d, %d]})", hex,
-                      r, g, b, rgb[0], rgb[1], rgb[2]);
+        std::snprintf(line, sizeof line, R"({"hex": "%s", "rgb8": [%d, %d, %d], "rgb16": [%d, %d, %d]})",
+                      hexText(rgb).c_str(), r, g, b, rgb[0], rgb[1], rgb[2]);
         break;
     }
     return line;

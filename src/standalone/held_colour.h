@@ -1,5 +1,6 @@
 #pragma once
 
+#include "colour/colour_text.h"
 #include "standalone/conversion/colour_converter.h"
 
 #include <array>
@@ -20,17 +21,15 @@ struct HeldColour {
     bool operator==(const HeldColour&) const = default;
 };
 
-using Rgb16 = std::array<std::uint16_t, 3>;
-
 /// Reads #rrggbb, #rgb, a CSS name, or SPACE:c0,c1,c2[,c3] with the components as the record holds them.
 std::optional<HeldColour> readColour(const std::string& text, Scale scale);
 
 /// The colour as 16-bit RGB; other spaces go through the converter.
-Rgb16 rgbOf(const HeldColour& colour, Scale scale, const ColourConverter& converter);
+RgbWords rgbOf(const HeldColour& colour, Scale scale, const ColourConverter& converter);
 
 enum class Format { hex, rgb8, rgb16, css, json };
 
-/// One line without its end. 8-bit values are the high byte, as the plug-in reads them.
-std::string formatColour(const Rgb16& rgb, Format format);
+/// One line without its end.
+std::string formatColour(const RgbWords& rgb, Format format);
 
 } // namespace chromalog::standalone

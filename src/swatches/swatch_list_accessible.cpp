@@ -1,18 +1,15 @@
+#include "colour/colour_text.h"
 #include "swatches/name_text.h"
 #include "swatches/swatch_list_view.h"
-
-#include <cstdio>
 
 namespace chromalog {
 namespace {
 
-/// "RGB 12 34 56, #0c2238": the low 16 bits of each channel, cut to 8.
+/// What the row's patch shows, as any colour is told once it is picked.
 std::string spokenColour(const FCOStruct& record) {
-    const RGBColor c = CSwatchList::bufferColorOf(record);
-    const int r = c.red >> 8, g = c.green >> 8, b = c.blue >> 8;
-    char text[64];
-    std::snprintf(text, sizeof text, "RGB %d %d %d, #%02x%02x%02x", r, g, b, r, g, b);
-    return text;
+    float rgba[4];
+    CSwatchList::objRGBToCGColor(CSwatchList::bufferColorOf(record), rgba);
+    return spokenText({wordOf(rgba[0]), wordOf(rgba[1]), wordOf(rgba[2])});
 }
 
 } // namespace

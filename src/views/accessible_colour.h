@@ -6,7 +6,7 @@
 
 namespace chromalog {
 
-/// A colour as assistive technology tells it, components truncated to 0..255: "RGB 12 34 56, #0c2238".
+/// A colour as assistive technology tells it: "RGB 12 34 56, #0c2238", the 8-bit values of what OK returns.
 std::string accessibleColour(const Colour&);
 
 } // namespace chromalog

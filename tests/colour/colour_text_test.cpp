@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace chromalog {
 namespace {
@@ -53,6 +54,33 @@ TEST(ColourText, ReadsAlphaOnlyWhereItIsAsked) {
     EXPECT_EQ(read->alpha, 0x8080);
     EXPECT_TRUE(readWrittenColour("#336699", WithAlpha::yes));
     EXPECT_FALSE(readWrittenColour("#33669980", WithAlpha::no));
+}
+
+TEST(ColourText, TheByteOfAWordIsTheNearest) {
+    for (int word = 0; word <= 65535; ++word)
+        ASSERT_EQ(byteOf(static_cast<std::uint16_t>(word)), std::lround(word * 255 / 65535.0)) << word;
+}
+
+TEST(ColourText, EveryByteComesBackFromItsWordAndThroughAComponent) {
+    for (int byte = 0; byte <= 255; ++byte) {
+        EXPECT_EQ(byteOf(static_cast<std::uint16_t>(byte * 257)), byte);
+        EXPECT_EQ(byteOf(wordOf(byte / 255.0)), byte);
+        EXPECT_EQ(byteOf(wordOf(static_cast<float>(byte * 257) / 65535.0f)), byte) << "as a swatch's channel";
+    }
+}
+
+TEST(ColourText, WordsAreTruncatedAsOkReturnsThem) {
+    EXPECT_EQ(wordOf(0.9), 58981);
+    EXPECT_EQ(wordOf(0.5), 32767);
+    EXPECT_EQ(wordOf(1), 65535);
+    EXPECT_EQ(wordOf(0), 0);
+}
+
+TEST(ColourText, WritesHexAndSpokenValues) {
+    EXPECT_EQ(hexText({58981, 19660, 6553}), "#e54c19");
+    EXPECT_EQ(hexText({0, 1 * 257, 16 * 257}), "#000110");
+    EXPECT_EQ(spokenText({0xF8F8, 0xF9F9, 0xFAFA}), "RGB 248 249 250, #f8f9fa");
+    EXPECT_EQ(spokenText({65535, 65535, 65535}), "RGB 255 255 255, #ffffff");
 }
 
 TEST(ColourText, NamesAreSortedForTheSearch) {

@@ -250,6 +250,33 @@ TEST_F(DriveColours, ColoursInOtherSpacesGoThroughTheHost) {
     EXPECT_EQ(state()["firstColor"], (json{1.0, 0.0, 0.0, 1.0}));
 }
 
+TEST_F(DriveColours, DialogAndHostTellOneColourByOneNumber) {
+    using Told = std::pair<std::string, std::string>;
+    const auto told = [this](const std::string& script, const std::string& offered) {
+        const auto result =
+            play(script + "key Ctrl+C origFirstColor\nstate $/state.json\nok\n", {"--color", offered});
+        EXPECT_EQ(result.err, "");
+        return Told(state()["pasteboard"]["string"].get<std::string>() + "\n", result.out);
+    };
+    EXPECT_EQ(told("", "#3366cc"), Told("#e54c19\n", "#e54c19\n")) << "the default";
+    EXPECT_EQ(text(state(), "firstR"), "229") << "the field";
+    const auto drop = told("drop origFirstColor 5 5 rgb:65000,32767,200\n", "#3366cc");
+    EXPECT_EQ(drop, Told("#fd7f01\n", "#fd7f01\n"));
+    EXPECT_EQ(text(state(), "firstR"), "252") << "the field truncates: kept";
+}
+
+TEST_F(DriveColours, Dropped8BitValuesComeBack) {
+    std::string script, colours;
+    for (int first = 0; first < 256; first += 25) {
+        char colour[12];
+        std::snprintf(colour, sizeof colour, "#%02x%02x%02x", first, std::min(first + 1, 255),
+                      std::min(first + 2, 255));
+        script += std::string("drop origFirstColor 5 5 ") + colour + "\nok\n";
+        colours += std::string(colour) + "\n";
+    }
+    EXPECT_EQ(play(script, {"--picks", "11"}).out, colours);
+}
+
 TEST_F(DriveColours, TheSameHoldsOnASharpScreen) {
     const std::string script =
         "picture chromaView $/wheel.png\nclick chromaView 77 201.5\nclick myDegrade 3 99\n"

@@ -71,6 +71,15 @@ TEST_F(DriveLists, ThePanelIsAnsweredBeforeOrAfterItOpens) {
     }
 }
 
+TEST_F(DriveLists, TheWordsOfAFileAreTheBytesThatTheyWereMadeOf) {
+    writeSwatches("pale.aco", {{"Pale", 0xF8F8, 0xF9F9, 0xFAFA}});
+    const auto result = play("choose $/pale.aco\npress loadSwatch1:\nclick swatch1 10 10\n"
+                             "key Ctrl+C origFirstColor\nstate $/state.json\nok\n");
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(result.out, "#f8f9fa\n");
+    EXPECT_EQ(state()["pasteboard"]["string"], "#f8f9fa");
+}
+
 TEST_F(DriveLists, AnOpenPanelShowsInTheState) {
     playWell("press loadSwatch2:\nstate $/state.json\nshot $/shot.png\nwait 20\nchoose cancel\nstate "
              "$/after.json\n");

@@ -108,7 +108,7 @@ TEST_F(OnXServer, PicksInARowStandOnAServerThatStartsAnewWithoutClients) {
     environment_["DISPLAY"] = server.display();
     for (int run = 0; run < 4; ++run) {
         const auto result = pick({"--accept", "--picks", "4"});
-        EXPECT_EQ(result.out, "#e64c19\n#e64c19\n#e64c19\n#e64c19\n");
+        EXPECT_EQ(result.out, "#e54c19\n#e54c19\n#e54c19\n#e54c19\n");
         EXPECT_EQ(result.err, "");
         EXPECT_EQ(result.exitCode, 0);
     }

@@ -31,12 +31,14 @@ TEST(HeldColour, EveryByteSurvivesReadingAndPrinting) {
     }
 }
 
-TEST(HeldColour, EightBitFormatsTakeTheHighByte) {
-    const Rgb16 rgb{58981, 0x00FF, 0xFF00};
-    EXPECT_EQ(formatColour(rgb, Format::hex), "#e600ff");
-    EXPECT_EQ(formatColour(rgb, Format::rgb8), "230 0 255");
+TEST(HeldColour, EightBitFormatsTakeTheNearestValue) {
+    const RgbWords rgb{58981, 0x00FF, 0xFF00};
+    EXPECT_EQ(formatColour(rgb, Format::hex), "#e501fe");
+    EXPECT_EQ(formatColour(rgb, Format::rgb8), "229 1 254");
     EXPECT_EQ(formatColour(rgb, Format::rgb16), "58981 255 65280");
-    EXPECT_EQ(formatColour(rgb, Format::css), "rgb(230, 0, 255)");
+    EXPECT_EQ(formatColour(rgb, Format::css), "rgb(229, 1, 254)");
+    EXPECT_EQ(formatColour(rgb, Format::json),
+              R"({"hex": "#e501fe", "rgb8": [229, 1, 254], "rgb16": [58981, 255, 65280]})");
 }
 
 } // namespace

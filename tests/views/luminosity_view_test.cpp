@@ -166,7 +166,7 @@ TEST_F(LuminosityView, IsASliderForAssistiveTechnology) {
     const Accessible a = view.accessible();
     EXPECT_EQ(a.role, Accessible::Role::slider);
     EXPECT_EQ(a.name, "Luminosity");
-    EXPECT_EQ(a.value, "RGB 63 25 0, #3f1900");
+    EXPECT_EQ(a.value, "RGB 64 25 0, #401900");
     ASSERT_TRUE(a.range);
     EXPECT_EQ(a.range->value, 25);
     EXPECT_EQ(a.range->minimum, 0);

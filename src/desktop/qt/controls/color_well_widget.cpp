@@ -3,6 +3,7 @@
 #include "desktop/qt/controls/focus_ring.h"
 #include "desktop/qt/convert.h"
 #include "desktop/qt/drags.h"
+#include "views/accessible_colour.h"
 
 #include <QAccessible>
 #include <QAction>
@@ -38,9 +39,7 @@ void ColorWellWidget::setColor(const Colour& colour) {
 }
 
 QString ColorWellWidget::valueText() const {
-    const auto byte = [](double v) { return int(v * 255.0); };
-    const int r = byte(colour_.red()), g = byte(colour_.green()), b = byte(colour_.blue());
-    return QString("RGB %1 %2 %3, %4").arg(r).arg(g).arg(b).arg(QColor(r, g, b).name());
+    return toQt(accessibleColour(colour_));
 }
 
 void ColorWellWidget::copyAsHex() {
