@@ -9,12 +9,23 @@
 namespace chromalog {
 namespace {
 
-struct SpaceName {
+/// A space by its name, and the components that it cannot do without.
+struct NamedSpace {
     std::string_view name;
     std::int16_t code;
+    std::array<std::string_view, 4> components; ///< empty: may be left out
 };
 
-constexpr SpaceName kSpaces[] = {{"rgb", 0}, {"hsb", 1}, {"cmyk", 2}, {"lab", 3}, {"gray", 4}};
+constexpr NamedSpace kSpaces[] = {{"rgb", 0, {"red", "green", "blue"}},
+                                  {"hsb", 1, {"hue", "saturation", "brightness"}},
+                                  {"cmyk", 2, {"cyan", "magenta", "yellow", "black"}},
+                                  {"lab", 3, {"L", "a", "b"}},
+                                  {"gray", 4, {"gray"}}};
+
+const NamedSpace* spaceOf(std::string_view name) {
+    const auto found = std::ranges::find(kSpaces, name, &NamedSpace::name);
+    return found == std::end(kSpaces) ? nullptr : found;
+}
 
 std::uint16_t word(std::uint32_t byte) {
     return static_cast<std::uint16_t>((byte & 0xFF) * 257);
@@ -53,9 +64,22 @@ std::optional<WrittenColour> readHex(std::string_view digits, WithAlpha withAlph
     }
 }
 
-std::optional<WrittenColour> readComponents(std::int16_t space, std::string_view list) {
+/// The components that a list lacks, as "missing: green, blue"; an empty place counts as missing.
+std::string missingIn(std::string_view list, const NamedSpace& space) {
+    std::string missing;
+    for (const std::string_view component : space.components) {
+        const auto comma = std::min(list.find(','), list.size());
+        if (comma == 0 && !component.empty())
+            missing.append(missing.empty() ? "missing: " : ", ").append(component);
+        list.remove_prefix(std::min(comma + 1, list.size()));
+    }
+    return missing;
+}
+
+std::optional<WrittenColour> readComponents(const NamedSpace& space, std::string_view list) {
+    if (!missingIn(list, space).empty()) return std::nullopt;
     WrittenColour c;
-    c.space = space;
+    c.space = space.code;
     std::size_t count = 0;
     for (bool more = true; more; ++count) {
         const auto comma = list.find(',');
@@ -65,7 +89,6 @@ std::optional<WrittenColour> readComponents(std::int16_t space, std::string_view
         more = comma != std::string_view::npos;
         if (more) list.remove_prefix(comma + 1);
     }
-    if (count < 3) return std::nullopt;
     return c;
 }
 
@@ -83,9 +106,14 @@ std::optional<WrittenColour> readWrittenColour(std::string_view text, WithAlpha 
     if (text.starts_with('#')) return readHex(text.substr(1), withAlpha);
     const auto colon = text.find(':');
     if (colon == std::string_view::npos) return readName(text);
-    for (const auto& [name, code] : kSpaces)
-        if (text.substr(0, colon) == name) return readComponents(code, text.substr(colon + 1));
-    return std::nullopt;
+    const NamedSpace* space = spaceOf(text.substr(0, colon));
+    return space ? readComponents(*space, text.substr(colon + 1)) : std::nullopt;
+}
+
+std::string missingComponents(std::string_view text) {
+    const auto colon = text.find(':');
+    const NamedSpace* space = colon == std::string_view::npos ? nullptr : spaceOf(text.substr(0, colon));
+    return space ? missingIn(text.substr(colon + 1), *space) : std::string();
 }
 
 std::string hexText(const RgbWords& rgb) {

@@ -18,10 +18,13 @@ struct WrittenColour {
 
 enum class WithAlpha { no, yes };
 
-/// Reads #rrggbb, #rgb, a CSS colour name (any case), or SPACE:c0,c1,c2[,c3] with SPACE one of rgb hsb cmyk
-/// lab gray and decimal components 0..65535; #rrggbbaa where asked. A byte b is the word b * 257. Nothing for
-/// any other text.
+/// Reads #rrggbb, #rgb, a CSS colour name (any case), or SPACE:c0,c1,... with SPACE one of rgb hsb cmyk lab
+/// gray and as many decimal components 0..65535 as the space has, up to four; #rrggbbaa where asked. A byte b
+/// is the word b * 257. Nothing for any other text.
 std::optional<WrittenColour> readWrittenColour(std::string_view text, WithAlpha = WithAlpha::no);
+
+/// What a text of the last form lacks: "missing: green, blue". Empty for every other text.
+std::string missingComponents(std::string_view text);
 
 /// 16-bit red, green and blue, as the picker record holds them.
 using RgbWords = std::array<std::uint16_t, 3>;

@@ -1,5 +1,7 @@
 #include "standalone/command_line.h"
 
+#include "standalone/standard_streams.h"
+
 #include <CLI/CLI.hpp>
 #include <filesystem>
 #include <iostream>
@@ -28,9 +30,10 @@ const CLI::Validator kMayBecomeDirectory(
     },
     "DIR");
 
-const CLI::Validator kWritablePlace(
+const CLI::Validator kPictureFile(
     [](std::string& path) {
         std::error_code ignored;
+        if (!path.ends_with(".png") && !path.ends_with(".PNG")) return "no .png file: " + path;
         const fs::path folder = fs::path(path).parent_path();
         if (!folder.empty() && !fs::is_directory(folder, ignored))
             return "no such folder: " + folder.string();
@@ -38,21 +41,29 @@ const CLI::Validator kWritablePlace(
     },
     "FILE.png");
 
+bool takesValue(const CLI::Option& option) {
+    return option.get_items_expected_max() > 0;
+}
+
+/// The kind of value, without what the checks say of it.
+std::string valueKind(const CLI::Option& option) {
+    if (!takesValue(option)) return "true|false";
+    return option.get_type_name().substr(0, option.get_type_name().find(':'));
+}
+
 /// Help lines with the kind of value alone: the checks behind it would only repeat it.
 class ShortHelp : public CLI::Formatter {
   public:
     std::string make_option_opts(const CLI::Option* option) const override {
-        const bool takesValue = option->get_items_expected_max() > 0;
-        return takesValue ? " " + option->get_type_name().substr(0, option->get_type_name().find(':'))
-                          : std::string();
+        return takesValue(*option) ? " " + valueKind(*option) : std::string();
     }
 };
 
 void addHostOptions(CLI::App& app, CommandLine& line, std::string& colour) {
     app.add_option(
            "--color", colour,
-           "Offer this colour (#3366cc): #rrggbb, #rgb, a CSS name, or SPACE:c0,c1,c2[,c3] with SPACE one of "
-           "rgb hsb cmyk lab gray and 16-bit components as the record holds them")
+           "Offer this colour (#3366cc): #rrggbb, #rgb, a CSS name, or SPACE:c0,c1,... with SPACE one of rgb "
+           "hsb cmyk lab gray and its 16-bit components as the record holds them")
         ->type_name("COLOUR");
     app.add_option("--format", "Print the colour in this form (hex)")
         ->check(CLI::IsMember(kFormats))
@@ -85,15 +96,14 @@ void addHostOptions(CLI::App& app, CommandLine& line, std::string& colour) {
 
 /// Options that act inside the plug-in, which asks for them by name.
 void addPluginOptions(CLI::App& app) {
-    auto* accept = app.add_flag_callback(
+    app.add_flag_callback(
         "--accept", [] {}, "Press OK as soon as the dialog shows");
     app.add_flag_callback(
-           "--cancel", [] {}, "Press Cancel as soon as the dialog shows")
-        ->excludes(accept);
+        "--cancel", [] {}, "Press Cancel as soon as the dialog shows");
     app.add_flag_callback(
         "--option", [] {}, "As if the Option key were held while the picker opens");
     app.add_option("--screenshot", "Write a picture of the dialog")
-        ->check(kWritablePlace)
+        ->check(kPictureFile)
         ->type_name("FILE.png");
     app.add_option("--drive", "Play a script against the dialog")
         ->check(CLI::ExistingFile)
@@ -104,12 +114,31 @@ void addPluginOptions(CLI::App& app) {
         ->type_name("DIR");
 }
 
+/// The option that a word of the command line names, with or without "=VALUE".
+const CLI::Option* optionNamed(const CLI::App& app, const std::string& word) {
+    return word.starts_with("--") ? app.get_option_no_throw(word.substr(0, word.find('='))) : nullptr;
+}
+
+/// Names an option whose value is not there; the parser would take the next option for it.
+std::string missingValue(const CLI::App& app, const std::vector<std::string>& words) {
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        const CLI::Option* option = optionNamed(app, words[i]);
+        if (!option) continue;
+        const bool hasNext = i + 1 < words.size() && !optionNamed(app, words[i + 1]);
+        const bool assigns = words[i].find('=') != std::string::npos;
+        if (assigns ? words[i].ends_with('=') : takesValue(*option) && !hasNext)
+            return option->get_name() + " lacks its value: " + valueKind(*option);
+        if (!assigns && takesValue(*option)) ++i;
+    }
+    return {};
+}
+
+/// What the plug-in may ask for. A flag may be taken back (--accept=false): it is then not given.
 std::map<std::string, std::string> optionsGiven(const CLI::App& app) {
     std::map<std::string, std::string> given;
     for (const CLI::Option* option : app.get_options())
-        if (option->count() > 0)
-            given[option->get_lnames().front()] =
-                option->get_items_expected_max() == 0 ? "1" : option->results().back();
+        if (option->count() > 0 && (takesValue(*option) || option->as<bool>()))
+            given[option->get_lnames().front()] = takesValue(*option) ? option->results().back() : "1";
     return given;
 }
 
@@ -129,6 +158,38 @@ int complain(const std::string& text) {
     return 2;
 }
 
+constexpr const char* kExitCodes =
+    "Exit code: 0 the colour changed; 1 it is as offered; 2 a bad colour, file or option, or output that "
+    "cannot be written; 3 the plug-in got no memory; 4 it misused the host, where CHROMALOG_STRICT=1 makes "
+    "that fatal; 5 it ended with an error of its own.";
+
+/// Prints help or version.
+int show(const CLI::App& app, const CLI::Success& wanted) {
+    const int exitCode = app.exit(wanted);
+    const std::string failure = flushStandardOutput();
+    return failure.empty() ? exitCode : complain(failure);
+}
+
+std::string wrongColour(const std::string& text) {
+    const std::string missing = missingComponents(text);
+    return "not a colour: " + text + (missing.empty() ? missing : "; " + missing);
+}
+
+/// Reads the words into what the options are bound to; the exit code where the program ends here.
+std::optional<int> read(CLI::App& app, int argc, const char* const* argv) {
+    if (argc > 1)
+        if (const auto missing = missingValue(app, {argv + 1, argv + argc}); !missing.empty())
+            return complain(missing);
+    try {
+        app.parse(argc, argv);
+        return std::nullopt;
+    } catch (const CLI::Success& wanted) {
+        return show(app, wanted);
+    } catch (const CLI::ParseError& error) {
+        return complain(error.what());
+    }
+}
+
 } // namespace
 
 std::optional<CommandLine> parseCommandLine(int argc, const char* const* argv, int& exitCode) {
@@ -138,24 +199,19 @@ std::optional<CommandLine> parseCommandLine(int argc, const char* const* argv, i
     app.set_help_flag("--help", "Print this text");
     app.set_version_flag("--version", "chromalog " CHROMALOG_VERSION, "Print the version");
     app.formatter(std::make_shared<ShortHelp>());
-    app.footer(
-        "Exit code: 0 a colour was picked, 1 it is as offered, 2 a mistake in the arguments, 3 no memory.");
+    app.footer(kExitCodes);
     addHostOptions(app, line, colour);
     addPluginOptions(app);
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::Success& wanted) { // help or version
-        exitCode = app.exit(wanted);
-        return std::nullopt;
-    } catch (const CLI::ParseError& error) {
-        exitCode = complain(error.what());
+    if (const auto ends = read(app, argc, argv)) {
+        exitCode = *ends;
         return std::nullopt;
     }
     line.given = optionsGiven(app);
     readTables(line);
     const auto parsed = readColour(colour, line.scale);
-    if (!parsed) {
-        exitCode = complain("not a colour: " + colour);
+    const bool both = line.given.count("accept") && line.given.count("cancel");
+    if (!parsed || both) {
+        exitCode = complain(both ? "--accept excludes --cancel" : wrongColour(colour));
         return std::nullopt;
     }
     line.colour = *parsed;

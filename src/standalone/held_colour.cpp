@@ -26,10 +26,9 @@ RgbWords rgbOf(const HeldColour& colour, Scale scale, const ColourConverter& con
     Components slots{};
     for (int i = 0; i < 4; ++i)
         slots[i] = static_cast<std::int16_t>(scale == Scale::sixteen ? c[i] >> 8 : std::min<int>(c[i], 255));
-    // A 16-bit hue is the full circle; the host's slots want degrees.
-    if (colour.space == Space::hsb)
-        slots[0] =
-            static_cast<std::int16_t>(scale == Scale::sixteen ? c[0] * 360 >> 16 : std::min<int>(c[0], 359));
+    // At 16 bits the high byte of a hue counts as degrees, as in the plug-in's dialog: both show one colour.
+    if (colour.space == Space::hsb && scale == Scale::eight)
+        slots[0] = static_cast<std::int16_t>(std::min<int>(c[0], 359));
     const Components rgb = converter.convert(colour.space, Space::rgb, slots);
     return {widened(rgb[0]), widened(rgb[1]), widened(rgb[2])};
 }

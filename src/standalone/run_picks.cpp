@@ -4,6 +4,7 @@
 #include "standalone/conversion/lcms_converter.h"
 #include "standalone/pick.h"
 #include "standalone/plugin_module.h"
+#include "standalone/standard_streams.h"
 
 #include <cstdlib>
 #include <iostream>
@@ -18,17 +19,49 @@ void say(const std::string& text) {
     std::cerr << "chromalog: " << text << '\n';
 }
 
+/// Prints a colour. Where that fails the person reads it in the complaint.
+bool print(const std::string& colour) {
+    std::cout << colour << '\n';
+    const std::string failure = flushStandardOutput();
+    if (!failure.empty()) say(failure + "; the colour is " + colour);
+    return failure.empty();
+}
+
+bool misuseIsFatal() {
+    const char* strict = std::getenv("CHROMALOG_STRICT");
+    return strict && std::string_view(strict) == "1";
+}
+
+std::string cmykProfile(const CommandLine& line) {
+    return line.cmykProfile.empty() ? LcmsConverter::installedCmykProfile() : line.cmykProfile;
+}
+
 std::unique_ptr<ColourConverter> makeConverter(const CommandLine& line) {
-    if (line.services == ServicesKind::closed) {
-        if (line.verbose) say("colour conversions by the closed form");
-        return std::make_unique<ClosedConverter>();
-    }
-    const std::string profile =
-        line.cmykProfile.empty() ? LcmsConverter::installedCmykProfile() : line.cmykProfile;
-    auto converter = std::make_unique<LcmsConverter>(profile);
-    if (line.verbose)
-        say(profile.empty() ? "no CMYK profile found: CMYK by the closed form" : "CMYK profile " + profile);
-    return converter;
+    if (line.services == ServicesKind::closed) return std::make_unique<ClosedConverter>();
+    return std::make_unique<LcmsConverter>(cmykProfile(line));
+}
+
+std::string conversions(const CommandLine& line) {
+    if (line.services == ServicesKind::closed) return "by the closed form";
+    const std::string profile = cmykProfile(line);
+    const std::string lcms = profile.empty()
+                                 ? "by Little CMS, CMYK by the closed form: no profile is installed"
+                                 : "by Little CMS, CMYK profile " + profile;
+    if (line.services == ServicesKind::none) return lcms + "; the plug-in is offered none";
+    if (line.services == ServicesKind::error) return lcms + "; those that the plug-in asks for fail";
+    return lcms;
+}
+
+/// Says what the host uses, and what it tells the plug-in to use.
+void sayWhatIsUsed(const CommandLine& line, const std::string& plugin) {
+    say("plug-in " + plugin);
+    say("host version " + std::to_string(line.hostVersion) + ", components of " +
+        std::to_string(static_cast<int>(line.scale)) + " bits");
+    say("colour conversions " + conversions(line));
+    for (const char* option : {"data-dir", "books", "drive", "screenshot", "fail"})
+        if (const auto given = line.given.find(option); given != line.given.end())
+            say(given->first + " " + given->second);
+    if (misuseIsFatal()) say("misuse of the host is fatal");
 }
 
 void setUp(Host& host, const CommandLine& line) {
@@ -71,8 +104,8 @@ int runPicks(Host& host, PluginMainProc entry, const CommandLine& line) {
             held = {Space::rgb, answer.colour.components};
             changed = true;
         }
-        std::cout << formatColour(rgbOf(held, line.scale, host.colours.converter()), line.format)
-                  << std::endl;
+        if (!print(formatColour(rgbOf(held, line.scale, host.colours.converter()), line.format)))
+            return exitBadArguments;
     }
     return changed ? exitPicked : exitAsOffered;
 }
@@ -82,20 +115,17 @@ void reportMisuse(const Host& host) {
         say("misuse of the host: " + misuse);
 }
 
-bool misuseIsFatal() {
-    const char* strict = std::getenv("CHROMALOG_STRICT");
-    return strict && std::string_view(strict) == "1";
-}
-
 } // namespace
 
 int runProgram(const CommandLine& line) {
     try {
         Host host(makeConverter(line));
         setUp(host, line);
+        const std::string plugin = line.plugin.empty() ? PluginModule::besideProgram() : line.plugin;
+        if (line.verbose) sayWhatIsUsed(line, plugin);
         int exitCode = exitPicked;
         {
-            const PluginModule module(line.plugin.empty() ? PluginModule::besideProgram() : line.plugin);
+            const PluginModule module(plugin);
             exitCode = runPicks(host, module.entry(), line);
         }
         reportMisuse(host); // the module is gone: what it did while it was unloaded counts too

@@ -8,7 +8,7 @@ namespace chromalog::standalone {
 enum ExitCode {
     exitPicked = 0,
     exitAsOffered = 1,
-    exitBadArguments = 2,
+    exitBadArguments = 2, ///< or a file, standard output among them, that cannot be read or written
     exitNoMemory = 3,
     exitMisuse = 4, ///< the plug-in misused the host, where CHROMALOG_STRICT=1 makes that fatal
     exitPluginError = 5

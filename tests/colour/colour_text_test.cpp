@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace chromalog {
 namespace {
@@ -28,6 +29,8 @@ TEST(ColourText, ReadsEveryForm) {
         {"cmyk:0,65535,1,2", 2, {0, 65535, 1, 2}},
         {"lab:1,2,3", 3, {1, 2, 3, 0}},
         {"gray:32768,0,0", 4, {32768, 0, 0, 0}},
+        {"gray:65535", 4, {65535, 0, 0, 0}},
+        {"gray:7,8", 4, {7, 8, 0, 0}},
     };
     for (const auto& expected : readings) {
         const auto read = readWrittenColour(expected.text);
@@ -43,8 +46,30 @@ TEST(ColourText, RefusesEverythingElse) {
          {"",           "#",         "#12",           "#12345",        "#12345g",    "#-12345",
           "#1234567",   "#33 66cc",  "3366cc",        "reddish",       "rgb:",       "rgb:1",
           "rgb:1,2",    "rgb:1,2,",  "rgb:1,2,3,4,5", "rgb:1,2,65536", "rgb:1,2,-3", "rgb:1, 2,3",
-          "rgb:1,2,3x", "xyz:1,2,3", ":1,2,3",        "RGB:1,2,3",     "#3366cc80",  "transparent"})
+          "rgb:1,2,3x", "xyz:1,2,3", ":1,2,3",        "RGB:1,2,3",     "#3366cc80",  "transparent",
+          "rgb:1,2,3,", "rgb:1,,3",  "cmyk:1,2,3",    "gray:",         "gray:1,",    "gray:1,2,3,4,5"})
         EXPECT_FALSE(readWrittenColour(text)) << text;
+}
+
+TEST(ColourText, SaysWhichComponentsAreMissing) {
+    const std::pair<const char*, const char*> cases[] = {{"rgb:1,2", "missing: blue"},
+                                                         {"rgb:1", "missing: green, blue"},
+                                                         {"rgb:", "missing: red, green, blue"},
+                                                         {"rgb:1,,3", "missing: green"},
+                                                         {"rgb:,2,", "missing: red, blue"},
+                                                         {"hsb:1", "missing: saturation, brightness"},
+                                                         {"cmyk:1,2,3", "missing: black"},
+                                                         {"lab:1", "missing: a, b"},
+                                                         {"gray:", "missing: gray"},
+                                                         {"rgb:1,2,3", ""},
+                                                         {"rgb:1,2,x", ""},
+                                                         {"rgb:1,2,3,", ""},
+                                                         {"rgb:1,2,3,4,5", ""},
+                                                         {"xyz:1", ""},
+                                                         {"#12", ""},
+                                                         {"", ""}};
+    for (const auto& [text, missing] : cases)
+        EXPECT_EQ(missingComponents(text), missing) << text;
 }
 
 TEST(ColourText, ReadsAlphaOnlyWhereItIsAsked) {

@@ -277,6 +277,17 @@ TEST_F(DriveColours, Dropped8BitValuesComeBack) {
     EXPECT_EQ(play(script, {"--picks", "11"}).out, colours);
 }
 
+TEST_F(DriveColours, AnOfferedHueIsPrintedAsTheDialogShowsIt) {
+    for (const char* offered : {"hsb:32768,65535,65535", "hsb:65535,30000,50000", "cmyk:9000,8000,7000,60000",
+                                "lab:40000,20000,50000", "gray:33333"}) {
+        const auto result = play("state $/state.json\n", {"--color", offered, "--format", "rgb8"});
+        EXPECT_EQ(result.exitCode, 1) << offered;
+        const std::string shown =
+            text(state(), "secondR") + ' ' + text(state(), "secondG") + ' ' + text(state(), "secondB");
+        EXPECT_EQ(result.out, shown + "\n") << offered;
+    }
+}
+
 TEST_F(DriveColours, TheSameHoldsOnASharpScreen) {
     const std::string script =
         "picture chromaView $/wheel.png\nclick chromaView 77 201.5\nclick myDegrade 3 99\n"

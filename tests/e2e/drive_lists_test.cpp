@@ -80,6 +80,14 @@ TEST_F(DriveLists, TheWordsOfAFileAreTheBytesThatTheyWereMadeOf) {
     EXPECT_EQ(state()["pasteboard"]["string"], "#f8f9fa");
 }
 
+TEST_F(DriveLists, AnOptionFlagThatIsTakenBackKeepsTheLists) {
+    playWell(std::string(kLoad) + "ok\n");
+    playWell("state $/state.json\n", {"--option=false"});
+    EXPECT_EQ(names(1), (Names{"Red", "Green", "Blue", "White", "Grey"}));
+    playWell("state $/state.json\n", {"--option"});
+    EXPECT_EQ(names(1), Names{});
+}
+
 TEST_F(DriveLists, AnOpenPanelShowsInTheState) {
     playWell("press loadSwatch2:\nstate $/state.json\nshot $/shot.png\nwait 20\nchoose cancel\nstate "
              "$/after.json\n");

@@ -41,5 +41,14 @@ TEST(HeldColour, EightBitFormatsTakeTheNearestValue) {
               R"({"hex": "#e501fe", "rgb8": [229, 1, 254], "rgb16": [58981, 255, 65280]})");
 }
 
+TEST(HeldColour, TheHighByteOfA16BitHueCountsAsDegrees) {
+    const ClosedConverter converter;
+    EXPECT_EQ(rgbOf({Space::hsb, {120 << 8, 65535, 65535}}, Scale::sixteen, converter),
+              (RgbWords{0, 65535, 0}));
+    EXPECT_EQ(rgbOf({Space::hsb, {(240 << 8) + 255, 65535, 65535}}, Scale::sixteen, converter),
+              (RgbWords{0, 0, 65535}));
+    EXPECT_EQ(rgbOf({Space::hsb, {300, 255, 255}}, Scale::eight, converter), (RgbWords{65535, 0, 65535}));
+}
+
 } // namespace
 } // namespace chromalog::standalone

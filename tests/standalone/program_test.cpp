@@ -8,6 +8,7 @@ namespace chromalog {
 namespace {
 
 using ::testing::HasSubstr;
+using ::testing::Not;
 using Words = std::vector<std::string>;
 
 ProgramResult run(const Words& words, const std::string& behaviour = {}, const std::string& strict = "1") {
@@ -37,10 +38,11 @@ TEST(Program, PrintsTheOfferedColourAndExits1WhereTheComponentsAreAsOffered) {
                                                       {"RebeccaPurple", "#663399\n"},
                                                       {"rgb:13107,26214,52428", "#3366cc\n"},
                                                       {"hsb:0,65535,65535", "#ff0000\n"},
-                                                      {"hsb:32768,65535,65535", "#00ffff\n"},
+                                                      {"hsb:32768,65535,65535", "#00ff22\n"},
                                                       {"cmyk:65535,65535,65535,65535", "#ffffff\n"},
                                                       {"lab:65535,32768,32768", "#ffffff\n"},
-                                                      {"gray:32896,0,0", "#808080\n"}};
+                                                      {"gray:32896,0,0", "#808080\n"},
+                                                      {"gray:65535", "#ffffff\n"}};
     for (const auto& [offered, printed] : cases) {
         const ProgramResult result = run({"--color", offered, "--color-services", "closed"});
         EXPECT_EQ(result.out, printed) << offered;
@@ -64,18 +66,29 @@ TEST(Program, ABadArgumentIsOneLineAndExit2) {
         {{"--color", "bleu"}, "not a colour: bleu"},
         {{"--color", "#12345"}, "not a colour"},
         {{"--color", "#12345g"}, "not a colour"},
-        {{"--color", "rgb:1,2"}, "not a colour"},
+        {{"--color", "rgb:1,2"}, "not a colour: rgb:1,2; missing: blue\n"},
+        {{"--color", "cmyk:1,2,3"}, "missing: black\n"},
+        {{"--color", "gray:"}, "missing: gray\n"},
         {{"--color", "rgb:1,2,65536"}, "not a colour"},
         {{"--color", "rgb:1,2,-3"}, "not a colour"},
         {{"--color", "rgb:1,2,3,4,5"}, "not a colour"},
         {{"--color", "rgb:1,2,3,"}, "not a colour"},
         {{"--color", "xyz:1,2,3"}, "not a colour"},
         {{"--color", ""}, ""},
-        {{"--color"}, "--color"},
+        {{"--color"}, "--color lacks its value: COLOUR\n"},
+        {{"--color="}, "--color lacks its value: COLOUR\n"},
+        {{"--color=", "--accept"}, "--color lacks its value: COLOUR\n"},
+        {{"--color", "--accept"}, "--color lacks its value: COLOUR\n"},
+        {{"--color", "--format=css"}, "--color lacks its value: COLOUR\n"},
+        {{"--color=#123456", "--data-dir="}, "--data-dir lacks its value: DIR\n"},
+        {{"--format"}, "--format lacks its value: hex|rgb8|rgb16|css|json\n"},
+        {{"--accept", "--format"}, "--format lacks its value: hex|rgb8|rgb16|css|json\n"},
+        {{"--accept="}, "--accept lacks its value: true|false\n"},
+        {{"--accept=maybe"}, "--accept"},
         {{"--format", "bmp"}, "--format"},
         {{"--zork"}, "--zork"},
         {{"word"}, "word"},
-        {{"--accept", "--cancel"}, "excludes"},
+        {{"--accept", "--cancel"}, "--accept excludes --cancel\n"},
         {{"--picks", "0"}, "--picks"},
         {{"--picks", "many"}, "--picks"},
         {{"--host-version", "0"}, "--host-version"},
@@ -87,8 +100,11 @@ TEST(Program, ABadArgumentIsOneLineAndExit2) {
         {{"--data-dir", TEST_PICKER_MODULE}, "is no directory"},
         {{"--screenshot", "/nowhere/shot.png"}, "/nowhere"},
         {{"--screenshot", "/tmp"}, "/tmp"},
+        {{"--screenshot", "shot.jpg"}, "no .png file: shot.jpg"},
+        {{"--screenshot", "png"}, "no .png file: png"},
         {{"--cmyk-profile", "/nowhere/profile.icc"}, "/nowhere/profile.icc"},
-        {{"--cmyk-profile", TEST_PICKER_MODULE}, "cannot read a colour profile"},
+        {{"--cmyk-profile", TEST_PICKER_MODULE},
+         "cannot read a colour profile from " TEST_PICKER_MODULE ": "},
         {{"--plugin", "/nowhere/plugin.so"}, "--plugin"}};
     for (const auto& [words, message] : cases) {
         const ProgramResult result = run(words);
@@ -97,6 +113,51 @@ TEST(Program, ABadArgumentIsOneLineAndExit2) {
         EXPECT_THAT(result.err, HasSubstr(message));
         EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 1) << result.err;
     }
+}
+
+TEST(Program, AFlagThatIsTakenBackIsNotGiven) {
+    for (const char* word : {"--accept=false", "--accept=0", "--accept=no"}) {
+        const ProgramResult result = run({word, "--color", "#3366cc"});
+        EXPECT_EQ(result.out, "#3366cc\n") << word;
+        EXPECT_EQ(result.exitCode, 1) << word;
+    }
+    EXPECT_EQ(run({"--accept=true", "--color", "#3366cc"}).out, "#cc9933\n");
+    EXPECT_EQ(run({"--accept", "--cancel=false", "--color", "#3366cc"}).out, "#cc9933\n");
+    EXPECT_EQ(run({"--about=false", "--color", "#3366cc"}).out, "#3366cc\n");
+}
+
+TEST(Program, AValueMayLookLikeAnythingButAnOption) {
+    EXPECT_EQ(run({"--color=red", "--data-dir", "--nowhere"}).out, "#ff0000\n");
+    EXPECT_EQ(run({"--data-dir=--accept", "--color", "red"}).out, "#ff0000\n");
+    EXPECT_EQ(run({"--data-dir", "a=b", "--color", "red"}).out, "#ff0000\n");
+}
+
+/// The program behind a shell's redirection.
+ProgramResult runTo(const std::string& where, const std::string& options) {
+    const std::string command =
+        "exec '" CHROMALOG_PROGRAM "' --plugin '" TEST_PICKER_MODULE "' " + options + where;
+    return runProgram({"sh", "-c", command}, {{"CHROMALOG_STRICT", "1"}});
+}
+
+TEST(Program, WhereTheColourCannotBePrintedItIsSaidAndTheExitCodeIs2) {
+    const std::pair<const char*, const char*> cases[]{{" >/dev/full", "No space left on device"},
+                                                      {" >&-", "Bad file descriptor"}};
+    for (const auto& [where, cause] : cases) {
+        const ProgramResult result = runTo(where, "--color '#3366cc' --accept --picks 2");
+        EXPECT_EQ(result.err, std::string("chromalog: cannot write to standard output: ") + cause +
+                                  "; the colour is #cc9933\n");
+        EXPECT_EQ(result.exitCode, 2) << where;
+        const ProgramResult help = runTo(where, "--help");
+        EXPECT_EQ(help.err, std::string("chromalog: cannot write to standard output: ") + cause + "\n");
+        EXPECT_EQ(help.exitCode, 2) << where;
+    }
+}
+
+TEST(Program, ClosedStreamsDoNotPassToOtherFiles) {
+    // The module is the first file that is opened: what is printed must not go where it lies.
+    const ProgramResult result = runTo(" <&- >&- 2>&-", "--color '#3366cc' --accept");
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_EQ(result.out + result.err, "");
 }
 
 TEST(Program, AModuleWithoutAnEntryOrNoModuleAtAllIsABadFile) {
@@ -170,9 +231,28 @@ TEST(Program, AnErrorOfThePlugInIsShownAndNoColourPrinted) {
     EXPECT_EQ(failed.out, "");
 }
 
-TEST(Program, VerboseSaysWhichConversionIsInUse) {
-    EXPECT_THAT(run({"--verbose"}).err, HasSubstr("CMYK"));
-    EXPECT_THAT(run({"--verbose", "--color-services", "closed"}).err, HasSubstr("closed form"));
+TEST(Program, VerboseTellsWhatIsUsed) {
+    const std::string plain = run({"--verbose"}).err;
+    EXPECT_THAT(plain, HasSubstr("chromalog: plug-in " TEST_PICKER_MODULE "\n"));
+    EXPECT_THAT(plain, HasSubstr("chromalog: host version 16, components of 16 bits\n"));
+    EXPECT_THAT(plain, HasSubstr("chromalog: colour conversions by Little CMS, CMYK "));
+    EXPECT_THAT(plain, HasSubstr("chromalog: misuse of the host is fatal\n"));
+    EXPECT_THAT(plain, Not(HasSubstr("data-dir")));
+    EXPECT_THAT(run({"--verbose", "--color-services", "closed"}).err,
+                HasSubstr("chromalog: colour conversions by the closed form\n"));
+    EXPECT_THAT(run({"--verbose", "--color-services", "none"}).err,
+                HasSubstr("; the plug-in is offered none\n"));
+    EXPECT_THAT(run({"--verbose", "--color-services", "error"}).err,
+                HasSubstr("; those that the plug-in asks for fail\n"));
+    const std::string other = run({"--verbose", "--host-version", "13", "--component-scale", "8",
+                                   "--data-dir", "/d", "--books", "/"},
+                                  {}, "")
+                                  .err;
+    EXPECT_THAT(other, HasSubstr("chromalog: host version 13, components of 8 bits\n"));
+    EXPECT_THAT(other, HasSubstr("chromalog: data-dir /d\n"));
+    EXPECT_THAT(other, HasSubstr("chromalog: books /\n"));
+    EXPECT_THAT(other, Not(HasSubstr("fatal")));
+    EXPECT_EQ(run({}).err, "");
 }
 
 TEST(Program, EightBitComponentsAreOfferedAndReadAsBytes) {
@@ -191,6 +271,8 @@ TEST(Program, HelpAndVersionGoToStandardOutput) {
           "--color-services", "--data-dir",        "--plugin",  "--picks",        "--about",
           "--fail",           "--component-scale", "--verbose", "--help",         "--version"})
         EXPECT_THAT(help.out, HasSubstr(option));
+    for (const char* code : {"0 the", "1 it", "2 a bad", "3 the", "4 it", "5 it"})
+        EXPECT_THAT(help.out, HasSubstr(code));
     EXPECT_EQ(run({"--version"}).out, "chromalog " CHROMALOG_VERSION "\n");
 }
 

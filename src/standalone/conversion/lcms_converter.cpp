@@ -3,8 +3,11 @@
 #include "standalone/conversion/closed_converter.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
 #include <cstdint>
+#include <cstdio>
+#include <cstring>
 #include <filesystem>
 #include <lcms2.h>
 #include <map>
@@ -78,9 +81,29 @@ cmsHPROFILE makeGray() {
     return profile;
 }
 
+std::string complaint; ///< the library's last one while somebody listens
+
+/// Listens to the library for as long as this lives.
+struct Listening {
+    Listening() {
+        cmsSetLogErrorHandler([](cmsContext, cmsUInt32Number, const char* text) { complaint = text; });
+    }
+    ~Listening() {
+        cmsSetLogErrorHandler(nullptr);
+        complaint.clear();
+    }
+};
+
+std::runtime_error failure(const std::string& what) {
+    return std::runtime_error(complaint.empty() ? what : what + ": " + complaint);
+}
+
 Profile openCmyk(const std::string& path) {
-    Profile profile(cmsOpenProfileFromFile(path.c_str(), "r"), cmsCloseProfile);
-    if (!profile) throw std::runtime_error("cannot read a colour profile from " + path);
+    const std::string cannotRead = "cannot read a colour profile from " + path;
+    std::FILE* const file = std::fopen(path.c_str(), "rb");
+    if (!file) throw std::runtime_error(cannotRead + ": " + std::strerror(errno));
+    Profile profile(cmsOpenProfileFromStream(file, "r"), cmsCloseProfile); // owns the file from here on
+    if (!profile) throw failure(cannotRead);
     if (cmsGetColorSpace(profile.get()) != cmsSigCmykData)
         throw std::runtime_error(path + " is no CMYK profile");
     if (!cmsIsIntentSupported(profile.get(), INTENT_RELATIVE_COLORIMETRIC, LCMS_USED_AS_OUTPUT))
@@ -105,13 +128,14 @@ struct LcmsConverter::Transforms {
         cmsHTRANSFORM transform = cmsCreateTransform(
             profiles.at(from).get(), bytes ? byteTypeOf(from) : codingOf(from).type, profiles.at(to).get(),
             bytes ? byteTypeOf(to) : codingOf(to).type, INTENT_RELATIVE_COLORIMETRIC, flags);
-        if (!transform) throw std::runtime_error("the colour profiles cannot be connected");
+        if (!transform) throw failure("the colour profiles cannot be connected");
         made.emplace(std::pair{from, to}, Transform(transform, cmsDeleteTransform));
         return transform;
     }
 };
 
 LcmsConverter::LcmsConverter(const std::string& cmykProfile) : transforms_(std::make_unique<Transforms>()) {
+    const Listening listening;
     auto& profiles = transforms_->profiles;
     profiles.emplace(Space::rgb, Profile(cmsCreate_sRGBProfile(), cmsCloseProfile));
     profiles.emplace(Space::lab, Profile(cmsCreateLab4Profile(nullptr), cmsCloseProfile));

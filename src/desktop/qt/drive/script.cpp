@@ -59,6 +59,12 @@ bool isWhole(const std::string& word, double least) {
     return value && *value >= least && *value <= 1e9 && *value == static_cast<long>(*value);
 }
 
+std::optional<std::string> wrongColour(const std::string& word) {
+    if (readWrittenColour(word, WithAlpha::yes)) return std::nullopt;
+    const std::string missing = missingComponents(word);
+    return "'" + word + "' is not a colour" + (missing.empty() ? missing : "; " + missing);
+}
+
 /// What is wrong with the word, or nothing.
 std::optional<std::string> wrongWord(char kind, const std::string& word) {
     const auto quoted = "'" + word + "'";
@@ -70,8 +76,7 @@ std::optional<std::string> wrongWord(char kind, const std::string& word) {
     case 's':
         return isWhole(word, 1) ? std::nullopt : std::optional(quoted + " is not a number of steps");
     case 'c':
-        return readWrittenColour(word, WithAlpha::yes) ? std::nullopt
-                                                       : std::optional(quoted + " is not a colour");
+        return wrongColour(word);
     case 'a':
         return word == "alt" ? std::nullopt : std::optional(quoted + " stands where only alt may");
     default:
