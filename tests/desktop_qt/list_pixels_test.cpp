@@ -3,6 +3,7 @@
 #include "desktop/qt/application_guard.h"
 #include "desktop/qt/line_cache.h"
 #include "desktop/qt/paint_canvas.h"
+#include "desktop/qt/raster_canvas.h"
 #include "support/headless_desktop.h"
 #include "swatches/swatch_list_view.h"
 
@@ -124,6 +125,21 @@ TEST_F(ListPixels, AKeptLineFollowsItsNameAndTheWidth) {
     EXPECT_EQ(picture(0, 60, &lines), picture(0, 60, &fresh));
     list.setFrame({0, 0, 120, list.frame().h});
     EXPECT_EQ(picture(88, 44, &lines), picture(88, 44, &fresh)); // the long name, cut shorter
+}
+
+TEST_F(ListPixels, APictureReachesAsFarAsThePainterPaints) {
+    constexpr int count = 1488; // the next row would lie beyond
+    std::copy_n(records.get(), 1, records.get() + count - 1);
+    records[count - 1].SRed = 65535, records[count - 1].SGreen = 0, records[count - 1].SBlue = 0;
+    list.setNumberOfColors(count);
+    list.initWithFrame({0, 0, kWidth, 0});
+    const Bitmap whole = rasterPicture(list);
+    EXPECT_EQ(whole.height, 22 * (count + 1));
+    const auto at = [&](int x, int y) { return whole.pixels[std::size_t(y) * whole.width + x]; };
+    EXPECT_EQ(at(10, 22 * (count - 1) + 10), 0xFFFF0000U) << "the last patch";
+    list.setNumberOfColors(count + 1);
+    list.initWithFrame({0, 0, kWidth, 0});
+    EXPECT_EQ(rasterPicture(list).height, kLongestSide);
 }
 
 } // namespace

@@ -28,8 +28,7 @@ TEST_F(DriveBasics, CancelReturnsWhatWasOffered) {
 TEST_F(DriveBasics, AScreenshotShowsThePaintedDialog) {
     const auto result = pick({"--accept", "--screenshot", file("shot.png")});
     EXPECT_EQ(result.exitCode, 0) << result.err;
-    std::ifstream in(file("shot.png"), std::ios::binary);
-    const std::string png(std::istreambuf_iterator<char>(in), {});
+    const std::string png = read("shot.png");
     EXPECT_THAT(png, StartsWith("\x89PNG"));
     EXPECT_GT(png.size(), 50'000u); // an unpainted dialog packs to next to nothing
 }
@@ -38,6 +37,19 @@ TEST_F(DriveBasics, AScreenshotThatCannotBeWrittenIsAnError) {
     const auto result = pick({"--accept", "--screenshot", file("home")});
     EXPECT_EQ(result.exitCode, 2);
     EXPECT_THAT(result.err, HasSubstr(file("home")));
+}
+
+TEST_F(DriveBasics, AScreenshotReplacesItsFileWholeOrNotAtAll) {
+    write("shot.png", "an older picture");
+    auto words = command({"--accept", "--screenshot", file("shot.png")});
+    const std::string limited = "trap '' XFSZ; ulimit -f 4; exec \"$@\""; // 2 KiB: a part of the picture
+    words.insert(words.begin(), {"sh", "-c", limited, "sh"});
+    const auto result = runProgram(words, environment_);
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_EQ(result.err, file("shot.png") + ": cannot be written\n");
+    EXPECT_EQ(read("shot.png"), "an older picture");
+    EXPECT_EQ(pick({"--accept", "--screenshot", file("shot.png")}).exitCode, 0);
+    EXPECT_THAT(read("shot.png"), StartsWith("\x89PNG"));
 }
 
 TEST_F(DriveBasics, ARuntimeFolderOfAnySortIsNoRemark) {

@@ -6,17 +6,6 @@ namespace {
 
 class DriveColours : public DrivenPick {
   protected:
-    /// Width and height from a PNG file's header.
-    std::pair<int, int> sizeOf(const std::string& name) const {
-        std::ifstream in(file(name), std::ios::binary);
-        unsigned char header[24] = {};
-        in.read(reinterpret_cast<char*>(header), sizeof header);
-        const auto number = [&](int at) {
-            return header[at + 1] << 16 | header[at + 2] << 8 | header[at + 3];
-        };
-        return {number(16), number(20)};
-    }
-
     std::string text(const json& state, const char* outlet) const { return state["outlets"][outlet]["text"]; }
 };
 

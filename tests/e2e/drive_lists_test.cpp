@@ -88,6 +88,21 @@ TEST_F(DriveLists, AnOptionFlagThatIsTakenBackKeepsTheLists) {
     EXPECT_EQ(names(1), Names{});
 }
 
+TEST_F(DriveLists, APictureIsWholeOrAnError) {
+    const auto load = [this](int count) {
+        writeSwatches("many.aco", std::vector<Swatch>(static_cast<std::size_t>(count), {"x", 65535, 0, 0}));
+        return play("choose $/many.aco\npress loadSwatch1:\npicture swatch1 $/list.png\n");
+    };
+    EXPECT_EQ(load(1488).err, "");
+    EXPECT_EQ(sizeOf("list.png").second, 32758) << "22 points a row and one row more";
+    write("list.png", std::string("older"));
+    const auto tooTall = load(1489);
+    EXPECT_EQ(tooTall.exitCode, 2);
+    EXPECT_THAT(tooTall.err, testing::HasSubstr("script:3: swatch1 is too large for a picture: "));
+    EXPECT_THAT(tooTall.err, testing::HasSubstr("x 32780, at most 32767 a side\n"));
+    EXPECT_EQ(read("list.png"), "older");
+}
+
 TEST_F(DriveLists, AnOpenPanelShowsInTheState) {
     playWell("press loadSwatch2:\nstate $/state.json\nshot $/shot.png\nwait 20\nchoose cancel\nstate "
              "$/after.json\n");

@@ -38,6 +38,22 @@ class DrivenPick : public testing::Test {
         write(name, std::string(bytes.begin(), bytes.end()));
     }
 
+    std::string read(const std::string& name) const {
+        std::ifstream in(file(name), std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), {}};
+    }
+
+    /// Width and height from a PNG file's header.
+    std::pair<int, int> sizeOf(const std::string& name) const {
+        std::ifstream in(file(name), std::ios::binary);
+        unsigned char header[24] = {};
+        in.read(reinterpret_cast<char*>(header), sizeof header);
+        const auto number = [&](int at) {
+            return header[at + 1] << 16 | header[at + 2] << 8 | header[at + 3];
+        };
+        return {number(16), number(20)};
+    }
+
     /// The host's command line with these options; a run that hangs is ended and fails by its exit code.
     std::vector<std::string> command(const std::vector<std::string>& options) const {
         std::vector<std::string> words = {"timeout",         "-k",         "10",        "300",

@@ -65,11 +65,6 @@ class OnXServer : public DrivenPick {
         return result;
     }
 
-    std::string read(const std::string& name) const {
-        std::ifstream in(file(name), std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
-
     /// The swatches that a pick leaves in a list, each as "NAME red green blue".
     std::vector<std::string> swatches(int list) const {
         playWell("state $/after.json\n");

@@ -10,15 +10,11 @@
 
 namespace chromalog {
 
-namespace {
-constexpr double largestSide = 16384; ///< pixels; a taller list is never picked from
-}
-
 Bitmap rasterPicture(View& view) {
     const Rect bounds = view.bounds();
     Bitmap out;
-    out.width = static_cast<int>(std::clamp(std::ceil(bounds.w), 0.0, largestSide));
-    out.height = static_cast<int>(std::clamp(std::ceil(bounds.h), 0.0, largestSide));
+    out.width = static_cast<int>(std::clamp(std::ceil(bounds.w), 0.0, double{kLongestSide}));
+    out.height = static_cast<int>(std::clamp(std::ceil(bounds.h), 0.0, double{kLongestSide}));
     if (out.empty()) return out;
     out.pixels.assign(static_cast<std::size_t>(out.width) * out.height, 0);
     QImage image(reinterpret_cast<uchar*>(out.pixels.data()), out.width, out.height, out.width * 4,

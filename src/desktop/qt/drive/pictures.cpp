@@ -3,9 +3,12 @@
 #include "desktop/qt/convert.h"
 #include "desktop/qt/drive/command_error.h"
 #include "desktop/qt/qt_desktop.h"
+#include "desktop/qt/raster_canvas.h"
 #include "desktop/qt/view_widget.h"
+#include "prefs/file_io.h"
 
 #include <QApplication>
+#include <QBuffer>
 #include <QImageWriter>
 #include <QPainter>
 #include <QPixmap>
@@ -40,6 +43,10 @@ QImage imageOf(const Bitmap& bitmap) {
     return image;
 }
 
+std::string sizeText(const Rect& r) {
+    return fromQt(QString::number(r.w) + " x " + QString::number(r.h));
+}
+
 } // namespace
 
 QImage screenPicture() {
@@ -60,15 +67,25 @@ QImage screenPicture() {
 
 QImage ownPicture(QWidget& outlet) {
     auto* view = qobject_cast<ViewWidget*>(&outlet);
-    if (view && view->view() && view->desktop()) return imageOf(view->desktop()->capture(*view->view()));
+    const bool isView = view && view->view() && view->desktop();
+    const Rect bounds =
+        isView ? view->view()->bounds() : Rect{0, 0, double(outlet.width()), double(outlet.height())};
+    if (bounds.w > kLongestSide || bounds.h > kLongestSide)
+        throw CommandError{fromQt(outlet.objectName()) + " is too large for a picture: " + sizeText(bounds) +
+                           ", at most " + std::to_string(kLongestSide) + " a side"};
+    if (isView) return imageOf(view->desktop()->capture(*view->view()));
     QImage picture(outlet.size(), QImage::Format_RGB32);
     outlet.render(&picture);
     return picture;
 }
 
 void writePicture(const QImage& picture, const std::string& path) {
-    QImageWriter writer(toQt(path), "png");
+    QByteArray file;
+    QBuffer buffer(&file);
+    QImageWriter writer(&buffer, "png");
     if (!writer.write(picture)) throw CommandError{path + ": " + fromQt(writer.errorString())};
+    const std::span bytes(reinterpret_cast<const std::uint8_t*>(file.constData()), std::size_t(file.size()));
+    if (!writeDataToFileAtURL(path, bytes, 0, Flush::later)) throw CommandError{path + ": cannot be written"};
 }
 
 } // namespace chromalog::drive
