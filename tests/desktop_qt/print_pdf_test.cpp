@@ -143,6 +143,8 @@ TEST_F(PrintedPdf, PageCountsFollowPaperSizeAndScale) {
         {"scale 0.5", half, 0, 320, 2},
         {"scale 2", twice, 0, 17, 1},
         {"scale 2", twice, 0, 18, 2},
+        {"long", {{842, 2000}}, 0, 1, 1},
+        {"nearly A4", {{596, 844}}, 0, 1, 1},
     };
     for (const auto& c : cases) {
         info() = c.info;

@@ -112,9 +112,13 @@ class PageSetupTest : public ServicesTest {
         FormOwner owner;
         owner.outlets = {{"window", &window}};
         form = desktop.loadForm("dialog", owner);
+        open();
+        ASSERT_NE(sheet, nullptr);
+    }
+    void open() {
+        delete sheet;
         desktop.runPageLayout(*window);
         sheet = desktop.widget("window")->findChild<QDialog*>("qt_pageSetup");
-        ASSERT_NE(sheet, nullptr);
     }
     void press(QDialogButtonBox::StandardButton button) {
         sheet->findChild<QDialogButtonBox*>()->button(button)->click();
@@ -135,6 +139,17 @@ TEST_F(PageSetupTest, TheSheetEditsTheSharedSettings) {
     EXPECT_EQ(info.left, 10.5);
     EXPECT_EQ(info.right, 36);
     EXPECT_EQ(info.scale, 1);
+}
+
+TEST_F(PageSetupTest, APaperThatNobodyChangedIsKept) {
+    press(QDialogButtonBox::Cancel);
+    const Size papers[] = {{842, 2000}, {2000, 842}, {842, 1190.5}, {595, 842}, {300.5, 200}, {500, 842}};
+    for (const Size& paper : papers) {
+        desktop.sharedPrintInfo().paper = paper;
+        open();
+        press(QDialogButtonBox::Ok);
+        EXPECT_EQ(desktop.sharedPrintInfo().paper, paper);
+    }
 }
 
 TEST_F(PageSetupTest, ACancelledSheetChangesNothing) {

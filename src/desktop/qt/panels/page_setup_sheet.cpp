@@ -57,19 +57,22 @@ class PageSetupSheet : public QDialog {
     }
 
   private:
-    /// The named papers, and the present one where it is none of them. Sizes in points, portrait.
+    /// The named papers, and the present one where it is none of them: accepted as it is, it stays as it is.
+    /// Sizes in points, portrait.
     void fillPapers() {
         const QSizeF now(std::min(info_.paper.w, info_.paper.h), std::max(info_.paper.w, info_.paper.h));
+        int present = -1;
         for (const QPageSize::PageSizeId id : papers) {
-            const QSizeF size = QPageSize::size(id, QPageSize::Point);
-            paper_->addItem(QPageSize::name(id), size);
-            if (std::abs(size.width() - now.width()) < 1 && std::abs(size.height() - now.height()) < 1)
-                paper_->setCurrentIndex(paper_->count() - 1);
+            const QSizeF size = QPageSize::size(id, QPageSize::Point), off = size - now;
+            const bool same = std::abs(off.width()) < 1 && std::abs(off.height()) < 1;
+            if (same) present = paper_->count();
+            paper_->addItem(QPageSize::name(id), same ? now : size);
         }
-        if ((paper_->currentData().toSizeF() - now).isNull()) return;
-        if (std::abs(paper_->currentData().toSizeF().width() - now.width()) < 1) return;
-        paper_->addItem(tr("%1 × %2 points").arg(now.width()).arg(now.height()), now);
-        paper_->setCurrentIndex(paper_->count() - 1);
+        if (present < 0) {
+            present = paper_->count();
+            paper_->addItem(tr("%1 × %2 points").arg(now.width()).arg(now.height()), now);
+        }
+        paper_->setCurrentIndex(present);
     }
 
     QDoubleSpinBox* addLength(QDoubleSpinBox* box, const char* name, double points) {

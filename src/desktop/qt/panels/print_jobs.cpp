@@ -65,7 +65,7 @@ PrintOutcome makePdf(const Operation& job, QByteArray& document, QWidget* window
     writer.setTitle(job.title);
     writer.setCreator(creator);
     writer.setResolution(pdfResolution);
-    writer.setPageLayout(paperOf(job.info));
+    writer.setPageLayout(paperOf(job.info, QPageSize::ExactMatch));
     QProgressDialog progress(QObject::tr("Printing…"), QObject::tr("Cancel"), job.first, job.last + 1,
                              window);
     progress.setWindowModality(Qt::WindowModal);
@@ -105,10 +105,10 @@ void takeAskedSheets(Operation& job, const QPrinter& printer) {
 
 } // namespace
 
-QPageLayout paperOf(const PrintInfo& info) {
+QPageLayout paperOf(const PrintInfo& info, QPageSize::SizeMatchPolicy match) {
     const bool landscape = info.paper.w > info.paper.h;
     const QSizeF portrait(std::min(info.paper.w, info.paper.h), std::max(info.paper.w, info.paper.h));
-    QPageLayout layout(QPageSize(portrait, QPageSize::Point, QString(), QPageSize::FuzzyMatch),
+    QPageLayout layout(QPageSize(portrait, QPageSize::Point, QString(), match),
                        landscape ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF());
     layout.setMode(QPageLayout::FullPageMode);
     return layout;

@@ -14,7 +14,8 @@ class QWidget;
 namespace chromalog {
 
 /// The paper of the shared settings, without margins: a job places its printable area itself, to the point.
-QPageLayout paperOf(const PrintInfo&);
+/// An exact match keeps a size that is nearly that of a named paper, which printers rather take.
+QPageLayout paperOf(const PrintInfo&, QPageSize::SizeMatchPolicy = QPageSize::FuzzyMatch);
 
 /// Runs print jobs: to the printer of the print dialog, or to a PDF file that was named beforehand.
 class PrintJobs {
