@@ -17,11 +17,14 @@ fail() {
   exit 1
 }
 
-# What failed, as one line: the first error in the log and where the rest is.
+# What failed, as one line: the first error in the log, else its last words (a missing command, a refused
+# password), and where the rest is. A server that could not be reached is why packages are not found.
 fail_with_log() {
-  local first
-  first=$(grep -m1 -A2 -E '^E: |^Error|CMake Error|error:|ld returned|cannot find' "$log" | tr -s '\n ' ' ' | cut -c1-300)
-  fail "$1 failed: ${first:-see the log} (all of it: $log)"
+  local errors='^E: |^Error|CMake Error|error:|undefined reference|final link failed|cannot find' cause server
+  cause=$(grep -m1 -A2 -E "$errors" "$log" || grep -v '^[[:space:]]*$' "$log" | tail -n 1)
+  server=$(grep -m1 -A1 '^Err:' "$log")
+  cause=$(printf '%s' "${cause:-no reason given}${server:+; $server}" | tr -s '\n ' ' ' | cut -c1-400)
+  fail "$1 failed: $cause (all of it: $log)"
 }
 
 as_root() {
@@ -62,7 +65,9 @@ install_homebrew() {
 
 # install_packages [tests]: the packages that building and running need, and those of the tests where asked.
 install_packages() {
-  mkdir -p "$build" || fail "cannot make $build"
+  local cause
+  cause=$(mkdir -p "$build" 2>&1) || fail "cannot make $build: ${cause##*: }"
+  cause=$({ : >"$log"; } 2>&1) || fail "cannot write $log: ${cause##*: }"
   # shellcheck disable=SC2086
   if command -v apt-get >/dev/null && command -v dpkg-query >/dev/null; then
     install_debian $tools_debian $libraries_debian $at_run_time_debian ${1:+$for_tests_debian}
