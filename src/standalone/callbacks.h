@@ -12,6 +12,7 @@ HandleProcs* handleProcs();
 BufferProcs* bufferProcs();
 PropertyProcs* propertyProcs();
 SPBasicSuite* basicSuite();
+void processEventCallback(void* event);
 std::int16_t colourServicesCallback(ColorServicesInfo* info);
 
 const PSBufferSuite1* bufferSuite1();

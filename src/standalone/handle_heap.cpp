@@ -20,6 +20,7 @@ void HandleHeap::dispose(Handle handle, const char* callback) {
     if (block->locks > 0) misuse(callback, *block, "is still locked");
     if (!block->memory.guardsIntact()) misuse(callback, *block, "was written past its ends");
     checkOldPlace(*block);
+    block->oldPlace.reset();
     block->memory = GuardedBlock(0);
     block->master = nullptr;
     block->disposed = true;
@@ -48,6 +49,7 @@ char* HandleHeap::lock(Handle handle) {
     Block* block = find(handle, "lockProc");
     if (!block || failing_ == Failing::lockProc) return nullptr;
     checkOldPlace(*block);
+    block->oldPlace.reset();
     ++block->locks;
     return block->master = block->memory.data();
 }
@@ -70,8 +72,10 @@ void HandleHeap::unlock(Handle handle) {
 }
 
 void HandleHeap::checkAfterCall(Handle kept) {
+    bool found = false;
     for (const auto& block : blocks_) {
         const bool isKept = &block->master == kept;
+        found = found || isKept;
         if (isKept && block->disposed) misuse("disposeProc", *block, "is still in the plug-in's slot");
         if (block->disposed) continue;
         checkOldPlace(*block);
@@ -82,6 +86,14 @@ void HandleHeap::checkAfterCall(Handle kept) {
         misuse("newProc", *block, "was not disposed of");
         block->disposed = true;
     }
+    if (kept && !found)
+        ledger_.misuse("PluginMain", "what the plug-in's slot holds is no handle of this host");
+}
+
+void HandleHeap::end() {
+    for (const auto& block : blocks_)
+        checkOldPlace(*block);
+    blocks_.clear();
 }
 
 HandleHeap::Block* HandleHeap::find(Handle handle, const char* callback) {
@@ -100,9 +112,9 @@ HandleHeap::Block* HandleHeap::find(Handle handle, const char* callback) {
 }
 
 void HandleHeap::checkOldPlace(Block& block) {
-    if (block.oldPlace && !block.oldPlace->stillPoisoned())
-        misuse("unlockProc", block, "was written after it was unlocked");
-    block.oldPlace.reset();
+    if (!block.oldPlace || block.oldPlace->stillPoisoned()) return;
+    misuse("unlockProc", block, "was written after it was unlocked");
+    block.oldPlace->poison(); // named once
 }
 
 void HandleHeap::misuse(const char* callback, const Block& block, const std::string& what) {

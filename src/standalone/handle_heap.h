@@ -11,7 +11,8 @@
 namespace chromalog::standalone {
 
 /// The host's moveable memory. A block really moves at its last unlock: the old place is filled with rubbish
-/// and watched until the next lock, and the master pointer is null while the block is not locked.
+/// and watched until the next lock, after the call as well, and the master pointer is null while the block is
+/// not locked.
 class HandleHeap {
   public:
     enum class Failing { nothing, newProc, lockProc };
@@ -29,8 +30,8 @@ class HandleHeap {
     /// Names what a finished call left behind. `kept` is what the plug-in stored in its slot: that block may
     /// live.
     void checkAfterCall(Handle kept);
-    /// Frees what is left at the end of the host run.
-    void clear() { blocks_.clear(); }
+    /// Names what was written since the last call, and frees what is left: the end of the host run.
+    void end();
 
   private:
     struct Block {

@@ -26,9 +26,9 @@ class Host {
 
     CallLedger ledger;
     HandleHeap handles{ledger};
-    BlockHeap buffers{ledger, "allocateProc"}; ///< of the older buffer callbacks
-    BlockHeap suiteBuffers{ledger, "New"};     ///< of the buffer suite
-    BlockHeap blocks{ledger, "AllocateBlock"}; ///< of the basic suite
+    BlockHeap buffers{ledger, "allocateProc", BlockHeap::Use::whileLocked}; ///< of the older buffer callbacks
+    BlockHeap suiteBuffers{ledger, "New"};                                  ///< of the buffer suite
+    BlockHeap blocks{ledger, "AllocateBlock"};                              ///< of the basic suite
     SuiteShelf suites{ledger};
     ColourServices colours;
 

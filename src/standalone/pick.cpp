@@ -27,7 +27,7 @@ void fillRecord(PickerRecord& record, const Host& host, const HeldColour& offere
     record.handleProcs = handleProcs();
     if (host.offersColourServices) record.colorServices = colourServicesCallback;
     if (host.offersProperties) record.propertyProcs = propertyProcs();
-    record.processEvent = uiHooksSuite(1)->processEvent;
+    record.processEvent = processEventCallback;
     record.errorString = errorString;
     record.monitor = sRgbMonitor();
     record.sSPBasic = basicSuite();
@@ -57,37 +57,48 @@ struct HostRun::Call {
 
 HostRun::~HostRun() {
     watchOldRecord();
-    host_.handles.clear();
+    host_.handles.end();
+}
+
+HostRun::Call& HostRun::newCall(GuardedBlock& block) {
+    std::memset(block.data(), 0, block.size());
+    Call& call = *new (block.data()) Call;
+    std::memset(&call, 0, sizeof call);
+    return call;
+}
+
+/// `unchanged`: whether the record holds what it held, but for the answer.
+void HostRun::endCall(GuardedBlock& block, bool unchanged) {
+    if (!block.guardsIntact() || !unchanged)
+        host_.ledger.misuse("PluginMain", "the record was changed outside the answer's fields");
+    block.poison();
+    oldCall_ = std::move(block);
 }
 
 HostRun::Answer HostRun::pick(const HeldColour& offered) {
     watchOldRecord();
     GuardedBlock block(sizeof(Call));
-    std::memset(block.data(), 0, block.size());
-    Call& call = *new (block.data()) Call;
-    std::memset(&call, 0, sizeof call);
+    Call& call = newCall(block);
     fillRecord(call.record, host_, offered, call.errorString);
     PickerRecord before;
     std::memcpy(&before, &call.record, sizeof before);
-
     enter(pickerSelectorPick, &call.record, call.result);
-
-    if (!block.guardsIntact() || !onlyAnswered(before, call.record))
-        host_.ledger.misuse("PluginMain", "the record was changed outside the answer's fields");
     Answer answer{call.result, offered, {}};
     std::copy_n(call.record.pickParms.colorComponents, 4, answer.colour.components.begin());
     if (call.result == errReportString)
         answer.error.assign(reinterpret_cast<const char*>(call.errorString) + 1, call.errorString[0]);
-    block.poison();
-    oldCall_ = std::move(block);
+    endCall(block, onlyAnswered(before, call.record));
     return answer;
 }
 
 void HostRun::about() {
-    AboutRecord record{};
-    record.sSPBasic = basicSuite();
-    std::int16_t result = 0;
-    enter(pickerSelectorAbout, &record, result);
+    watchOldRecord();
+    GuardedBlock block(sizeof(Call));
+    Call& call = newCall(block);
+    call.about.sSPBasic = basicSuite();
+    const AboutRecord before = call.about;
+    enter(pickerSelectorAbout, &call.about, call.result);
+    endCall(block, std::memcmp(&before, &call.about, sizeof before) == 0);
 }
 
 void HostRun::enter(std::int16_t selector, void* record, std::int16_t& result) {

@@ -14,7 +14,8 @@ namespace chromalog::standalone {
 class HostRun {
   public:
     HostRun(Host& host, PluginMainProc entry) : host_(host), entry_(entry) {}
-    /// Takes the memory in the slot back, as a host does when it ends.
+    /// Takes the memory in the slot back, as a host does when it ends. Outlives the plug-in's module, whose
+    /// last writes are then seen.
     ~HostRun();
 
     struct Answer {
@@ -29,6 +30,8 @@ class HostRun {
 
   private:
     struct Call;
+    static Call& newCall(GuardedBlock& block);
+    void endCall(GuardedBlock& block, bool unchanged);
     void enter(std::int16_t selector, void* record, std::int16_t& result);
     void watchOldRecord();
 

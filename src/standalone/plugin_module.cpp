@@ -3,6 +3,7 @@
 #include <dlfcn.h>
 #include <filesystem>
 #include <stdexcept>
+#include <utility>
 #ifdef __APPLE__
 #include <mach-o/dyld.h>
 #else
@@ -49,7 +50,11 @@ PluginModule::PluginModule(const std::string& path) {
 }
 
 PluginModule::~PluginModule() {
-    dlclose(library_);
+    unload();
+}
+
+void PluginModule::unload() {
+    if (void* const library = std::exchange(library_, nullptr)) dlclose(library);
 }
 
 std::string PluginModule::besideProgram() {

@@ -58,8 +58,7 @@ std::int16_t allocateBuffer64(std::int64_t size, BufferID* buffer) {
 // The record has two callbacks of the name lockProc: those of buffers are counted as "buffer lockProc".
 char* lockBuffer(BufferID buffer, std::uint8_t) {
     Host::current().ledger.count("buffer lockProc");
-    Host::current().buffers.lock(buffer, "buffer lockProc");
-    return reinterpret_cast<char*>(buffer);
+    return Host::current().buffers.lock(buffer, "buffer lockProc");
 }
 void unlockBuffer(BufferID buffer) {
     Host::current().ledger.count("buffer unlockProc");
@@ -123,6 +122,10 @@ BufferProcs* bufferProcs() {
 PropertyProcs* propertyProcs() {
     static PropertyProcs procs{1, 2, getProperty, setProperty};
     return &procs;
+}
+
+void processEventCallback(void*) {
+    Host::current().ledger.count("processEvent"); // the record's own: no suite need be held
 }
 
 std::int16_t colourServicesCallback(ColorServicesInfo* info) {

@@ -88,8 +88,7 @@ std::optional<int> failureOf(const Host& host, const HostRun::Answer& answer) {
     return std::nullopt;
 }
 
-int runPicks(Host& host, PluginMainProc entry, const CommandLine& line) {
-    HostRun run(host, entry);
+int runPicks(Host& host, HostRun& run, const CommandLine& line) {
     if (line.about) {
         run.about();
         return exitPicked;
@@ -125,10 +124,12 @@ int runProgram(const CommandLine& line) {
         if (line.verbose) sayWhatIsUsed(line, plugin);
         int exitCode = exitPicked;
         {
-            const PluginModule module(plugin);
-            exitCode = runPicks(host, module.entry(), line);
+            PluginModule module(plugin);
+            HostRun run(host, module.entry());
+            exitCode = runPicks(host, run, line);
+            module.unload(); // before the run ends: what it does meanwhile counts too
         }
-        reportMisuse(host); // the module is gone: what it did while it was unloaded counts too
+        reportMisuse(host);
         return misuseIsFatal() && !host.ledger.misuses().empty() ? exitMisuse : exitCode;
     } catch (const std::runtime_error& error) {
         say(error.what());

@@ -49,6 +49,7 @@ std::int32_t reallocateBlock(void* block, std::size_t size, void** newBlock) {
         host.ledger.misuse("ReallocateBlock", "null block pointer");
         return kSPBadParameterError;
     }
+    if (block && !host.blocks.has(block, "ReallocateBlock")) return kSPBadParameterError;
     void* const moved = host.blocks.allocate(size);
     if (!moved) return hostMemFullErr;
     if (block) {
@@ -120,6 +121,7 @@ const char* option(const char* key) {
 
 // The host's own counters are read without being counted themselves.
 std::int32_t callCount(const char* name) {
+    if (!name) Host::current().ledger.misuse("callCount", "null name");
     return name ? Host::current().ledger.calls(name) : 0;
 }
 std::int32_t misuseCount() {

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <chrono>
+#include <string>
 
 namespace chromalog::standalone {
 
@@ -14,12 +15,20 @@ void counted(const char* callback) {
     Host::current().suites.requireHeld(kPSUIHooksSuite, callback);
 }
 
+/// True where the pointer may be used; a null one is named.
+bool given(const void* pointer, const char* callback, const char* what) {
+    if (!pointer) Host::current().ledger.misuse(callback, std::string("null ") + what);
+    return pointer != nullptr;
+}
+
 void processEvent(void*) {
     counted("processEvent");
 }
-std::int16_t displayPixels(const void*, const void*, std::int32_t, std::int32_t, void*) {
+std::int16_t displayPixels(const void* source, const void* rect, std::int32_t, std::int32_t, void*) {
     counted("displayPixels");
-    return errPlugInHostInsufficient;
+    const bool pixels = given(source, "displayPixels", "pixels");
+    const bool place = given(rect, "displayPixels", "rectangle");
+    return pixels && place ? errPlugInHostInsufficient : hostParamErr;
 }
 void progressBar(std::int32_t, std::int32_t) {
     counted("progressBar");
@@ -34,8 +43,7 @@ std::intptr_t mainAppWindow() {
 }
 std::int32_t setCursor(const char* name) {
     counted("SetCursor");
-    if (!name) Host::current().ledger.misuse("SetCursor", "null name");
-    return name ? hostNoErr : hostParamErr;
+    return given(name, "SetCursor", "name") ? hostNoErr : hostParamErr;
 }
 std::uint32_t tickCount() {
     counted("TickCount");
@@ -43,17 +51,19 @@ std::uint32_t tickCount() {
     const auto now = std::chrono::steady_clock::now().time_since_epoch();
     return static_cast<std::uint32_t>(std::chrono::duration_cast<Ticks>(now).count());
 }
-std::int32_t getPluginName(void*, ASZString*) {
+std::int32_t getPluginName(void*, ASZString* name) {
     counted("GetPluginName");
-    return errPlugInHostInsufficient;
+    return given(name, "GetPluginName", "pointer to a name") ? errPlugInHostInsufficient : hostParamErr;
 }
-std::int32_t setPluginMenuEntry(void*, ASZString, std::uint32_t) {
+std::int32_t setPluginMenuEntry(void*, ASZString name, std::uint32_t) {
     counted("SetPluginMenuEntry");
-    return errPlugInHostInsufficient;
+    return given(name, "SetPluginMenuEntry", "name") ? errPlugInHostInsufficient : hostParamErr;
 }
-std::int32_t getLocalizedFileName(ASZString, ASZString*) {
+std::int32_t getLocalizedFileName(ASZString name, ASZString* localized) {
     counted("GetLocalizedFileName");
-    return errPlugInHostInsufficient;
+    const bool asked = given(name, "GetLocalizedFileName", "name");
+    const bool answered = given(localized, "GetLocalizedFileName", "pointer to a name");
+    return asked && answered ? errPlugInHostInsufficient : hostParamErr;
 }
 std::intptr_t mainAppRootWindow() {
     counted("MainAppRootWindow");

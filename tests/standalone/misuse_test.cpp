@@ -1,35 +1,14 @@
-// Every mistake that a plug-in can make with the host is counted and named.
-#include "standalone/callbacks.h"
-#include "standalone/conversion/closed_converter.h"
-#include "standalone/pick.h"
+// Every mistake that a plug-in can make with handles and records is counted and named.
+#include "standalone/misuse_support.h"
 
 #include <clocale>
-#include <gmock/gmock.h>
 #include <thread>
 
-namespace chromalog::standalone {
+namespace chromalog::standalone::test {
 namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using Body = void (*)(PickerRecord& record, std::intptr_t& slot);
-
-Body currentBody = nullptr;
-void entry(std::int16_t, void* record, std::intptr_t* data, std::int16_t*) {
-    currentBody(*static_cast<PickerRecord*>(record), *data);
-}
-
-/// What a host names after picks by a plug-in that does `body`.
-std::vector<std::string> misusesOf(Body body, int picks = 1) {
-    Host host(std::make_unique<ClosedConverter>());
-    currentBody = body;
-    {
-        HostRun run(host, entry);
-        for (int i = 0; i < picks; ++i)
-            run.pick({});
-    }
-    return {host.ledger.misuses().begin(), host.ledger.misuses().end()};
-}
 
 Handle newLocked(PickerRecord& record) {
     const Handle handle = record.handleProcs->newProc(100);
@@ -53,11 +32,6 @@ TEST(Misuse, NoneByAPlugInThatCleansUp) {
     };
     EXPECT_THAT(misusesOf(body, 2), IsEmpty());
 }
-
-struct Mistake {
-    Body body;
-    const char* named;
-};
 
 TEST(Misuse, HandlesAreNamed) {
     const Mistake mistakes[]{
@@ -111,82 +85,15 @@ TEST(Misuse, HandlesAreNamed) {
              char* stranger = nullptr;
              r.handleProcs->unlockProc(&stranger);
          },
-         "unlockProc: not a handle of this host"}};
-    for (const Mistake& mistake : mistakes)
-        EXPECT_THAT(misusesOf(mistake.body), ElementsAre(mistake.named));
-}
-
-TEST(Misuse, BlocksAndBuffersAreNamed) {
-    const Mistake mistakes[]{{[](PickerRecord& r, std::intptr_t&) {
-                                  void* block = nullptr;
-                                  r.sSPBasic->AllocateBlock(77, &block);
-                              },
-                              "AllocateBlock: a block of 77 bytes was not freed"},
-                             {[](PickerRecord& r, std::intptr_t&) {
-                                  void* block = nullptr;
-                                  r.sSPBasic->AllocateBlock(77, &block);
-                                  r.sSPBasic->FreeBlock(block);
-                                  EXPECT_EQ(r.sSPBasic->FreeBlock(block), kSPBadParameterError);
-                              },
-                              "FreeBlock: not a block of this host, or freed already"},
-                             {[](PickerRecord& r, std::intptr_t&) { r.sSPBasic->AllocateBlock(1, nullptr); },
-                              "AllocateBlock: null block pointer"},
-                             {[](PickerRecord& r, std::intptr_t&) {
-                                  BufferID buffer = nullptr;
-                                  r.bufferProcs->allocateProc(10, &buffer);
-                              },
-                              "allocateProc: a block of 10 bytes was not freed"},
-                             {[](PickerRecord& r, std::intptr_t&) {
-                                  BufferID buffer = nullptr;
-                                  r.bufferProcs->allocateProc(10, &buffer);
-                                  r.bufferProcs->lockProc(buffer, 0)[9] = 1;
-                                  r.bufferProcs->freeProc(buffer);
-                              },
-                              "freeProc: the block is still locked"},
-                             {[](PickerRecord& r, std::intptr_t&) {
-                                  BufferID buffer = nullptr;
-                                  r.bufferProcs->allocateProc(10, &buffer);
-                                  r.bufferProcs->lockProc(buffer, 0)[10] = 1;
-                                  r.bufferProcs->unlockProc(buffer);
-                                  r.bufferProcs->freeProc(buffer);
-                              },
-                              "freeProc: the block was written past its ends"}};
-    for (const Mistake& mistake : mistakes)
-        EXPECT_THAT(misusesOf(mistake.body), ElementsAre(mistake.named));
-}
-
-TEST(Misuse, ABufferOfASuiteThatIsNotHeldIsNamedTwice) {
-    const Body body = [](PickerRecord&, std::intptr_t&) { bufferSuite1()->New(nullptr, 3); };
-    EXPECT_THAT(misusesOf(body), ElementsAre("New: called while " kPSBufferSuite " is not acquired",
-                                             "New: a block of 3 bytes was not freed"));
-}
-
-TEST(Misuse, SuitesAreNamed) {
-    const Mistake mistakes[]{
-        {[](PickerRecord& r, std::intptr_t&) { r.sSPBasic->ReleaseSuite(kPSUIHooksSuite, 1); },
-         "ReleaseSuite: " kPSUIHooksSuite ", version 1 is not acquired"},
-        {[](PickerRecord& r, std::intptr_t&) {
-             const void* suite = nullptr;
-             r.sSPBasic->AcquireSuite(kPSUIHooksSuite, 1, &suite);
-             r.sSPBasic->ReleaseSuite(kPSUIHooksSuite, 2);
-             r.sSPBasic->ReleaseSuite(kPSUIHooksSuite, 1);
+         "unlockProc: not a handle of this host"},
+        {[](PickerRecord&, std::intptr_t& slot) { slot = 0x5eed; },
+         "PluginMain: what the plug-in's slot holds is no handle of this host"},
+        {[](PickerRecord& r, std::intptr_t& slot) {
+             const Handle handle = r.handleProcs->newProc(5);
+             slot = reinterpret_cast<std::intptr_t>(handle) + 1;
+             r.handleProcs->disposeProc(handle);
          },
-         "ReleaseSuite: " kPSUIHooksSuite ", version 2 is not acquired"},
-        {[](PickerRecord& r, std::intptr_t&) {
-             const void* suite = nullptr;
-             r.sSPBasic->AcquireSuite(kPSUIHooksSuite, 3, &suite);
-         },
-         "AcquireSuite: " kPSUIHooksSuite ", version 3 was not released"},
-        {[](PickerRecord& r, std::intptr_t&) {
-             const void* suite = nullptr;
-             r.sSPBasic->AcquireSuite(kPSUIHooksSuite, 1, &suite);
-             r.sSPBasic->ReleaseSuite(kPSUIHooksSuite, 1);
-             static_cast<const PSUIHooksSuite*>(suite)->TickCount();
-         },
-         "TickCount: called while " kPSUIHooksSuite " is not acquired"},
-        {[](PickerRecord& r, std::intptr_t&) { r.sSPBasic->AcquireSuite(kPSUIHooksSuite, 1, nullptr); },
-         "AcquireSuite: null suite pointer"},
-        {[](PickerRecord& r, std::intptr_t&) { r.sSPBasic->IsEqual("a", nullptr); }, "IsEqual: null text"}};
+         "PluginMain: what the plug-in's slot holds is no handle of this host"}};
     for (const Mistake& mistake : mistakes)
         EXPECT_THAT(misusesOf(mistake.body), ElementsAre(mistake.named));
 }
@@ -254,6 +161,40 @@ TEST(Misuse, WritingTheRecordOfAnEarlierCallIsNamed) {
     EXPECT_THAT(host.ledger.misuses(), ElementsAre("PluginMain: the record was written after the call"));
 }
 
+TEST(Misuse, WritingAnUnlockedHandleAfterTheCallIsNamed) {
+    static char* kept = nullptr;
+    Host host(std::make_unique<ClosedConverter>());
+    currentBody = [](PickerRecord& record, std::intptr_t& slot) {
+        const Handle handle = newLocked(record);
+        kept = *handle;
+        record.handleProcs->unlockProc(handle);
+        slot = reinterpret_cast<std::intptr_t>(handle);
+    };
+    {
+        HostRun run(host, entry);
+        run.pick({});
+        EXPECT_THAT(host.ledger.misuses(), IsEmpty());
+        *kept = 1;
+    }
+    EXPECT_THAT(host.ledger.misuses(), ElementsAre("unlockProc: handle 1 was written after it was unlocked"));
+}
+
+TEST(Misuse, TheAboutRecordIsWatchedAsWell) {
+    static AboutRecord* kept = nullptr;
+    Host host(std::make_unique<ClosedConverter>());
+    {
+        HostRun run(host, [](std::int16_t, void* record, std::intptr_t*, std::int16_t*) {
+            kept = static_cast<AboutRecord*>(record);
+            kept->reserved[7] = 1;
+        });
+        run.about();
+        kept->reserved[9] = 1;
+    }
+    EXPECT_THAT(host.ledger.misuses(),
+                ElementsAre("PluginMain: the record was changed outside the answer's fields",
+                            "PluginMain: the record was written after the call"));
+}
+
 TEST(Misuse, AChangedLocaleOfNumbersIsNamed) {
     const Body body = [](PickerRecord&, std::intptr_t&) { std::setlocale(LC_NUMERIC, "C.UTF-8"); };
     EXPECT_THAT(misusesOf(body),
@@ -272,4 +213,4 @@ TEST(Misuse, CallingOutsideACallOrOffTheMainThreadIsNamed) {
 }
 
 } // namespace
-} // namespace chromalog::standalone
+} // namespace chromalog::standalone::test

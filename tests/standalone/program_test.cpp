@@ -215,6 +215,13 @@ TEST(Program, MisuseIsNamedAndFatalInStrictRuns) {
     EXPECT_EQ(strict.exitCode, 4);
 }
 
+TEST(Program, WhatThePlugInWritesWhileItIsUnloadedIsSeen) {
+    const ProgramResult result = run({"--accept", "--picks", "2"}, "write late");
+    EXPECT_EQ(result.err,
+              "chromalog: misuse of the host: PluginMain: the record was written after the call\n");
+    EXPECT_EQ(result.exitCode, 4);
+}
+
 TEST(Program, EndsAsThePlugInAsksAndStartsNoFurtherPick) {
     const ProgramResult result = run({"--accept", "--picks", "3"}, "end with 7");
     EXPECT_EQ(result.exitCode, 7);

@@ -31,6 +31,12 @@ static void answer(PickerRecord* record, const StandaloneSuite* own) {
         record->pickParms.colorComponents[i] = (uint16_t)(65535 - record->pickParms.colorComponents[i]);
 }
 
+/* Written once more while the module is unloaded, where asked to. */
+static PickerRecord* lateRecord;
+__attribute__((destructor)) static void writeLate(void) {
+    if (lateRecord) lateRecord->pickParms.colorComponents[3] = 1;
+}
+
 static void report(PickerRecord* record, int16_t* result) {
     const char text[] = "the picker has no colours left";
     record->errorString[0] = sizeof text - 1;
@@ -55,6 +61,7 @@ void PluginMain(int16_t selector, void* parameters, intptr_t* data, int16_t* res
     if (wants("end with 7")) own->endWith(7);
     if (wants("report")) report(record, result);
     if (wants("fail")) *result = 12;
+    if (wants("write late")) lateRecord = record;
     record->sSPBasic->ReleaseSuite(kStandaloneSuite, kStandaloneSuiteVersion);
     if (!wants("leave locked")) record->handleProcs->unlockProc((Handle)*data);
 }
