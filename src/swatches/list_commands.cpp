@@ -123,7 +123,7 @@ void ListCommands::DispachSwatch(std::span<const std::uint8_t> data, CSwatchList
 
 void ListCommands::saveSwatch(ListNumber which) {
     const auto answer = [this, which](std::optional<std::string> path) {
-        if (!path) return;
+        if (!path || path->empty()) return; // an extension alone is no name
         std::vector<std::uint8_t> data;
         desk_.list(which).view.saveSwatches(data);
         writeDataToFileAtURL(acoPath(*path), data); // a failure is not reported

@@ -254,17 +254,20 @@ TEST_F(ListCommandsTest, ASaveProposesTheNameThatTheListWasLoadedUnder) {
     ASSERT_THAT(platform.savePanels, SizeIs(4));
     for (std::size_t i = 0; i < 4; ++i) {
         EXPECT_EQ(platform.savePanels[i].suggestedName, proposed[i]);
-        if (i > 0) EXPECT_EQ(acoPath(proposed[i]), proposed[i]) << "the file that is then written";
+        EXPECT_TRUE(i == 0 || acoPath(proposed[i]) == proposed[i]) << "the file that is then written";
     }
 }
 
 TEST_F(ListCommandsTest, ASaveThatFailsOrIsCancelledIsNotReported) {
     fillNumbered(swatch1, 2);
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.path()); // where a path without a folder would lie
     for (const auto& answer : {std::optional<std::string>(), std::optional(folder / "no/such/folder/x"),
                                std::optional<std::string>("")}) {
         commands.saveSwatch(ListNumber::one);
         platform.answerPanel(answer);
     }
+    std::filesystem::current_path(before);
     EXPECT_THAT(platform.alerts, IsEmpty());
     EXPECT_EQ(folder.entries(), 0);
 }
