@@ -75,8 +75,7 @@ Accessible luminosityView::accessible() const {
     a.role = Accessible::Role::slider;
     a.name = "Luminosity";
     a.value = accessibleColour(desk_.getSecondColor());
-    a.description =
-        "Brightness of the second color in percent. Arrow keys change it by 1, with Shift by 10.";
+    a.description = "Brightness of the second color in percent. Arrow keys change it by 1, with Shift by 10.";
     a.range = {percent(), 0, 100, 1};
     return a;
 }
