@@ -68,13 +68,6 @@ void SnapshotStack::invokeLast(Steps& steps, Phase phase) {
     phase_ = Phase::recording;
 }
 
-void SnapshotStack::removeAllActions() {
-    undo_.clear();
-    redo_.clear();
-    open_ = {};
-    groupDepth_ = 0;
-}
-
 std::vector<std::string> SnapshotStack::undoNames() const {
     std::vector<std::string> names;
     for (const Step& step : undo_)

@@ -38,7 +38,6 @@ class SnapshotStack {
     bool canRedo() const { return !redo_.empty(); }
     void undo(); ///< closes open groups first; nothing where there is no step
     void redo();
-    void removeAllActions();
 
     std::vector<std::string> undoNames() const; ///< the last is undone next
     std::vector<std::string> redoNames() const; ///< the first is redone next

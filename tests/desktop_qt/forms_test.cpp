@@ -8,10 +8,12 @@
 #include <QDir>
 #include <QLibraryInfo>
 #include <QPushButton>
+#include <QXmlStreamReader>
 
 #include <algorithm>
 #include <dlfcn.h>
 #include <set>
+#include <vector>
 
 using namespace chromalog;
 using namespace chromalog::test;
@@ -21,6 +23,40 @@ using testing::IsEmpty;
 using testing::UnorderedElementsAreArray;
 
 namespace {
+
+/// One named object of an interface file.
+struct FormName {
+    QString className;
+    QString name;   ///< the outlet
+    QString action; ///< the operation that it sends, or empty
+};
+
+/// Every widget and menu item of an interface file that is no decoration, in file order; read from the file's
+/// text, so that objects which cannot be made are listed too.
+std::vector<FormName> formNames(QIODevice& file) {
+    std::vector<FormName> all;
+    std::vector<std::size_t> open; // objects around the reader's place, as indices into `all`
+    bool inAction = false;
+    QXmlStreamReader xml(&file);
+    while (!xml.atEnd()) {
+        xml.readNext();
+        const bool object = xml.name() == u"widget" || xml.name() == u"action";
+        if (xml.isStartElement() && object) {
+            open.push_back(all.size());
+            all.push_back(
+                {xml.attributes().value("class").toString(), xml.attributes().value("name").toString(), {}});
+        } else if (xml.isEndElement() && object && !open.empty()) {
+            open.pop_back();
+        } else if (xml.isStartElement() && xml.name() == u"property") {
+            inAction = xml.attributes().value("name") == u"action";
+        } else if (xml.isStartElement() && xml.name() == u"string" && inAction && !open.empty()) {
+            all[open.back()].action = xml.readElementText();
+            inAction = false;
+        }
+    }
+    std::erase_if(all, [](const FormName& n) { return n.action.isEmpty() && isDecoration(n.name); });
+    return all;
+}
 
 /// The resources must be linked in before a form is read.
 class FormsTest : public DesktopTest {

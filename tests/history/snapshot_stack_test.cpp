@@ -119,14 +119,5 @@ TEST_F(SnapshotStackTest, EmptyGroupsAndStrayCallsRecordNothing) {
     EXPECT_FALSE(stack.canUndo());
 }
 
-TEST_F(SnapshotStackTest, RemovingAllActionsFreesEverything) {
-    change(1, "one");
-    change(2, "two");
-    stack.undo();
-    stack.removeAllActions();
-    EXPECT_FALSE(stack.canUndo() || stack.canRedo());
-    EXPECT_EQ(stack.heldBytes(), 0u);
-}
-
 } // namespace
 } // namespace chromalog

@@ -245,17 +245,4 @@ QWidget* QtDesktop::widget(std::string_view outlet) const {
     return nullptr;
 }
 
-QObject* QtDesktop::sender(std::string_view action) const {
-    QObject* item = nullptr;
-    for (const QtForm* form : forms_) {
-        for (QObject* object : form->window()->findChildren<QObject*>()) {
-            if (object->property("action").toString() != toQt(action)) continue;
-            const auto* control = qobject_cast<QWidget*>(object);
-            if (control && control->isVisible()) return object;
-            if (!control && !item) item = object;
-        }
-    }
-    return item;
-}
-
 } // namespace chromalog

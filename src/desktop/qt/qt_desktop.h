@@ -66,7 +66,6 @@ class QtDesktop : public Desktop {
 
     // For whoever drives or reports the dialog.
     QWidget* widget(std::string_view outlet) const; ///< of any loaded form, or null
-    QObject* sender(std::string_view action) const; ///< the visible control or menu item that sends it
     const std::vector<QtForm*>& forms() const { return forms_; }
     ModalLoops& modalLoops() { return modalLoops_; }
     FilePanels& panels() { return panels_; }
