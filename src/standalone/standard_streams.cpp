@@ -1,6 +1,7 @@
 #include "standalone/standard_streams.h"
 
 #include <cerrno>
+#include <csignal>
 #include <cstring>
 #include <fcntl.h>
 #include <iostream>
@@ -12,6 +13,7 @@ void holdStandardStreams() {
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
         if (fcntl(stream, F_GETFD) < 0) // open takes the lowest number that is free: this one
             open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+    std::signal(SIGPIPE, SIG_IGN);
 }
 
 std::string flushStandardOutput() {

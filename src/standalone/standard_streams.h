@@ -4,8 +4,9 @@
 
 namespace chromalog::standalone {
 
-/// Puts something in the place of a standard stream that is closed: else the next file that is opened, a
-/// window system's connection even, would take what is printed. Writing to it still fails.
+/// Makes every standard stream fail like a file. Something takes the place of one that is closed: else the
+/// next file that is opened, a window system's connection even, would take what is printed. A pipe that
+/// nobody reads any more is an error and does not end the program.
 void holdStandardStreams();
 
 /// Empty where everything printed so far has reached standard output; else what went wrong, in one line.

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <gmock/gmock.h>
+#include <unistd.h>
 
 namespace chromalog {
 namespace {
@@ -140,8 +141,12 @@ ProgramResult runTo(const std::string& where, const std::string& options) {
 }
 
 TEST(Program, WhereTheColourCannotBePrintedItIsSaidAndTheExitCodeIs2) {
-    const std::pair<const char*, const char*> cases[]{{" >/dev/full", "No space left on device"},
-                                                      {" >&-", "Bad file descriptor"}};
+    int pipe[2];
+    ASSERT_EQ(::pipe(pipe), 0);
+    ::close(pipe[0]); // nobody reads
+    const std::pair<std::string, const char*> cases[]{{" >/dev/full", "No space left on device"},
+                                                      {" >&-", "Bad file descriptor"},
+                                                      {" >&" + std::to_string(pipe[1]), "Broken pipe"}};
     for (const auto& [where, cause] : cases) {
         const ProgramResult result = runTo(where, "--color '#3366cc' --accept --picks 2");
         EXPECT_EQ(result.err, std::string("chromalog: cannot write to standard output: ") + cause +
@@ -151,6 +156,7 @@ TEST(Program, WhereTheColourCannotBePrintedItIsSaidAndTheExitCodeIs2) {
         EXPECT_EQ(help.err, std::string("chromalog: cannot write to standard output: ") + cause + "\n");
         EXPECT_EQ(help.exitCode, 2) << where;
     }
+    ::close(pipe[1]);
 }
 
 TEST(Program, ClosedStreamsDoNotPassToOtherFiles) {
