@@ -47,16 +47,20 @@ class ValueFieldsDesk {
     virtual void cmyk2Changed() = 0;
 };
 
-/// The four kinds of value field: each sends its own message on every edit.
-template <void (ValueFieldsDesk::*Changed)()> struct ValueText {
-    static void bind(TextField& field, ValueFieldsDesk& desk) {
-        field.onEdit = [&desk] { (desk.*Changed)(); };
+/// A kind of value field: its class, and the message that it sends on every edit.
+struct ValueText {
+    const char* className;
+    void (ValueFieldsDesk::*changed)();
+
+    void bind(TextField& field, ValueFieldsDesk& desk) const {
+        field.setClassName(className);
+        field.onEdit = [&desk, changed = changed] { (desk.*changed)(); };
     }
 };
-using rgb1Text = ValueText<&ValueFieldsDesk::rgb1Changed>;
-using rgb2Text = ValueText<&ValueFieldsDesk::rgb2Changed>;
-using cmyk1Text = ValueText<&ValueFieldsDesk::cmyk1Changed>;
-using cmyk2Text = ValueText<&ValueFieldsDesk::cmyk2Changed>;
+inline constexpr ValueText rgb1Text{"rgb1Text", &ValueFieldsDesk::rgb1Changed};
+inline constexpr ValueText rgb2Text{"rgb2Text", &ValueFieldsDesk::rgb2Changed};
+inline constexpr ValueText cmyk1Text{"cmyk1Text", &ValueFieldsDesk::cmyk1Changed};
+inline constexpr ValueText cmyk2Text{"cmyk2Text", &ValueFieldsDesk::cmyk2Changed};
 
 /// Makes the fields of both colours report their edits, and the first colour's RGB fields the end of one.
 void bindValueFields(ValueFields& first, ValueFields& second, ValueFieldsDesk&);

@@ -19,6 +19,8 @@ class Control {
     virtual bool enabled() const { return false; }
     virtual void setHidden(bool) {}
     virtual bool hidden() const { return false; }
+    /// Makes it a control of one of the dialog's own classes, for those who look at the dialog from outside.
+    virtual void setClassName(const char*) {}
 };
 
 /// Also labels and search fields. A field that a person is typing in keeps its text until its dialog's focus

@@ -73,6 +73,7 @@ class View : public DragSource {
     void setHost(ViewHost* host) { host_ = host; }
     bool connected() const { return host_ != nullptr; }
 
+    virtual const char* className() const { return "View"; }
     virtual bool isFlipped() const { return false; } ///< asked at every call: it changes while printing
     virtual void drawRect(Canvas&) = 0;
     virtual void sizeChanged() {} ///< after layOut gave the view another size

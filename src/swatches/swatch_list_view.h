@@ -47,6 +47,7 @@ class CSwatchList : public View {
     void initWithFrame(const Rect& frame);
     void initFromControler(); ///< after the array and the count are set
 
+    const char* className() const override { return "CSwatchList"; }
     bool isFlipped() const override { return true; }
     bool fromSwatch() const { return false; }
     void setScrollSize();                            ///< the frame's height fits all rows

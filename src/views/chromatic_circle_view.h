@@ -38,6 +38,7 @@ class chromaticCircleView : public View {
     Point selectedPoint() const { return selectedPoint_; }
     const HarmonyPoints& harmony() const { return harmony_; }
 
+    const char* className() const override { return "chromaticCircleView"; }
     void sizeChanged() override;
     void mouseDown(const MouseEvent& event) override { pick(event.location); }
     void mouseDragged(const MouseEvent& event) override { pick(event.location); }

@@ -25,6 +25,7 @@ class degradeView : public chartView {
   public:
     explicit degradeView(degradeDesk& desk) : chartView(desk) {}
 
+    const char* className() const override { return "degradeView"; }
     void drawRect(Canvas&) override;
     void printRect(Canvas&) override;
     const GradientCorners& corners() const { return corners_; }

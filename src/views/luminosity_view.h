@@ -20,6 +20,7 @@ class luminosityView : public View {
   public:
     explicit luminosityView(luminosityDesk& desk) : desk_(desk) {}
 
+    const char* className() const override { return "luminosityView"; }
     void drawRect(Canvas&) override;
     void setCursorWithColor(const Colour&); ///< redraws from the second colour; the argument plays no part
 

@@ -19,6 +19,7 @@ class myWell {
     myWell(const Outlet<ColorWell>& outlet, myWellDesk& desk) {
         if (!outlet.connected()) return;
         ColorWell& well = *outlet;
+        well.setClassName("myWell");
         well.onDrop = [&desk, &well](const DragInfo& drag) {
             desk.setFirstAndSecondFromDrop(drag.source, well);
         };

@@ -32,6 +32,7 @@ class toneView : public chartView {
   public:
     explicit toneView(toneDesk& desk) : chartView(desk), desk_(desk) {}
 
+    const char* className() const override { return "toneView"; }
     void drawRect(Canvas&) override;
     void printRect(Canvas&) override;
 

@@ -8,6 +8,7 @@
 #include "desktop/qt/drive/locate.h"
 #include "desktop/qt/drive/pointer.h"
 #include "desktop/qt/drive/settle.h"
+#include "desktop/qt/drive/state_outlets.h"
 
 #include <QEventLoop>
 #include <QLineEdit>
@@ -45,6 +46,33 @@ TEST_F(DriveParts, PositionsAreExactAndReachTheEdges) {
         if (view.calls[i] == "down") pressed.push_back(view.places[pressed.size() * 2]);
     EXPECT_THAT(pressed, ElementsAre(places[0], places[1], Point{10.25, 80 - (80 - 26.9)}, places[3],
                                      Point{7.125, 0}));
+}
+
+TEST_F(DriveParts, AControlHasTheClassThatItWasGivenWhateverItsName) {
+    writeDialog("dialog", "<widget class=\"QLineEdit\" name=\"firstR\"/>"
+                          "<widget class=\"QLineEdit\" name=\"amount\"/>"
+                          "<widget class=\"ColorWellWidget\" name=\"origFirstColor\"/>"
+                          "<widget class=\"ColorWellWidget\" name=\"paint\"/>");
+    Outlet<Window> window;
+    Outlet<TextField> amount, firstR;
+    Outlet<ColorWell> paint, origFirstColor;
+    const auto form = desktop.loadForm("dialog", {{{"window", &window},
+                                                   {"amount", &amount},
+                                                   {"firstR", &firstR},
+                                                   {"paint", &paint},
+                                                   {"origFirstColor", &origFirstColor}},
+                                                  {}});
+    ASSERT_TRUE(form);
+    amount->setClassName("amountText");
+    paint->setClassName("paintWell");
+    const QJsonObject outlets = outletsState();
+    const auto classOf = [&](const char* name) {
+        return outlets[QLatin1String(name)]["class"].toString().toStdString();
+    };
+    EXPECT_EQ(classOf("amount"), "amountText");
+    EXPECT_EQ(classOf("paint"), "paintWell");
+    EXPECT_EQ(classOf("firstR"), "QLineEdit");
+    EXPECT_EQ(classOf("origFirstColor"), "ColorWellWidget");
 }
 
 TEST_F(DriveParts, APressGivesTheFocusAsAPersonsDoes) {

@@ -2,6 +2,9 @@
 #include "e2e/driven_pick.h"
 #include "support/outlet_names.h"
 
+#include <map>
+#include <set>
+
 namespace chromalog::test {
 namespace {
 
@@ -171,6 +174,33 @@ TEST_F(DriveBasics, TheStateHoldsEveryOutletOfTheDialog) {
     for (const char* name : kDialogOutlets)
         isWhole(name);
     isWhole("protocolWindow"); // of the history panel
+}
+
+TEST_F(DriveBasics, TheStateNamesTheClassOfEveryOutlet) {
+    playWell("print $/list.pdf\npress printFirstSwatch:\nstate $/state.json\nok\n");
+    const json outlets = state()["outlets"];
+    std::map<std::string, std::set<std::string>> ofClass;
+    for (const auto& [name, outlet] : outlets.items())
+        ofClass[outlet["class"]].insert(name);
+    const std::pair<const char*, std::set<std::string>> own[] = {
+        {"rgb1Text", {"firstR", "firstG", "firstB"}},
+        {"rgb2Text", {"secondR", "secondG", "secondB"}},
+        {"cmyk1Text", {"firstC", "firstM", "firstY", "firstK"}},
+        {"cmyk2Text", {"secondC", "secondM", "secondY", "secondK"}},
+        {"myWell", {"origFirstColor", "origSecondColor"}},
+        {"chromaticCircleView", {"chromaView"}},
+        {"luminosityView", {"lumiView"}},
+        {"toneView", {"myToneView"}},
+        {"degradeView", {"myDegrade"}},
+        {"CSwatchList", {"swatch1", "swatch2"}},
+    };
+    for (const auto& [name, members] : own)
+        EXPECT_EQ(ofClass[name], members) << name;
+    // The others have the toolkit's class, or that of the widget that stands for the control.
+    EXPECT_EQ(outlets["colorName"]["class"], "QLineEdit");
+    EXPECT_EQ(outlets["origComplement"]["class"], "ColorWellWidget");
+    EXPECT_EQ(outlets["protocolWindow"]["class"], "DialogWindow");
+    EXPECT_EQ(outlets["NameCheck"]["class"], "QCheckBox");
 }
 
 TEST_F(DriveBasics, TheStateHoldsTheHostsSideOfThePick) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/controls.h"
+#include "desktop/qt/form_names.h"
 
 #include <QWidget>
 
@@ -24,6 +25,7 @@ class ColorWellWidget : public QWidget, public ColorWell {
     bool enabled() const override { return isEnabled(); }
     void setHidden(bool hidden) override { QWidget::setHidden(hidden); }
     bool hidden() const override { return isHidden(); }
+    void setClassName(const char* name) override { setProperty(kClassName, name); }
 
     QSize sizeHint() const override { return {44, 28}; }
     QSize minimumSizeHint() const override { return {24, 24}; }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/controls.h"
+#include "desktop/qt/form_names.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -20,6 +21,9 @@ template <typename ControlType, typename WidgetType> class WidgetControl : publi
         if (widget_) widget_->setHidden(hidden);
     }
     bool hidden() const override { return !widget_ || widget_->isHidden(); }
+    void setClassName(const char* name) override {
+        if (widget_) widget_->setProperty(kClassName, name);
+    }
 
   protected:
     QPointer<WidgetType> widget_;

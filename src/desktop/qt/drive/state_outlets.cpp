@@ -9,11 +9,6 @@
 #include "desktop/qt/drive/locate.h"
 #include "desktop/qt/form_names.h"
 #include "desktop/qt/view_widget.h"
-#include "swatches/swatch_list_view.h"
-#include "views/chromatic_circle_view.h"
-#include "views/degrade_view.h"
-#include "views/luminosity_view.h"
-#include "views/tone_view.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -25,36 +20,11 @@
 namespace chromalog::drive {
 namespace {
 
-/// Outlets whose class is no widget's: their name's beginning decides.
-struct NamedClass {
-    const char* beginning;
-    const char* letters; ///< the name goes on with one of these and ends; null: it ends with the beginning
-    const char* className;
-};
-
-constexpr NamedClass kNamedClasses[] = {
-    {"first", "RGB", "rgb1Text"},          {"first", "CMYK", "cmyk1Text"},
-    {"second", "RGB", "rgb2Text"},         {"second", "CMYK", "cmyk2Text"},
-    {"origFirstColor", nullptr, "myWell"}, {"origSecondColor", nullptr, "myWell"},
-};
-
-const char* viewClass(const View* view) {
-    if (dynamic_cast<const chromaticCircleView*>(view)) return "chromaticCircleView";
-    if (dynamic_cast<const luminosityView*>(view)) return "luminosityView";
-    if (dynamic_cast<const toneView*>(view)) return "toneView";
-    if (dynamic_cast<const degradeView*>(view)) return "degradeView";
-    if (dynamic_cast<const CSwatchList*>(view)) return "CSwatchList";
-    return "View";
-}
-
+/// The class that the dialog gave the control, or the view's; else the widget's own.
 QString classOf(const QWidget& widget) {
-    const QString name = widget.objectName();
-    for (const auto& [beginning, letters, className] : kNamedClasses) {
-        const QString rest = name.startsWith(QLatin1String(beginning)) ? name.mid(qstrlen(beginning)) : "?";
-        if (letters ? rest.size() == 1 && QLatin1String(letters).contains(rest.front()) : rest.isEmpty())
-            return className;
-    }
-    if (const auto* view = qobject_cast<const ViewWidget*>(&widget)) return viewClass(view->view());
+    if (const QVariant name = widget.property(kClassName); name.isValid()) return name.toString();
+    if (const auto* shown = qobject_cast<const ViewWidget*>(&widget))
+        return shown->view() ? shown->view()->className() : "View";
     return QString::fromLatin1(widget.metaObject()->className()).section("::", -1);
 }
 
