@@ -54,9 +54,10 @@ class DrivenPick : public testing::Test {
         return {number(16), number(20)};
     }
 
-    /// The host's command line with these options; a run that hangs is ended and fails by its exit code.
+    /// The host's command line with these options; a run that hangs is ended before its test is, and fails by
+    /// its exit code.
     std::vector<std::string> command(const std::vector<std::string>& options) const {
-        std::vector<std::string> words = {"timeout",         "-k",         "10",        "300",
+        std::vector<std::string> words = {"timeout",         "-k",         "5",         "45",
                                           CHROMALOG_PROGRAM, "--data-dir", file("data")};
         words.insert(words.end(), options.begin(), options.end());
         return words;

@@ -55,7 +55,7 @@ class OnXServer : public DrivenPick {
     /// Runs the shell script of that name against a dialog with these options.
     ProgramResult act(const std::string& script, std::vector<std::string> options,
                       std::vector<std::string> before = {}) {
-        std::vector<std::string> words = {"timeout", "-k", "10", "300"};
+        std::vector<std::string> words = {"timeout", "-k", "10", "150"};
         words.insert(words.end(), before.begin(), before.end());
         words.insert(words.end(), {"bash", std::string(CHROMALOG_X11_SCRIPTS) + "/" + script,
                                    CHROMALOG_PROGRAM, folder_.path(), "--data-dir", file("data")});
