@@ -51,6 +51,17 @@ TEST_F(ListDrags, ADragFromPastTheCountCarriesTheUnusedRecordAndPastTheArrayNoth
     EXPECT_THAT(platform.drags, SizeIs(1));
 }
 
+TEST_F(ListDrags, ANameGoesToItsFirstZero) {
+    fill(swatch1, {test::swatch(std::string_view("Sky\0blue", 8))});
+    swatch1.mouseDragged({{0, 0}});
+    ASSERT_THAT(platform.drags, SizeIs(1));
+    EXPECT_EQ(platform.drags[0].pasteboard.text, "Sky");
+    EXPECT_EQ(platform.generalPasteboard().text, "Sky");
+    swatch1.performDragOperation(dropOf(Colour(), 0));
+    ASSERT_THAT(platform.alerts, SizeIs(1));
+    EXPECT_EQ(platform.alerts[0].informative, "Sky") << "of the swatch that the dropped colour equals";
+}
+
 TEST_F(ListDrags, OnlyOfferedColoursAreTaken) {
     DragInfo info = dropOf(Colour(), 0);
     EXPECT_EQ(swatch1.draggingEntered(info), DragOperation::copy);

@@ -143,6 +143,7 @@ TEST(ListEdits, NamesAreAsciiWithTheTextsOwnLength) {
         {"Red", 3, "Red"},
         {"Zo\u00eb", 3, "Zoe"},
         {"\u5927", 1, "?"},
+        {"Zoe\u0308 a\u0301", 7, "Zoe a"}, // the accents count, and leave nothing
         {"\U0001F3A8x", 3, "??x"},
         {std::string(255, 'a'), 255, std::string(255, 'a')},
         {std::string(300, 'a'), 300 - 256, std::string(255, 'a')},

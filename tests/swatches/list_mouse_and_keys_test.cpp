@@ -32,6 +32,18 @@ TEST_F(ListMouseAndKeys, AClickBelowTheLastRowSelectsPastTheCount) {
     EXPECT_EQ(swatch1.getNumberOfColors(), 2);
 }
 
+TEST_F(ListMouseAndKeys, JustPastTheLastRowThereIsNothingToDelete) {
+    fillNumbered(swatch1, 2);
+    data->swatchList1[2] = data->swatchList1[3] = test::swatch("unused");
+    const auto before = std::make_unique<GlobalRecord>(*data);
+    swatch1.setSelectedColor(2);
+    swatch1.deleteEntry();
+    EXPECT_TRUE(press(Key::deleteKey));
+    EXPECT_THAT(labels, IsEmpty());
+    EXPECT_EQ(swatch1.getNumberOfColors(), 2);
+    EXPECT_EQ(std::memcmp(before.get(), data.get(), sizeof *data), 0);
+}
+
 TEST_F(ListMouseAndKeys, TheRightButtonSelectsAndOpensTheListsOwnMenuOnly) {
     fillNumbered(swatch2, 5);
     host2.redisplays = 0;

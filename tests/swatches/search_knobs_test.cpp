@@ -50,6 +50,17 @@ TEST_F(SearchKnobsTest, SearchesAQuarterOfASecondAfterTheLastKeystroke) {
     EXPECT_THAT(platform.sounds, ElementsAre("Frog"));
 }
 
+TEST_F(SearchKnobsTest, NothingIsSearchedBeforeTheQuarterOfASecondIsOver) {
+    field1.type("Blue"); // the timer starts
+    platform.advance(0.2495);
+    EXPECT_THAT(swatch1.hits(), IsEmpty());
+    field1.type("blue"); // it is moved
+    platform.advance(0.2495);
+    EXPECT_THAT(swatch1.hits(), IsEmpty());
+    platform.advance(0.001);
+    EXPECT_THAT(swatch1.hits(), SizeIs(1));
+}
+
 TEST_F(SearchKnobsTest, TypingAgainAfterASearchSearchesAgain) {
     field1.type("Blue");
     platform.advance(1);
