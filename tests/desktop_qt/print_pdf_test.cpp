@@ -15,8 +15,10 @@
 #include <QPrintDialog>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QSpinBox>
 #include <QTimer>
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <csignal>
 #include <cstdlib>
@@ -348,17 +350,37 @@ void inPrintDialog(std::function<void(QPrintDialog&)> person) {
     });
 }
 
+void printToFile(QPrintDialog& dialog, const std::string& path) {
+    dialog.findChild<QLineEdit*>("filename")->setText(QString::fromStdString(path));
+    for (QAbstractButton* button : dialog.findChild<QDialogButtonBox*>()->buttons())
+        if (dialog.findChild<QDialogButtonBox*>()->buttonRole(button) == QDialogButtonBox::AcceptRole)
+            button->click();
+}
+
 TEST_F(PrintedPdf, ThePrintDialogPrintsToAFile) {
-    inPrintDialog([&](QPrintDialog& dialog) {
-        dialog.findChild<QLineEdit*>("filename")->setText(QString::fromStdString(pdf));
-        for (QAbstractButton* button : dialog.findChild<QDialogButtonBox*>()->buttons())
-            if (dialog.findChild<QDialogButtonBox*>()->buttonRole(button) == QDialogButtonBox::AcceptRole)
-                button->click();
-    });
+    inPrintDialog([&](QPrintDialog& dialog) { printToFile(dialog, pdf); });
     list.setNumberOfColors(77);
     printSwatchList(list, desk);
     EXPECT_EQ(desk.paper.outcome, PrintOutcome::printed);
     EXPECT_EQ(PdfDocument(pdf).pages(), 2);
+}
+
+TEST_F(PrintedPdf, OfThreePagesTheSecondAloneCanBePrinted) {
+    inPrintDialog([&](QPrintDialog& dialog) {
+        dialog.findChild<QRadioButton*>("printRange")->click();
+        for (const char* name : {"from", "to"})
+            dialog.findChild<QSpinBox*>(name)->setValue(2);
+        printToFile(dialog, pdf);
+    });
+    list.setNumberOfColors(160);
+    printSwatchList(list, desk);
+    EXPECT_EQ(desk.paper.outcome, PrintOutcome::printed);
+    const PdfDocument document(pdf);
+    ASSERT_EQ(document.pages(), 1);
+    std::string footer;
+    for (const test::PdfWord& word : document.words(1))
+        footer += word.text + ' ';
+    EXPECT_THAT(footer, testing::HasSubstr("page 2/3"));
 }
 
 TEST_F(PrintedPdf, ThePrintDialogCanBeCancelled) {

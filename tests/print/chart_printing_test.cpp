@@ -73,6 +73,32 @@ TEST(TonePage, RowsAreSectorsFromTheLastAndColumnsRingsFromTheOutermost) {
     EXPECT_EQ(textsOf(page.cells.back()), (std::array<std::string, 3>{"R: 25", "G: 178", "B: 76"}));
 }
 
+/// Tells when something is drawn.
+class WatchedCanvas : public test::RecordingCanvas {
+  public:
+    WatchedCanvas(Size sheet, std::function<void()> onDraw)
+        : RecordingCanvas(false, {0, 0, sheet.w, sheet.h}), onDraw_(std::move(onDraw)) {}
+    void fillRect(const Rect& r) override {
+        onDraw_();
+        RecordingCanvas::fillRect(r);
+    }
+
+  private:
+    std::function<void()> onDraw_;
+};
+
+/// A printer that looks at the charts while it paints.
+class WatchingScreen : public test::HeadlessDesktop {
+  public:
+    std::function<void()> onDraw;
+    PrintOutcome runPrintOperation(const PrintJob& job) override {
+        const PrintPages pages = job.layOut(printInfo);
+        WatchedCanvas paper(pages.sheet, onDraw);
+        pages.paint(0, paper);
+        return PrintOutcome::printed;
+    }
+};
+
 class ChartPrinting : public testing::Test, public toneDesk {
   protected:
     ChartPrinting() {
@@ -145,6 +171,22 @@ TEST_F(ChartPrinting, OnALowPageLabelsRemainWithoutPatches) {
     EXPECT_TRUE(
         std::ranges::none_of(sheet, [](const Primitive& p) { return p.kind == Primitive::Kind::fillRect; }));
     EXPECT_EQ(sheet.size(), 256u * 3);
+}
+
+TEST_F(ChartPrinting, BothChartsCountAsPrintingWhileEitherIsPainted) {
+    for (const int state : {0, 1}) {
+        int draws = 0;
+        WatchingScreen printer;
+        printer.onDraw = [&] {
+            ++draws;
+            EXPECT_TRUE(tone.isPrinting() && tone.isFlipped()) << state;
+            EXPECT_TRUE(gradient.isPrinting() && gradient.isFlipped()) << state;
+        };
+        printToneOrDegrade(gradient, tone, state, printer);
+        EXPECT_GT(draws, 100);
+        EXPECT_FALSE(tone.isPrinting()) << state;
+        EXPECT_FALSE(gradient.isPrinting()) << state;
+    }
 }
 
 TEST_F(ChartPrinting, AfterACancelledOrFailedJobTheViewsAreAsBefore) {

@@ -138,10 +138,12 @@ TEST_F(ListPrinting, SettingsChangedInThePrintDialogCount) {
 
 TEST_F(ListPrinting, OnTooSmallAPaperOneAlertAndNothingPrinted) {
     const PrintInfo cases[] = {
-        {{206, 792}, 36, 36, 36, 36, 1}, // one point short of a column
-        {{612, 141}, 36, 36, 36, 36, 1}, // one point short of a row
-        {{612, 792}, 36, 36, 36, 36, 5}, // not even one column at this scale
-        {{60, 60}, 36, 36, 36, 36, 1},   // margins wider than the paper
+        {{206, 792}, 36, 36, 36, 36, 1},   // one point short of a column
+        {{612, 141}, 36, 36, 36, 36, 1},   // one point short of a row
+        {{612, 792}, 36, 36, 36, 36, 5},   // not even one column at this scale
+        {{60, 60}, 36, 36, 36, 36, 1},     // margins wider than the paper
+        {{206, 792}, 36, 36, 36, 36, 0.5}, // scaled it has two columns, but the view is given unscaled pages
+        {{612, 141}, 36, 36, 36, 36, 0.5}, // the same with rows
     };
     for (const PrintInfo& info : cases) {
         dialog.screen.alerts.clear();
