@@ -135,6 +135,13 @@ TEST(Misuse, SuitesAreNamed) {
          "AcquireSuite: " kPSUIHooksSuite ", version 3 was not released"},
         {[](PickerRecord& r, std::intptr_t&) {
              const void* suite = nullptr;
+             r.sSPBasic->AcquireSuite(kPSUIHooksSuite, 2, &suite);
+             r.sSPBasic->AcquireSuite(kPSUIHooksSuite, 2, &suite);
+             r.sSPBasic->ReleaseSuite(kPSUIHooksSuite, 2); // one for two
+         },
+         "AcquireSuite: " kPSUIHooksSuite ", version 2 was not released"},
+        {[](PickerRecord& r, std::intptr_t&) {
+             const void* suite = nullptr;
              r.sSPBasic->AcquireSuite(kPSUIHooksSuite, 1, &suite);
              r.sSPBasic->ReleaseSuite(kPSUIHooksSuite, 1);
              static_cast<const PSUIHooksSuite*>(suite)->TickCount();

@@ -228,6 +228,14 @@ TEST(Program, WhatThePlugInWritesWhileItIsUnloadedIsSeen) {
     EXPECT_EQ(result.exitCode, 4);
 }
 
+TEST(Program, WhatThePlugInCallsWhileItIsUnloadedIsSeen) {
+    const ProgramResult result = run({"--accept", "--color", "#3366cc"}, "call late");
+    EXPECT_EQ(result.err,
+              "chromalog: misuse of the host: IsEqual: called while no call of the plug-in runs\n");
+    EXPECT_EQ(result.out, "#cc9933\n");
+    EXPECT_EQ(result.exitCode, 4);
+}
+
 TEST(Program, EndsAsThePlugInAsksAndStartsNoFurtherPick) {
     const ProgramResult result = run({"--accept", "--picks", "3"}, "end with 7");
     EXPECT_EQ(result.exitCode, 7);

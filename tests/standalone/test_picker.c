@@ -31,10 +31,12 @@ static void answer(PickerRecord* record, const StandaloneSuite* own) {
         record->pickParms.colorComponents[i] = (uint16_t)(65535 - record->pickParms.colorComponents[i]);
 }
 
-/* Written once more while the module is unloaded, where asked to. */
+/* Written once more, and called once more, while the module is unloaded, where asked to. */
 static PickerRecord* lateRecord;
-__attribute__((destructor)) static void writeLate(void) {
+static SPBasicSuite* lateBasic;
+__attribute__((destructor)) static void beLate(void) {
     if (lateRecord) lateRecord->pickParms.colorComponents[3] = 1;
+    if (lateBasic) lateBasic->IsEqual("one", "other");
 }
 
 static void report(PickerRecord* record, int16_t* result) {
@@ -62,6 +64,7 @@ void PluginMain(int16_t selector, void* parameters, intptr_t* data, int16_t* res
     if (wants("report")) report(record, result);
     if (wants("fail")) *result = 12;
     if (wants("write late")) lateRecord = record;
+    if (wants("call late")) lateBasic = record->sSPBasic;
     record->sSPBasic->ReleaseSuite(kStandaloneSuite, kStandaloneSuiteVersion);
     if (!wants("leave locked")) record->handleProcs->unlockProc((Handle)*data);
 }
