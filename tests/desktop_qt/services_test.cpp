@@ -184,6 +184,23 @@ TEST_F(ToolkitLife, NumbersAreReadAsBefore) {
     EXPECT_EQ(std::setlocale(LC_NUMERIC, nullptr), before);
 }
 
+TEST_F(ToolkitLife, EveryCategoryOfTheLocaleIsAsBefore) {
+    const int categories[] = {LC_COLLATE, LC_CTYPE, LC_MESSAGES, LC_MONETARY, LC_NUMERIC, LC_TIME};
+    setenv("LC_ALL", "C.UTF-8", 1); // what the toolkit sets
+    std::setlocale(LC_ALL, "C");
+    { const ApplicationGuard guard; }
+    for (const int category : categories)
+        EXPECT_STREQ(std::setlocale(category, nullptr), "C") << category;
+    for (const int changed : categories) {
+        std::setlocale(LC_ALL, "C");
+        ASSERT_NE(std::setlocale(changed, "C.UTF-8"), nullptr);
+        { const ApplicationGuard guard; }
+        for (const int category : categories)
+            EXPECT_STREQ(std::setlocale(category, nullptr), category == changed ? "C.UTF-8" : "C")
+                << category;
+    }
+}
+
 TEST_F(ToolkitLife, WithoutAScreenTheToolkitIsNotTried) {
     EXPECT_TRUE(DisplayProbe().available()); // the platform without a screen
     const std::string platform = getenv("QT_QPA_PLATFORM");

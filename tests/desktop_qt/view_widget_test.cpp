@@ -12,6 +12,7 @@
 
 using namespace chromalog;
 using namespace chromalog::test;
+using testing::Contains;
 using testing::ElementsAre;
 
 namespace {
@@ -188,6 +189,30 @@ TEST_F(ViewWidgetTest, AListIsReadAsRows) {
     EXPECT_EQ(accessible->childCount(), 0);
 }
 
+TEST_F(ViewWidgetTest, ARowIsFoundUnderAPointOfTheScreen) {
+    ListView list;
+    widget.move(50, 70);
+    widget.resize(100, 120);
+    widget.setView(&list, &desktop);
+    widget.show();
+    auto* accessible = QAccessible::queryAccessibleInterface(&widget);
+    const auto nameAt = [&](int x, int y) {
+        const QPoint at = widget.mapToGlobal(QPoint(x, y));
+        const QAccessibleInterface* row = accessible->childAt(at.x(), at.y());
+        return row ? row->text(QAccessible::Name).toStdString() : "none";
+    };
+    EXPECT_EQ(nameAt(0, 0), "row 0");
+    EXPECT_EQ(nameAt(99, 21), "row 0");
+    EXPECT_EQ(nameAt(5, 22), "row 1");
+    EXPECT_EQ(nameAt(5, 65), "row 2");
+    EXPECT_EQ(nameAt(5, 66), "none") << "below the last row";
+    EXPECT_EQ(nameAt(100, 30), "none") << "beside the list";
+    EXPECT_EQ(nameAt(5, -1), "none");
+    const QRect second = accessible->child(1)->rect();
+    EXPECT_EQ(accessible->childAt(second.center().x(), second.center().y()), accessible->child(1));
+    widget.setView(nullptr);
+}
+
 TEST_F(ViewWidgetTest, TheMenuKeyOpensTheSelectedRowsMenu) {
     ListView list;
     widget.resize(100, 80);
@@ -228,6 +253,35 @@ TEST_F(ScrollTest, TheListIsAsWideAsTheClipAndKnowsIt) {
     EXPECT_FALSE(list.calls.empty());
     EXPECT_EQ(list.frame().w, area.viewport()->width());
     EXPECT_EQ(list.superviewBounds()->h, clip());
+}
+
+TEST_F(ScrollTest, TheListIsToldOfAHigherClipOfTheSameWidth) {
+    list.fit(1000); // its own height does not follow the clip's
+    const double width = list.frame().w;
+    list.calls.clear();
+    area.resize(area.width(), area.height() + 50);
+    EXPECT_THAT(list.calls, Contains("size"));
+    EXPECT_EQ(list.frame().w, width);
+    EXPECT_EQ(list.superviewBounds()->h, clip());
+}
+
+TEST_F(ScrollTest, TheGroundIsWhiteOnADarkDesktopToo) {
+    const QPalette light = QApplication::palette();
+    QApplication::setPalette(QPalette(QColor(30, 30, 30)));
+    ListScrollArea dark;
+    auto* shown = new ViewWidget;
+    ListView unpainted;
+    dark.setWidget(shown);
+    dark.resize(200, 300);
+    ASSERT_LT(dark.palette().color(QPalette::Window).lightness(), 50);
+    shown->setView(&unpainted, &desktop);
+    unpainted.fit(300);
+    dark.show();
+    const QImage picture = dark.viewport()->grab().toImage();
+    EXPECT_EQ(picture.pixelColor(1, 1), QColor(Qt::white));
+    EXPECT_EQ(picture.pixelColor(picture.width() / 2, picture.height() - 2), QColor(Qt::white));
+    shown->setView(nullptr);
+    QApplication::setPalette(light);
 }
 
 TEST_F(ScrollTest, TheScrollerShowsTheContentAtItsShareOfTheWay) {

@@ -169,6 +169,33 @@ TEST_F(DriveColours, TheStripsEdgesAreItsDarkestAndBrightest) {
     EXPECT_NEAR(bright["secondColor"][0], 1.0 / 3, 1e-6);
 }
 
+TEST_F(DriveColours, ASweepIsAPressAndItsNumberOfMoves) {
+    playWell("state $/start.json\nclick chromaView 100 90\nstate $/click.json\n"
+             "sweep chromaView 100 90 140 130 1\nstate $/one.json\n"
+             "sweep chromaView 100 90 140 130 7\nstate $/seven.json\n",
+             {"--color-services", "closed"});
+    const auto conversions = [&](const char* name) {
+        return state(name)["host"]["calls"]["colorServices"].get<int>();
+    };
+    const int pick = conversions("click.json") - conversions("start.json");
+    ASSERT_GT(pick, 0) << "the wheel asks the host at every pick";
+    EXPECT_EQ(conversions("one.json") - conversions("click.json"), (1 + 1) * pick);
+    EXPECT_EQ(conversions("seven.json") - conversions("one.json"), (1 + 7) * pick);
+    EXPECT_EQ(state("seven.json")["wheel"]["selectedPoint"], (json{140.0, 130.0}));
+}
+
+TEST_F(DriveColours, TheStateTellsTheAngleOfTheWheelsPoint) {
+    playWell("state $/start.json\n");
+    const double half = state("start.json")["wheel"]["size"][0].get<double>() / 2;
+    const std::string middle = std::to_string(half), side = std::to_string(half / 2);
+    playWell("click chromaView " + middle + " " + std::to_string(half * 1.5) + "\nstate $/up.json\n" +
+             "click chromaView " + side + " " + middle + "\nstate $/left.json\n");
+    EXPECT_NEAR(state("up.json")["alpha2"], 90, 0.01);
+    EXPECT_NEAR(state("left.json")["alpha2"], 180, 0.01);
+    for (const char* name : {"start.json", "up.json", "left.json"})
+        EXPECT_EQ(state(name)["alpha1"], 55.0) << name;
+}
+
 TEST_F(DriveColours, HarmonyModesToggleOrStay) {
     playWell("press complementOn:\nstate $/1.json\npress complementOn:\nstate $/2.json\n"
              "press quadriOn:\nstate $/3.json\npress quadriOn:\nstate $/4.json\n");

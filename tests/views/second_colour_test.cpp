@@ -210,6 +210,21 @@ TEST_F(SecondColour, AClickInTheToneChartChangesNoWorkingColour) {
     });
 }
 
+TEST_F(SecondColour, TheSliderAndTheModeMarkTheToneChartAlone) {
+    inDialog([&](ChromalogControler&) {
+        const auto marks = [&](const char* name) {
+            return dynamic_cast<HeadlessViewHost&>(*view(name).host()).redisplays;
+        };
+        for (const char* action : {"changeTone:", "switchAbs:"}) {
+            const int tone = marks("myToneView"), gradient = marks("myDegrade"), wheel = marks("chromaView");
+            press(action);
+            EXPECT_EQ(marks("myToneView"), tone + 1) << action;
+            EXPECT_EQ(marks("myDegrade"), gradient) << action;
+            EXPECT_EQ(marks("chromaView"), wheel) << action;
+        }
+    });
+}
+
 TEST_F(SecondColour, TheToneChartFollowsItsSliderAndItsMode) {
     inDialog([&](ChromalogControler& c) {
         View& tone = view("myToneView");
