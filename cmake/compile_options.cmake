@@ -7,4 +7,12 @@ endif()
 if(CHROMALOG_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
+elseif(CMAKE_SYSTEM_NAME STREQUAL "Linux")
+  # Hardening: files from anywhere are read in the host's process.
+  include(CheckCXXCompilerFlag)
+  check_cxx_compiler_flag(-fcf-protection CHROMALOG_HAS_CF_PROTECTION) # x86 alone
+  set(optimised $<NOT:$<CONFIG:Debug>>) # checked calls need an optimising compiler
+  add_compile_options(-fstack-protector-strong $<${optimised}:-U_FORTIFY_SOURCE> $<${optimised}:-D_FORTIFY_SOURCE=2>
+    $<$<BOOL:${CHROMALOG_HAS_CF_PROTECTION}>:-fcf-protection>)
+  add_link_options(-Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
 endif()

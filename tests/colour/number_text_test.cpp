@@ -89,7 +89,7 @@ class CommaLocale {
             << "<code_set_name> UTF-8\n<mb_cur_min> 1\n<mb_cur_max> 1\nCHARMAP\n"
                "<U002C> /x2c COMMA\nEND CHARMAP\n";
         // It complains of all that the locale lacks, and makes what there is.
-        std::system(
+        [[maybe_unused]] const int complained = std::system(
             ("cd '" + folder_.path() + "' && localedef -c -i source -f ./charmap ./comma >/dev/null 2>&1")
                 .c_str());
         ::setenv("LOCPATH", folder_.path().c_str(), 1);

@@ -1,78 +1,21 @@
 // The plug-in's module in a strict host: each check runs in a process of its own and must leave no misuse.
-#include "host/global_record.h"
-#include "plugin/elf_symbols.h"
-#include "standalone/callbacks.h"
-#include "standalone/conversion/closed_converter.h"
-#include "standalone/pick.h"
-#include "standalone/plugin_module.h"
-
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <gmock/gmock.h>
-#include <unistd.h>
+#include "plugin/elf_file.h"
+#include "plugin/plugin_check.h"
 
 namespace chromalog::standalone {
 namespace {
 
-namespace fs = std::filesystem;
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 constexpr std::array<std::uint16_t, 4> kDefaultFirstColour{58981, 19660, 6553,
                                                            0}; // 0.9 0.3 0.1, cut to 16 bits
-const HeldColour kOffered{Space::rgb, {0x12FF, 0x3400, 0xFFFF, 77}};
-
 std::array<std::uint16_t, 4> withFourth(std::array<std::uint16_t, 4> components, std::uint16_t fourth) {
     components[3] = fourth;
     return components;
 }
 
-struct PlugInCheck : ::testing::Test {
-    PlugInCheck() {
-        fs::create_directories(folder / "runtime");
-        fs::permissions(folder / "runtime", fs::perms::owner_all);
-        for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "CHROMALOG_DATA_DIR", "CHROMALOG_FORMS"})
-            unsetenv(name);
-        setenv("QT_QPA_PLATFORM", "offscreen", 1);
-        setenv("XDG_RUNTIME_DIR", (folder / "runtime").c_str(), 1);
-        setenv("XDG_CONFIG_HOME", (folder / "config").c_str(), 1);
-        host.options = {{"data-dir", (folder / "data").string()}, {"accept", "1"}};
-    }
-    ~PlugInCheck() override {
-        EXPECT_THAT(host.ledger.misuses(), IsEmpty());
-        fs::remove_all(folder);
-    }
-
-    HostRun::Answer pick(const HeldColour& offered = kOffered) {
-        const PluginModule module(CHROMALOG_MODULE);
-        HostRun run(host, module.entry());
-        return run.pick(offered);
-    }
-
-    fs::path preferences() const { return folder / "data/Quorvex/com_Quorvex_Chromalog_64_3-50.prf"; }
-
-    const fs::path folder = fs::path(::testing::TempDir()) / ("plugin_check_" + std::to_string(getpid()));
-    Host host{std::make_unique<ClosedConverter>()};
-};
-
-/// The host's view of the plug-in's memory between two picks.
-struct SlotMemory {
-    explicit SlotMemory(Host& host, std::intptr_t slot) : host(host), handle(reinterpret_cast<Handle>(slot)) {
-        host.beginCall();
-        record = reinterpret_cast<GlobalRecord*>(host.handles.lock(handle));
-    }
-    ~SlotMemory() {
-        host.handles.unlock(handle);
-        host.ledger.endCall();
-    }
-    Host& host;
-    Handle handle;
-    GlobalRecord* record;
-};
-
 TEST_F(PlugInCheck, PluginMainIsTheOneExportedSymbol) {
-    EXPECT_THAT(exportedSymbols(CHROMALOG_MODULE), ElementsAre("PluginMain"));
+    EXPECT_THAT(ElfFile(CHROMALOG_MODULE).exportedSymbols(), ElementsAre("PluginMain"));
 }
 
 TEST_F(PlugInCheck, OkAnswersTheFirstColourAndLeavesTheFourthComponent) {
@@ -175,12 +118,7 @@ TEST_F(PlugInCheck, RefusedMemoryIsReportedAndNothingElseHappens) {
 
 TEST_F(PlugInCheck, APickRunsWithoutAPropertyCallback) {
     host.offersProperties = false;
-    const fs::path swatches = folder / "one.aco", script = folder / "script";
-    const char bytes[] = "\0\2\0\1\0\0\xFF\xFF\0\0\0\0\0\0\0\0\0\2\0A\0"; // version 2, one red swatch "A"
-    std::ofstream(swatches, std::ios::binary).write(bytes, sizeof bytes);
-    std::ofstream(script) << "choose '" << swatches.string() << "'\npress loadSwatch1:\nok\n";
-    host.options.erase("accept");
-    host.options["drive"] = script.string();
+    play("choose '" + swatchFile("one.aco").string() + "'\npress loadSwatch1:\nok\n");
     const PluginModule module(CHROMALOG_MODULE);
     HostRun run(host, module.entry());
     EXPECT_EQ(run.pick(kOffered).result, 0);
