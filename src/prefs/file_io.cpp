@@ -1,5 +1,7 @@
 #include "prefs/file_io.h"
 
+#include "prefs/size_limit_signal.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
@@ -33,6 +35,7 @@ bool writeAll(int fd, std::span<const std::uint8_t> data, std::size_t offset) {
 /// Leaves blocks of zeros as holes: most of a preferences file is unused swatch slots.
 bool writeSparsely(int fd, std::span<const std::uint8_t> data, std::size_t size) {
     static constexpr std::uint8_t kZeros[kBlock] = {};
+    const SizeLimitSignalBlock onlyFails;
     if (::ftruncate(fd, static_cast<off_t>(size)) != 0) return false;
     std::size_t run = 0; // start of the blocks that hold something
     for (std::size_t at = 0; at < data.size(); at += kBlock) {

@@ -1,5 +1,6 @@
 #include "standalone/command_line.h"
 
+#include "prefs/size_limit_signal.h"
 #include "standalone/standard_streams.h"
 
 #include <CLI/CLI.hpp>
@@ -193,6 +194,7 @@ std::optional<int> read(CLI::App& app, int argc, const char* const* argv) {
 } // namespace
 
 std::optional<CommandLine> parseCommandLine(int argc, const char* const* argv, int& exitCode) {
+    const SizeLimitSignalBlock onlyFails; // help and complaints are written to whatever file
     CommandLine line;
     std::string colour = "#3366cc"; // bright enough for the wheel to show its colours
     CLI::App app("Opens the Chromalog colour picker and prints the colour that was picked.", "chromalog");

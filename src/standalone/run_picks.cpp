@@ -1,5 +1,6 @@
 #include "standalone/run_picks.h"
 
+#include "prefs/size_limit_signal.h"
 #include "standalone/conversion/closed_converter.h"
 #include "standalone/conversion/lcms_converter.h"
 #include "standalone/pick.h"
@@ -16,11 +17,13 @@ namespace chromalog::standalone {
 namespace {
 
 void say(const std::string& text) {
+    const SizeLimitSignalBlock onlyFails;
     std::cerr << "chromalog: " << text << '\n';
 }
 
 /// Prints a colour. Where that fails the person reads it in the complaint.
 bool print(const std::string& colour) {
+    const SizeLimitSignalBlock onlyFails;
     std::cout << colour << '\n';
     const std::string failure = flushStandardOutput();
     if (!failure.empty()) say(failure + "; the colour is " + colour);

@@ -22,6 +22,7 @@
 #include <pwd.h>
 #include <thread>
 
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -100,13 +101,15 @@ class PrinterQueue : public testing::Test {
         if (::access("/usr/sbin/cupsd", X_OK) != 0 || std::system("command -v lpadmin >/dev/null") != 0 ||
             !test::PdfDocument::readersInstalled())
             GTEST_SKIP() << "needs cups, cups-client, poppler-utils and qpdf";
-        server = std::make_unique<PrintServer>();
+        if (!server) server = std::make_unique<PrintServer>();
         setenv("CUPS_SERVER", server->socket().c_str(), 1);
         setenv("QT_QPA_PLATFORM", "offscreen", 0);
         setenv("XDG_CONFIG_HOME", settings.path().c_str(), 1);
         if (!server->addQueue()) GTEST_SKIP() << "the print server does not run here";
         application = std::make_unique<ApplicationGuard>();
     }
+
+    static void TearDownTestSuite() { server.reset(); }
 
     /// Five sheets on the queue; `atSheet` runs while a sheet is painted.
     PrintOutcome print(std::function<void(int)> atSheet) {
@@ -130,7 +133,7 @@ class PrinterQueue : public testing::Test {
     }
 
     test::TemporaryFolder settings;
-    std::unique_ptr<PrintServer> server;
+    static inline std::unique_ptr<PrintServer> server; ///< one a process: its library knows no second one
     std::unique_ptr<ApplicationGuard> application;
 };
 
@@ -154,6 +157,19 @@ TEST_F(PrinterQueue, TakesTheWholeJobAndNothingOfACancelledOne) {
         EXPECT_EQ(words[0].text, "Sheet" + std::to_string(page - 1));
         EXPECT_NEAR(words[0].xMin, 46, 0.5);
     }
+}
+
+TEST_F(PrinterQueue, AJobThatIsLongerThanFilesMayBeEndsAndNotTheHost) {
+    rlimit before;
+    ::getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit shorter{500, before.rlim_max};
+    int paintings = 0;
+    const PrintOutcome outcome = print([&](int sheet) {
+        if (sheet == 0 && ++paintings == 2) ::setrlimit(RLIMIT_FSIZE, &shorter); // the rehearsal is over
+    });
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    EXPECT_EQ(paintings, 2);
+    EXPECT_NE(outcome, PrintOutcome::cancelled);
 }
 
 } // namespace

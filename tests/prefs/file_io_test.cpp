@@ -198,7 +198,6 @@ TEST_F(FileIo, WithoutPermissionTheOldFileStaysAndNothingIsLeft) {
 TEST_F(FileIo, AWriteThatMeetsALimitHalfWayLeavesTheOldFileWhole) {
     ASSERT_TRUE(writeDataToFileAtURL(folder / "file", pattern(9000, 1)));
     EXPECT_EQ(inChild([&] {
-                  ::signal(SIGXFSZ, SIG_IGN);
                   const rlimit limit{20'000, 20'000};
                   ::setrlimit(RLIMIT_FSIZE, &limit);
                   return writeDataToFileAtURL(folder / "file", pattern(3'040'534, 2)) ? 1 : 0;

@@ -1,11 +1,12 @@
 #include "desktop/qt/application_guard.h"
 
+#include "desktop/qt/log_ring.h"
+
 #include <QDir>
 
 #include <algorithm>
 #include <chrono>
 #include <clocale>
-#include <cstdio>
 #include <cstdlib>
 #include <string_view>
 #include <thread>
@@ -79,7 +80,7 @@ void withoutNoise(QtMsgType type, const QMessageLogContext& context, const QStri
     if (earlierHandler)
         earlierHandler(type, context, text);
     else
-        std::fprintf(stderr, "%s\n", qPrintable(text));
+        sayOnStandardError(text.toLocal8Bit().constData());
 }
 
 } // namespace

@@ -1,9 +1,16 @@
 #include "desktop/qt/log_ring.h"
 
+#include "prefs/size_limit_signal.h"
+
 #include <cstdio>
 #include <syslog.h>
 
 namespace chromalog {
+
+void sayOnStandardError(std::string_view line) {
+    const SizeLimitSignalBlock onlyFails;
+    std::fprintf(stderr, "%.*s\n", static_cast<int>(line.size()), line.data());
+}
 
 /// The list's line for every redraw would push everything else out: one stands for those that follow it
 /// directly.
@@ -13,7 +20,7 @@ void LogRing::add(std::string_view line) {
     if (lines_.size() == capacity) lines_.pop_front();
     lines_.emplace_back(line);
     if (!toSystem_) return;
-    std::fprintf(stderr, "%.*s\n", static_cast<int>(line.size()), line.data());
+    sayOnStandardError(line);
     syslog(LOG_USER | LOG_INFO, "Chromalog: %.*s", static_cast<int>(line.size()), line.data());
 }
 

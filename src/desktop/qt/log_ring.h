@@ -7,6 +7,9 @@
 
 namespace chromalog {
 
+/// Where a line cannot be written there, it is lost.
+void sayOnStandardError(std::string_view line);
+
 /// The last lines of the log, in memory. With `toSystem` they also go to the system's log.
 class LogRing {
   public:

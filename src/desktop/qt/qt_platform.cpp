@@ -1,8 +1,9 @@
 #include "desktop/qt/qt_platform.h"
 
 #include "desktop/qt/qt_desktop.h"
+#include "prefs/size_limit_signal.h"
 
-#include <cstdio>
+#include <QFontInfo>
 
 namespace chromalog {
 namespace {
@@ -21,11 +22,13 @@ QtDesktopSettings settingsOf(const StandaloneSuite* standalone) {
 std::unique_ptr<Desktop> QtPlatform::makeDesktop(const StandaloneSuite* standalone) {
     const DisplayProbe display;
     if (!display.available()) {
-        std::fputs("Chromalog: there is no display to show the dialog on\n", stderr);
+        sayOnStandardError("Chromalog: there is no display to show the dialog on");
         return nullptr;
     }
     standalone_ = standalone;
+    const SizeLimitSignalBlock onlyFails; // the toolkit keeps what it finds out about the system's fonts
     application_ = std::make_unique<ApplicationGuard>();
+    QFontInfo(QApplication::font()).family(); // makes it look for them now
     return std::make_unique<QtDesktop>(settingsOf(standalone));
 }
 

@@ -4,9 +4,9 @@
 #include "desktop/qt/drive/locate.h"
 #include "desktop/qt/drive/pictures.h"
 #include "desktop/qt/drive/player.h"
+#include "desktop/qt/log_ring.h"
 #include "desktop/qt/qt_desktop.h"
 
-#include <cstdio>
 #include <fstream>
 #include <iterator>
 #include <optional>
@@ -61,7 +61,7 @@ class Attachment : public Driven {
 
   private:
     void fail(const std::string& message) {
-        std::fprintf(stderr, "%s\n", message.c_str());
+        sayOnStandardError(message);
         suite_.endWith(2);
     }
 

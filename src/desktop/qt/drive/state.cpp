@@ -7,6 +7,7 @@
 #include "desktop/qt/drive/state_outlets.h"
 #include "desktop/qt/qt_desktop.h"
 #include "host/chromalog_controler.h"
+#include "prefs/size_limit_signal.h"
 
 #include <QFile>
 #include <QJsonDocument>
@@ -184,6 +185,7 @@ QJsonObject dialogState(QtDesktop& desktop, ChromalogControler& controler,
 }
 
 void writeState(const QJsonObject& state, const std::string& path) {
+    const SizeLimitSignalBlock onlyFails;
     QFile file(toQt(path));
     const QByteArray text = QJsonDocument(state).toJson();
     if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.flush())

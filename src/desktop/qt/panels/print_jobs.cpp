@@ -3,6 +3,7 @@
 #include "desktop/qt/convert.h"
 #include "desktop/qt/paint_canvas.h"
 #include "prefs/file_io.h"
+#include "prefs/size_limit_signal.h"
 
 #include <QBuffer>
 #include <QPainter>
@@ -91,6 +92,7 @@ PrintOutcome toPrinter(const Operation& job, QPrinter& printer, QWidget* window)
     QByteArray rehearsal;
     const PrintOutcome outcome = makePdf(job, rehearsal, window);
     if (outcome != PrintOutcome::printed) return outcome;
+    const SizeLimitSignalBlock onlyFails; // the spool file may be too long
     printer.setPageLayout(paperOf(job.info));
     printer.setFullPage(true);
     return paintSheets(job, printer, [](int) { return true; });
