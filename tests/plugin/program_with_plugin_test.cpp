@@ -15,9 +15,11 @@ struct ProgramWithPlugIn : ::testing::Test {
     ProgramWithPlugIn() { fs::create_directories(folder); }
     ~ProgramWithPlugIn() override { fs::remove_all(folder); }
 
-    ProgramResult run(std::vector<std::string> words, const std::string& platform = "offscreen") {
+    ProgramResult run(std::vector<std::string> words, const std::string& platform = "offscreen",
+                      const std::string& theme = "") {
         words.insert(words.begin(), {CHROMALOG_PROGRAM, "--data-dir", (folder / "data").string()});
         return runProgram(words, {{"QT_QPA_PLATFORM", platform},
+                                  {"QT_QPA_PLATFORMTHEME", theme},
                                   {"DISPLAY", ""},
                                   {"WAYLAND_DISPLAY", ""},
                                   {"XDG_CONFIG_HOME", (folder / "config").string()},
@@ -78,13 +80,31 @@ TEST_F(ProgramWithPlugIn, ABadScriptEndsWithItsLineAndExit2) {
     EXPECT_EQ(result.out, "");
 }
 
+void expectNoDisplay(const ProgramResult& result, const std::string& platform) {
+    EXPECT_EQ(result.exitCode, 1) << platform;
+    EXPECT_EQ(result.out, "#ff0000\n") << platform;
+    EXPECT_EQ(result.err, "Chromalog: there is no display to show the dialog on\n") << platform;
+}
+
 TEST_F(ProgramWithPlugIn, WithoutADisplayNothingChanges) {
-    for (const char* platform : {"", "xcb", "wayland", "no-such-platform", "wayland;xcb:options"}) {
-        const ProgramResult result = run({"--color", "red", "--accept"}, platform);
-        EXPECT_EQ(result.exitCode, 1) << platform;
-        EXPECT_EQ(result.out, "#ff0000\n") << platform;
-        EXPECT_EQ(result.err, "Chromalog: there is no display to show the dialog on\n") << platform;
-    }
+    for (const char* platform : {"", "xcb", "wayland", "no-such-platform", "wayland;xcb:options"})
+        expectNoDisplay(run({"--color", "red", "--accept"}, platform), platform);
+}
+
+TEST_F(ProgramWithPlugIn, APlatformWithoutItsDeviceIsNoDisplay) {
+    for (const char* platform : {"linuxfb:fb=/dev/null", "LinuxFb:fb=/no/such", "vkkhrdisplay"})
+        expectNoDisplay(run({"--color", "red", "--accept"}, platform), platform);
+    if (fs::exists("/dev/fb0") || fs::exists("/dev/dri")) GTEST_SKIP() << "there are devices to show it on";
+    for (const char* platform : {"linuxfb", "eglfs", "minimalegl", "xcb;eglfs"})
+        expectNoDisplay(run({"--color", "red", "--accept"}, platform), platform);
+}
+
+TEST_F(ProgramWithPlugIn, AThemeThatNeedsADisplayIsNotLoadedWithoutOne) {
+    if (!fs::exists(CHROMALOG_QT_PLUGINS "/platformthemes/libqgtk3.so"))
+        GTEST_SKIP() << "the theme is not installed (qt6-gtk-platformtheme)";
+    for (const char* theme : {"gtk3", "GTK3"})
+        expectNoDisplay(run({"--color", "red", "--accept"}, "offscreen", theme), theme);
+    EXPECT_EQ(run({"--accept"}, "offscreen", "no-such-theme").exitCode, 0);
 }
 
 } // namespace

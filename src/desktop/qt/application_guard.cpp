@@ -1,6 +1,7 @@
 #include "desktop/qt/application_guard.h"
 
 #include "desktop/qt/log_ring.h"
+#include "desktop/qt/screen_devices.h"
 
 #include <QDir>
 
@@ -41,17 +42,25 @@ struct XLibrary {
     }
 };
 
-/// Whether the toolkit has the platform's plug-in: asked for one that it lacks, it would abort.
-bool isInstalled(const QString& platform) {
+/// Whether the toolkit has the plug-in of this kind ("platforms", "platformthemes"): asked for a platform
+/// that it lacks, it would abort.
+bool isInstalled(const QString& kind, const QString& name) {
     QStringList folders;
     for (const QString& folder : QCoreApplication::libraryPaths())
-        folders.append(folder + "/platforms");
+        folders.append(folder + '/' + kind);
     if (const QString own = qEnvironmentVariable("QT_QPA_PLATFORM_PLUGIN_PATH"); !own.isEmpty())
-        folders.append(own);
-    const QStringList files{"libq" + platform + ".so", "libq" + platform + "-*.so"};
+        folders.append({own, own + '/' + kind});
+    const QStringList files{"libq" + name + ".so", "libq" + name + "-*.so"};
     return std::ranges::any_of(folders, [&](const QString& folder) {
         return !QDir(folder).entryList(files, QDir::Files).isEmpty();
     });
+}
+
+/// The theme of another toolkit, which ends the process where it finds no display, whatever platform this one
+/// runs on.
+bool themeEndsWithoutDisplay() {
+    const QString theme = qEnvironmentVariable("QT_QPA_PLATFORMTHEME").toLower();
+    return theme == "gtk3" && isInstalled("platformthemes", theme);
 }
 
 bool waylandAnswers() {
@@ -129,14 +138,18 @@ DisplayProbe::DisplayProbe() {
     if (platforms.isEmpty()) platforms = "xcb;wayland"; // what the toolkit tries by itself
     for (const QString& platform : platforms.split(';', Qt::SkipEmptyParts)) {
         const QString name = platform.section(':', 0, 0).toLower();
-        if (isInstalled(name) && answers(name)) available_ = true;
+        if (!isInstalled("platforms", name)) continue;
+        const bool windows = name == "xcb" || name.startsWith("wayland");
+        available_ = windows ? windowSystemAnswers(name) : hasScreenDevice(platform);
+        if (available_ || !windows) break; // the toolkit goes on to the next only without a window system
     }
+    if (available_ && themeEndsWithoutDisplay())
+        available_ = windowSystemAnswers("xcb") || windowSystemAnswers("wayland");
 }
 
-bool DisplayProbe::answers(const QString& platform) {
-    if (platform.startsWith("wayland")) return waylandAnswers();
-    if (platform != "xcb") return true;
-    x_ = std::make_unique<XConnection>();
+bool DisplayProbe::windowSystemAnswers(const QString& platform) {
+    if (platform != "xcb") return waylandAnswers();
+    if (!x_) x_ = std::make_unique<XConnection>();
     return x_->stands();
 }
 

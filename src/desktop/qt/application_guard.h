@@ -21,7 +21,7 @@ class DisplayProbe {
 
   private:
     struct XConnection;
-    bool answers(const QString& platform);
+    bool windowSystemAnswers(const QString& platform); ///< "xcb" or Wayland
 
     std::unique_ptr<XConnection> x_;
     bool available_ = false;
