@@ -4,6 +4,11 @@
 #include "host/chromalog_controler.h"
 #include "host/globals.h"
 
+#include <algorithm>
+#include <exception>
+#include <new>
+#include <string>
+
 namespace chromalog {
 
 struct PickSession {
@@ -42,9 +47,26 @@ template <typename Suite> class AcquiredSuite {
     const Suite* suite_ = nullptr;
 };
 
-void unlockGlobals(PickerRecord& record, std::intptr_t data) {
-    if (data && record.handleProcs) record.handleProcs->unlockProc(reinterpret_cast<Handle>(data));
-}
+/// The locked global record of one pick.
+class LockedGlobals {
+  public:
+    LockedGlobals(GlobalRecord* block, PickerRecord& record, const std::intptr_t& data)
+        : record_(record), data_(data) {
+        gData = block;
+    }
+    LockedGlobals(const LockedGlobals&) = delete;
+    LockedGlobals& operator=(const LockedGlobals&) = delete;
+    ~LockedGlobals() {
+        gChromalogControler = nullptr; // controllers that were never complete did not take theirs back
+        gProtocolController = nullptr;
+        gData = nullptr; // the block may move once it is unlocked
+        if (data_ && record_.handleProcs) record_.handleProcs->unlockProc(reinterpret_cast<Handle>(data_));
+    }
+
+  private:
+    PickerRecord& record_;
+    const std::intptr_t& data_;
+};
 
 void pick(PickerRecord& record, std::intptr_t* data, std::int16_t* result, Platform& platform) {
     const AcquiredSuite<StandaloneSuite> standalone(sSPBasic, kStandaloneSuite, kStandaloneSuiteVersion);
@@ -57,25 +79,51 @@ void pick(PickerRecord& record, std::intptr_t* data, std::int16_t* result, Platf
         *result = hostMemFullErr;
         return;
     }
-    gData = block;
+    const LockedGlobals globals(block, record, *data);
     PickSession session{platform, *desktop, nullptr};
     DoPick(session);
-    gData = nullptr; // the block may move once it is unlocked
-    unlockGlobals(record, *data);
 }
+
+/// Whatever is thrown ends here.
+void guardedPick(PickerRecord& record, std::intptr_t* data, std::int16_t* result, Platform& platform) {
+    const PickParms offered = record.pickParms;
+    const auto end = [&](std::int16_t code, const char* why) {
+        std::copy_n(offered.colorComponents, 4, record.pickParms.colorComponents);
+        *result = code;
+        try {
+            platform.log(std::string("the pick ended: ") + why);
+        } catch (...) { // no memory to say so either
+        }
+    };
+    try {
+        pick(record, data, result, platform);
+    } catch (const std::bad_alloc&) {
+        end(hostMemFullErr, "out of memory");
+    } catch (const std::exception& error) {
+        end(hostNoErr, error.what());
+    } catch (...) {
+        end(hostNoErr, "an unknown error");
+    }
+}
+
+bool pickRuns = false;
 
 } // namespace
 
 void runPluginMain(std::int16_t selector, void* record, std::intptr_t* data, std::int16_t* result,
                    Platform& platform) {
     if (!record) return;
+    if (pickRuns) return platform.log("a call of the host while a pick runs was not followed");
     if (selector == pickerSelectorAbout) {
         sSPBasic = static_cast<AboutRecord*>(record)->sSPBasic;
         return;
     }
     auto& picker = *static_cast<PickerRecord*>(record);
     sSPBasic = picker.sSPBasic;
-    if (data && result) pick(picker, data, result, platform);
+    if (!data || !result) return;
+    pickRuns = true;
+    guardedPick(picker, data, result, platform);
+    pickRuns = false;
 }
 
 void InitGlobals(GlobalRecord* block) {

@@ -1,8 +1,10 @@
-// The module where the system or the host behaves unexpectedly: file sizes.
+// The module where the system or the host behaves unexpectedly: file sizes, calls within a call.
 #include "plugin/plugin_check.h"
 
 #include <csignal>
+#include <functional>
 #include <sys/resource.h>
+#include <utility>
 
 namespace chromalog::standalone {
 namespace {
@@ -35,6 +37,43 @@ TEST_F(PlugInCheck, AFileSizeLimitOfTheHostsEndsNoPickAndItsHandlerIsNotCalled) 
     EXPECT_FALSE(fs::exists(preferences()));
     std::raise(SIGXFSZ);
     EXPECT_EQ(signals, 1) << "neither blocked nor another's now";
+}
+
+/// Calls back once, from within a conversion.
+struct AskingBack : ClosedConverter {
+    mutable std::function<void()> once;
+    Components convert(Space from, Space to, const Components& components) const override {
+        if (const auto call = std::exchange(once, nullptr)) call();
+        return ClosedConverter::convert(from, to, components);
+    }
+};
+
+struct CallsWithinACall : PlugInCheck {
+    explicit CallsWithinACall(AskingBack* made = new AskingBack)
+        : PlugInCheck(std::unique_ptr<ColourConverter>(made)), converter(*made) {}
+    AskingBack& converter;
+};
+
+TEST_F(CallsWithinACall, FromTheColourServicesReturnAtOnceWithOneLine) {
+    const PluginModule module(CHROMALOG_MODULE);
+    HostRun run(host, module.entry());
+    PickerRecord record{};
+    record.sSPBasic = basicSuite();
+    record.handleProcs = handleProcs();
+    std::intptr_t slot = 0;
+    std::int16_t result = 0x5AA5;
+    converter.once = [&] { module.entry()(pickerSelectorPick, &record, &slot, &result); };
+    ::testing::internal::CaptureStderr();
+    const HostRun::Answer answer = run.pick({Space::cmyk, {1000, 2000, 3000, 4000}});
+    const std::string said = ::testing::internal::GetCapturedStderr();
+    EXPECT_EQ(converter.once, nullptr) << "the host was asked while the pick started";
+    EXPECT_EQ(result, 0x5AA5);
+    EXPECT_EQ(slot, 0);
+    EXPECT_EQ(answer.result, 0);
+    EXPECT_EQ(answer.colour.components[0], 58981) << "the pick that runs is none the worse";
+    EXPECT_EQ(host.ledger.calls("newProc"), 1);
+    EXPECT_THAT(said, ::testing::StartsWith("Chromalog: "));
+    EXPECT_EQ(std::ranges::count(said, '\n'), 1) << said;
 }
 
 } // namespace

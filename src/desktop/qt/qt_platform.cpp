@@ -32,6 +32,10 @@ std::unique_ptr<Desktop> QtPlatform::makeDesktop(const StandaloneSuite* standalo
     return std::make_unique<QtDesktop>(settingsOf(standalone));
 }
 
+void QtPlatform::log(std::string_view line) {
+    sayOnStandardError("Chromalog: " + std::string(line));
+}
+
 void QtPlatform::dialogReady(Desktop& desktop, ChromalogControler& controler) {
     driven_ = attachDrive(static_cast<QtDesktop&>(desktop), controler, standalone_);
 }

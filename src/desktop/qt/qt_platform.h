@@ -14,6 +14,7 @@ class QtPlatform : public Platform {
   public:
     std::unique_ptr<Desktop> makeDesktop(const StandaloneSuite*) override;
     void dialogReady(Desktop&, ChromalogControler&) override;
+    void log(std::string_view line) override; ///< also on standard error
 
   private:
     std::unique_ptr<ApplicationGuard> application_; ///< outlives the desktop that makeDesktop gave away
