@@ -55,10 +55,7 @@ void ProtocolControler::setUndoablePosition(std::string_view label) {
     if (manager_) {
         const auto snapshot = std::make_shared<Snapshot>(bytesOf(desk_.record()), manager_->latest());
         manager_->setLevelLimit(desk_.record().undoLimit);
-        manager_->beginGroup();
-        manager_->registerUndo({snapshot, std::string(label)});
-        manager_->setActionName(label);
-        manager_->endGroup();
+        manager_->registerStep({snapshot, std::string(label)});
     }
     maxUndoSteps = ++undoCount;
     desk_.disableRedo();
@@ -67,10 +64,7 @@ void ProtocolControler::setUndoablePosition(std::string_view label) {
 
 void ProtocolControler::pushgData(const UndoAction& action) {
     const std::span<std::byte> record = bytesOf(desk_.record());
-    manager_->beginGroup();
-    manager_->registerUndo({std::make_shared<Snapshot>(record, action.snapshot.get()), action.label});
-    manager_->setActionName(action.label);
-    manager_->endGroup();
+    manager_->registerStep({std::make_shared<Snapshot>(record, action.snapshot.get()), action.label});
     action.snapshot->restore(record);
 }
 
@@ -82,21 +76,21 @@ bool ProtocolControler::mayUndo() const {
 void ProtocolControler::undoOneStep() {
     desk_.storeViewCounts();
     manager_->undo();
+    --undoCount; // with the swap, before what only shows it
     desk_.restoreUndoUI();
 }
 
 void ProtocolControler::redoOneStep() {
     desk_.storeViewCounts(); // also where there is nothing to redo: the views take them back below
     if (manager_) manager_->redo();
+    ++undoCount;
     desk_.restoreUndoUI();
     desk_.makeActiveWindow();
-    ++undoCount;
 }
 
 void ProtocolControler::undoOutAction() {
     if (!mayUndo()) return;
     undoOneStep();
-    --undoCount;
     desk_.enableRedo();
     if (undoCount < 1) desk_.disableUndo();
 }
@@ -105,7 +99,6 @@ void ProtocolControler::undoAction() {
     if (!mayUndo()) return;
     undoOneStep();
     desk_.makeActiveWindow();
-    --undoCount;
     desk_.enableRedo();
     if (undoCount < 1) desk_.disableUndo();
 }

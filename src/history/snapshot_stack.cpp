@@ -30,12 +30,27 @@ void SnapshotStack::setActionName(std::string_view name) {
 void SnapshotStack::endGroup() {
     if (groupDepth_ == 0 || --groupDepth_ > 0) return;
     Step step = std::exchange(open_, {});
-    if (!step.actions.empty()) push(std::move(step)); // an empty group is no step
+    if (step.actions.empty()) return; // an empty group is no step
+    Steps one;
+    one.push_back(std::move(step));
+    push(one);
 }
 
-void SnapshotStack::push(Step step) {
+void SnapshotStack::registerStep(UndoAction action) {
+    beginGroup();
+    try {
+        setActionName(action.label);
+        registerUndo(std::move(action));
+    } catch (...) {
+        --groupDepth_;
+        throw;
+    }
+    endGroup();
+}
+
+void SnapshotStack::push(Steps& one) {
     Steps& target = phase_ == Phase::undoing ? redo_ : undo_;
-    target.push_back(std::move(step));
+    target.splice(target.end(), one);
     hold(target);
     if (phase_ == Phase::recording) redo_.clear(); // a new change ends what could be redone
 }
@@ -57,15 +72,27 @@ void SnapshotStack::redo() {
 
 void SnapshotStack::invokeLast(Steps& steps, Phase phase) {
     if (steps.empty() || phase_ != Phase::recording) return;
-    const Step step = std::move(steps.back());
-    steps.pop_back();
+    Steps running, inverse(1); // its room is had before anything is undone
+    running.splice(running.end(), steps, std::prev(steps.end()));
+    auto& actions = running.back().actions;
     phase_ = phase;
     beginGroup();
-    setActionName(step.name);
-    for (auto action = step.actions.rbegin(); action != step.actions.rend(); ++action)
-        invoke_(*action);
-    closeGroups();
-    phase_ = Phase::recording;
+    const auto settle = [&] {
+        groupDepth_ = 0;
+        inverse.back() = std::exchange(open_, {});
+        if (!actions.empty()) steps.splice(steps.end(), running);
+        if (!inverse.back().actions.empty()) push(inverse);
+        phase_ = Phase::recording;
+    };
+    try {
+        setActionName(running.back().name);
+        for (; !actions.empty(); actions.pop_back())
+            invoke_(actions.back());
+    } catch (...) {
+        settle();
+        throw;
+    }
+    settle();
 }
 
 std::vector<std::string> SnapshotStack::undoNames() const {

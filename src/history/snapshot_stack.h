@@ -2,8 +2,8 @@
 
 #include "history/snapshot.h"
 
-#include <deque>
 #include <functional>
+#include <list>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -19,7 +19,8 @@ struct UndoAction {
 
 /// The undo manager: steps that can be undone and steps that can be redone, each a group of registered
 /// actions under a name. To undo a step is to invoke its actions, latest first; what they register meanwhile
-/// becomes the step that redoes it, and the other way round. Nothing outside of a group is recorded.
+/// becomes the step that redoes it, and the other way round. Nothing outside of a group is recorded. Where
+/// memory runs out, no step is lost: what was invoked until then can be redone, the rest can be undone still.
 class SnapshotStack {
   public:
     using Invoke = std::function<void(const UndoAction&)>;
@@ -33,6 +34,8 @@ class SnapshotStack {
     void registerUndo(UndoAction);
     void setActionName(std::string_view name); ///< of the group that is open
     void endGroup();
+    /// A group of this one action, named by its label. Where memory runs out, no group stays open.
+    void registerStep(UndoAction);
 
     bool canUndo() const { return groupDepth_ > 0 ? !open_.actions.empty() : !undo_.empty(); }
     bool canRedo() const { return !redo_.empty(); }
@@ -51,11 +54,11 @@ class SnapshotStack {
         std::string name;
         std::vector<UndoAction> actions;
     };
-    using Steps = std::deque<Step>; ///< the latest at the back
+    using Steps = std::list<Step>; ///< the latest at the back; steps move from list to list without memory
     enum class Phase { recording, undoing, redoing };
 
     void closeGroups();
-    void push(Step);
+    void push(Steps& one);
     void hold(Steps&) const;
     void invokeLast(Steps&, Phase);
 

@@ -128,14 +128,14 @@ void ChromalogControler::okPressed() {
     components[0] = wordOf(chosen.red());
     components[1] = wordOf(chosen.green());
     components[2] = wordOf(chosen.blue());
+    desktop_.stopModal(0); // first: the pick ends also where the lists cannot be saved
     savePrefs(Flush::toDisk);
-    desktop_.stopModal(0);
 }
 
 void ChromalogControler::cancelPressed() {
+    desktop_.stopModal(0);
     savePrefs(Flush::toDisk);
     outlets_.chromalogWindow->orderOut();
-    desktop_.stopModal(0);
 }
 
 std::string ChromalogControler::preferencesPath() const {

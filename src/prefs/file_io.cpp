@@ -99,12 +99,19 @@ class Replacement {
     int fd_ = -1;
 };
 
+/// Closes also where there is no memory for what the file holds.
+struct Closing {
+    int fd;
+    ~Closing() { ::close(fd); }
+};
+
 } // namespace
 
 std::optional<std::vector<std::uint8_t>> readDataFromFileAtURL(const std::string& path, std::size_t limit) {
     // Not blocking: opening a pipe without a writer would wait for one.
     const int fd = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
     if (fd < 0) return std::nullopt;
+    const Closing closing{fd};
     std::optional<std::vector<std::uint8_t>> data;
     struct stat status;
     if (::fstat(fd, &status) == 0 && S_ISREG(status.st_mode)) {
@@ -118,7 +125,6 @@ std::optional<std::vector<std::uint8_t>> readDataFromFileAtURL(const std::string
         }
         data->resize(filled);
     }
-    ::close(fd);
     return data;
 }
 

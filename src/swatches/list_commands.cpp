@@ -34,10 +34,9 @@ std::string acoPath(std::string_view chosen) {
     return std::string(withoutExtension(chosen)) + ".aco";
 }
 
-void storeListName(std::uint8_t (&stored)[256], std::string_view utf8) {
-    const std::string ascii = lossyAscii(utf8);
-    std::copy_n(ascii.begin(), std::min<std::size_t>(ascii.size(), 255), stored + 1);
-    stored[0] = static_cast<std::uint8_t>(utf16Length(utf8));
+void storeListName(std::uint8_t (&stored)[256], const StoredName& name) {
+    std::copy_n(name.bytes.begin(), std::min<std::size_t>(name.bytes.size(), 255), stored + 1);
+    stored[0] = name.length;
 }
 
 void ListCommands::loadSwatch(ListNumber which) {
@@ -99,26 +98,35 @@ void ListCommands::swatchFileChosen(ListNumber which, std::int16_t start, const 
     if (!data) return;
     const ListParts list = desk_.list(which);
     const std::string_view name = lastPathComponent(path);
-    list.view.setName(name);
-    DispachSwatch(*data, list.view, start);
-    list.view.setScrollSize();
+    const StoredName stored(name);
+    std::string nameBefore = list.view.getSwatchName();
+    list.view.setName(std::string(name));
+    try {
+        DispachSwatch(*data, list.view, start);
+    } catch (...) {
+        list.view.setName(std::move(nameBefore));
+        throw;
+    }
+    storeListName(list.storedName, stored);
+    list.storedCount = list.view.getNumberOfColors();
     list.view.setSelectedColor(0);
     list.view.setStartColor(0);
+    list.view.setScrollSize();
     list.scroller.setVerticalScroller(0);
     list.nameField.setText(name);
-    storeListName(list.storedName, name);
-    list.storedCount = list.view.getNumberOfColors();
     redisplay(list.view);
 }
 
+/// Takes over the whole file or, where memory runs out on the way, nothing of it.
 void ListCommands::DispachSwatch(std::span<const std::uint8_t> data, CSwatchList& view, std::int16_t start) {
     const AcoHeader header = readAcoHeader(data, start);
     if (header.overLimit) desk_.desktop().runAlert(limitAlert(*header.overLimit));
-    view.setNumberOfColors(header.viewCount);
+    const ListRecords records = view.records();
+    std::vector<FCOStruct> read(records.begin(), records.end());
     const ColourBookFolder books(desk_.colourBooksFolder()); // asked for whatever the file holds
-    const auto secondCount =
-        readAcoRecords(data, header, start, view.records(), desk_.colorServices(), books);
-    if (secondCount) view.setNumberOfColors(*secondCount);
+    const auto secondCount = readAcoRecords(data, header, start, read, desk_.colorServices(), books);
+    std::ranges::copy(read, records.begin());
+    view.setNumberOfColors(secondCount.value_or(header.viewCount));
 }
 
 void ListCommands::saveSwatch(ListNumber which) {
@@ -149,12 +157,12 @@ void ListCommands::bookChosen(const std::string& path) {
     if (!data) return;
     const ListParts list = desk_.list(ListNumber::one);
     const std::string_view name = lastPathComponent(path);
-    list.nameField.setText(name);
-    storeListName(list.storedName, name);
+    storeListName(list.storedName, StoredName(name));
     list.storedCount = loadBook(*data, list.view.records(), desk_.colorServices());
+    list.view.setSelectedColor(0);
+    list.nameField.setText(name);
     list.view.setScrollSize();
     list.scroller.setVerticalScroller(0);
-    list.view.setSelectedColor(0);
     redisplay(list.view);
 }
 

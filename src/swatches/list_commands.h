@@ -2,6 +2,7 @@
 
 #include "desktop/desktop.h"
 #include "host/host_conversion.h"
+#include "swatches/list_edits.h"
 #include "swatches/swatch_list_view.h"
 
 #include <cstdint>
@@ -69,8 +70,7 @@ class ListCommands {
 /// Where a list is saved: the chosen path with its extension, if any, replaced by ".aco".
 std::string acoPath(std::string_view chosen);
 
-/// A list's name into its stored form: ASCII, lossily, at most 255 characters; the length byte is the text's
-/// UTF-16 length cut to 8 bits.
-void storeListName(std::uint8_t (&stored)[256], std::string_view utf8);
+/// A list's name into its stored form: at most 255 characters behind the length byte.
+void storeListName(std::uint8_t (&stored)[256], const StoredName&);
 
 } // namespace chromalog

@@ -3,7 +3,6 @@
 #include "swatches/name_text.h"
 
 #include <cstring>
-#include <string>
 
 namespace chromalog {
 namespace {
@@ -59,14 +58,12 @@ void overwriteColour(FCOStruct& record, const Colour& colour) {
     record.SBlue = signedWord(colour.blue());
 }
 
-void copyNameBytes(FCOStruct& record, std::string_view utf8) {
-    const std::string ascii = lossyAscii(utf8);
-    std::memcpy(record.Namen + 1, ascii.data(), std::min<std::size_t>(ascii.size(), 255));
-}
+StoredName::StoredName(std::string_view utf8)
+    : bytes(lossyAscii(utf8)), length(static_cast<std::uint8_t>(utf16Length(utf8))) {}
 
-void writeName(FCOStruct& record, std::string_view utf8) {
-    copyNameBytes(record, utf8);
-    record.Namen[0] = static_cast<std::uint8_t>(utf16Length(utf8));
+void writeName(FCOStruct& record, const StoredName& name) {
+    std::memcpy(record.Namen + 1, name.bytes.data(), std::min<std::size_t>(name.bytes.size(), 255));
+    record.Namen[0] = name.length;
 }
 
 } // namespace chromalog

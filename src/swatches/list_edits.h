@@ -4,6 +4,7 @@
 #include "swatches/list_store.h"
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace chromalog {
@@ -30,10 +31,13 @@ void storeColour(FCOStruct&, const Colour&);
 /// The same, cut to a signed 16-bit value: 32768 and above become negative, white is −1. Kept.
 void overwriteColour(FCOStruct&, const Colour&);
 
-/// Copies up to 255 bytes of a name, as ASCII; bytes past them keep what they hold. Returns nothing of its
-/// length.
-void copyNameBytes(FCOStruct&, std::string_view utf8);
-/// The same, with the length byte: the text's UTF-16 length cut to 8 bits.
-void writeName(FCOStruct&, std::string_view utf8);
+/// A name as records store it. Made before the record changes: writing it then needs no memory.
+struct StoredName {
+    explicit StoredName(std::string_view utf8);
+    std::string bytes;   ///< ASCII
+    std::uint8_t length; ///< the text's UTF-16 length cut to 8 bits
+};
+/// Writes the length byte and up to 255 bytes; those past them keep what they hold.
+void writeName(FCOStruct&, const StoredName&);
 
 } // namespace chromalog

@@ -61,19 +61,20 @@ bool CSwatchList::performDragOperation(const DragInfo& info) {
     return true;
 }
 
+StoredName CSwatchList::droppedName(const Pasteboard& pasteboard, const Colour& colour, int place) const {
+    if (pasteboard.textType) return StoredName(pasteboard.text.value_or(""));
+    std::string name = "New Color";
+    desk_.isFirstColorId(colour, static_cast<std::int16_t>(place), name);
+    StoredName stored(name);
+    stored.length = 9; // for any name: kept
+    return stored;
+}
+
 void CSwatchList::insertDropped(const Pasteboard& pasteboard, const Colour& colour, std::int16_t drop) {
+    const int place = std::min<int>(drop, nfcocolors);
+    const StoredName name = droppedName(pasteboard, colour, place);
     if (!addFcoColor(colour, drop)) return;
-    const int place = std::min<int>(drop, nfcocolors - 1);
-    if (FCOStruct* record = recordAt(records(), place)) {
-        if (pasteboard.textType) {
-            writeName(*record, pasteboard.text.value_or(""));
-        } else {
-            std::string name = "New Color";
-            desk_.isFirstColorId(colour, static_cast<std::int16_t>(place), name);
-            record->Namen[0] = 9; // for any name: kept
-            copyNameBytes(*record, name);
-        }
-    }
+    if (FCOStruct* record = recordAt(records(), place)) writeName(*record, name);
     setScrollSize();
 }
 

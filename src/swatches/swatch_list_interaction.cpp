@@ -97,9 +97,10 @@ bool CSwatchList::addFcoColor(const Colour& colour, std::int16_t position) {
 }
 
 void CSwatchList::setColor(const Colour& colour, std::string_view name) {
+    const StoredName stored(name);
     if (FCOStruct* record = recordAt(records(), selectcolor)) {
         overwriteColour(*record, colour);
-        writeName(*record, name);
+        writeName(*record, stored);
     }
     contentsChanged();
 }

@@ -14,6 +14,7 @@
 namespace chromalog {
 
 class CSwatchList;
+struct StoredName;
 
 /// A colour of 16-bit words.
 struct RGBColor {
@@ -59,7 +60,7 @@ class CSwatchList : public View {
     static RGBColor bufferColorOf(const FCOStruct&);
 
     const std::string& getSwatchName() const { return swatchListName; }
-    void setName(std::string_view name) { swatchListName = name; }
+    void setName(std::string name) { swatchListName = std::move(name); }
     void setSelectedColor(std::int16_t index) { selectcolor = index; }
     void setStartColor(std::int16_t index) { startcolor = index; }
     void setNumberOfColors(std::int16_t count) { nfcocolors = count; }
@@ -116,6 +117,7 @@ class CSwatchList : public View {
   private:
     void contentsChanged(); ///< redisplay, and new rows for assistive technology
     void selectByKey(int row);
+    StoredName droppedName(const Pasteboard&, const Colour&, int place) const;
     void insertDropped(const Pasteboard&, const Colour&, std::int16_t drop);
     void refuseDropped(const FCOStruct* near);
     void drawRows(Canvas&);

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <new>
 
 namespace chromalog {
 namespace {
@@ -26,7 +27,9 @@ class SnapshotStackTest : public testing::Test {
 
     std::array<std::byte, 1> state{};
     int limit = 3;
+    int invocationsUntilFailure = -1;
     SnapshotStack stack{[this](const UndoAction& action) {
+        if (invocationsUntilFailure-- == 0) throw std::bad_alloc();
         stack.beginGroup();
         stack.registerUndo({std::make_shared<Snapshot>(state, action.snapshot.get()), action.label});
         stack.endGroup();
@@ -54,6 +57,44 @@ TEST_F(SnapshotStackTest, UndoesAndRedoesInOrderWithNames) {
     stack.undo();
     EXPECT_EQ(value(), 0);
     EXPECT_THAT(stack.redoNames(), ElementsAre("one", "two"));
+    stack.redo();
+    stack.redo();
+    EXPECT_EQ(value(), 2);
+    EXPECT_FALSE(stack.canRedo());
+}
+
+TEST_F(SnapshotStackTest, AStepThatCouldNotBeUndoneStaysAndSoDoesTheOneThatCouldNotBeRedone) {
+    change(1, "one");
+    change(2, "two");
+    invocationsUntilFailure = 0;
+    EXPECT_THROW(stack.undo(), std::bad_alloc);
+    EXPECT_EQ(value(), 2);
+    EXPECT_THAT(stack.undoNames(), ElementsAre("one", "two"));
+    EXPECT_THAT(stack.redoNames(), IsEmpty());
+    stack.undo();
+    invocationsUntilFailure = 0;
+    EXPECT_THROW(stack.redo(), std::bad_alloc);
+    EXPECT_EQ(value(), 1);
+    EXPECT_THAT(stack.redoNames(), ElementsAre("two"));
+    change(3, "three");
+    EXPECT_THAT(stack.undoNames(), ElementsAre("one", "three")) << "recording goes on";
+    EXPECT_FALSE(stack.canRedo());
+}
+
+TEST_F(SnapshotStackTest, AGroupThatIsUndoneHalfWayIsTwoStepsFromThere) {
+    stack.beginGroup();
+    for (int i = 1; i <= 2; ++i) {
+        stack.registerUndo({std::make_shared<Snapshot>(state, nullptr), std::to_string(i)});
+        state[0] = static_cast<std::byte>(i);
+    }
+    stack.setActionName("both");
+    stack.endGroup();
+    invocationsUntilFailure = 1;
+    EXPECT_THROW(stack.undo(), std::bad_alloc);
+    EXPECT_EQ(value(), 1);
+    stack.undo();
+    EXPECT_EQ(value(), 0);
+    EXPECT_FALSE(stack.canUndo());
     stack.redo();
     stack.redo();
     EXPECT_EQ(value(), 2);

@@ -338,7 +338,7 @@ TEST_F(ListCommandsTest, StoredNamesAreAsciiHeldTo255WithTheTextsOwnLength) {
                                     {std::string(256, 'x'), std::string(255, 'x'), 0},
                                     {std::string(300, 'x'), std::string(255, 'x'), 44}};
     for (const StoredNameCase& c : cases) {
-        storeListName(data->swatchName1, c.name);
+        storeListName(data->swatchName1, StoredName(c.name));
         EXPECT_EQ(data->swatchName1[0], c.length) << c.name;
         EXPECT_EQ(std::memcmp(data->swatchName1 + 1, c.characters.data(), c.characters.size()), 0) << c.name;
         EXPECT_EQ(data->swatchName2[0], 0);

@@ -151,7 +151,7 @@ TEST(ListEdits, NamesAreAsciiWithTheTextsOwnLength) {
     for (const NameCase& c : cases) {
         FCOStruct record{};
         record.SRed = 0x7777;
-        writeName(record, c.text);
+        writeName(record, StoredName(c.text));
         EXPECT_EQ(record.Namen[0], c.length) << c.text;
         EXPECT_EQ(zeroTerminatedName(record), c.bytes) << c.text;
         EXPECT_EQ(record.SRed, 0x7777);
