@@ -1,4 +1,4 @@
-// The module where the system or the host behaves unexpectedly: file sizes, calls within a call.
+// The module where the system or the host behaves unexpectedly: memory, file sizes, calls within a call.
 #include "plugin/plugin_check.h"
 
 #include <csignal>
@@ -8,6 +8,14 @@
 
 namespace chromalog::standalone {
 namespace {
+
+/// This process's address space in bytes.
+rlim_t addressSpace() {
+    std::ifstream in("/proc/self/statm");
+    rlim_t pages = 0;
+    in >> pages;
+    return pages * static_cast<rlim_t>(sysconf(_SC_PAGESIZE));
+}
 
 /// A lower limit of this process for as long as it lives.
 class LowerLimit {
@@ -25,6 +33,34 @@ class LowerLimit {
     __rlimit_resource what_;
     rlimit before_{};
 };
+
+TEST_F(PlugInCheck, AFileThatTheMemoryCannotHoldLeavesTheListAndTheDialog) {
+#if defined(__SANITIZE_ADDRESS__)
+    GTEST_SKIP() << "the address space is the sanitizer's";
+#endif
+    if (addressSpace() == 0) GTEST_SKIP() << "needs /proc";
+    const std::string one = swatchFile("one.aco").string(),
+                      large = swatchFile("large.aco", 60'000'000).string();
+    const PluginModule module(CHROMALOG_MODULE);
+    HostRun run(host, module.entry());
+    const std::string choose = "press loadSwatch1:\nchoose '";
+    play(choose + one + "'\nok\n"); // everything that a panel loads is there afterwards
+    ASSERT_EQ(run.pick(kOffered).result, 0);
+
+    play(choose + large + "'\nstate '" + (folder / "state").string() + "'\npress killSwatch2:\nok\n");
+    {
+        const LowerLimit memory(RLIMIT_AS, addressSpace() + 40'000'000);
+        EXPECT_EQ(run.pick(kOffered).result, 0);
+    }
+    EXPECT_FALSE(host.endWith) << "the script was played to its end";
+    const SlotMemory memory(host, run.slot());
+    EXPECT_EQ(memory.record->numColors1, 1);
+    EXPECT_EQ(memory.record->swatchList1[0].SRed, 65535);
+    EXPECT_EQ(memory.record->swatchName1[0], std::string("one.aco").size());
+    std::ifstream in(folder / "state");
+    const std::string state{std::istreambuf_iterator<char>(in), {}};
+    EXPECT_THAT(state, ::testing::HasSubstr("out of memory")) << "a line of the log";
+}
 
 TEST_F(PlugInCheck, AFileSizeLimitOfTheHostsEndsNoPickAndItsHandlerIsNotCalled) {
     static int signals = 0;

@@ -1,6 +1,7 @@
 #include "desktop/qt/application_guard.h"
 
 #include "desktop/qt/log_ring.h"
+#include "desktop/qt/mishap.h"
 #include "desktop/qt/screen_devices.h"
 
 #include <QDir>
@@ -92,6 +93,18 @@ void withoutNoise(QtMsgType type, const QMessageLogContext& context, const QStri
         sayOnStandardError(text.toLocal8Bit().constData());
 }
 
+/// Also ends what the toolkit itself throws where there is no memory.
+class Application : public QApplication {
+  public:
+    using QApplication::QApplication;
+    bool notify(QObject* receiver, QEvent* event) override try {
+        return QApplication::notify(receiver, event);
+    } catch (...) {
+        mishap();
+        return false;
+    }
+};
+
 } // namespace
 
 #if defined(__linux__)
@@ -172,7 +185,7 @@ ApplicationGuard::ApplicationGuard() : locale_(std::setlocale(LC_ALL, nullptr)) 
     static char* argv[] = {name, nullptr};
     earlierHandler = qInstallMessageHandler(withoutNoise);
     const std::string numeric = std::setlocale(LC_NUMERIC, nullptr);
-    own_ = std::make_unique<QApplication>(argc, argv);
+    own_ = std::make_unique<Application>(argc, argv);
     own_->setQuitOnLastWindowClosed(false);
     std::setlocale(LC_NUMERIC, numeric.c_str());
 }

@@ -10,6 +10,7 @@
 #include "desktop/qt/controls/tinted_button.h"
 #include "desktop/qt/convert.h"
 #include "desktop/qt/form_names.h"
+#include "desktop/qt/mishap.h"
 #include "desktop/qt/view_widget.h"
 
 #include <QCoreApplication>
@@ -18,6 +19,7 @@
 #include <QLineEdit>
 
 #include <set>
+#include <utility>
 
 namespace chromalog {
 
@@ -58,7 +60,9 @@ void reportDoubles(const QWidget& root, std::vector<std::string>& problems) {
 class FormLoader::NoLibraryPaths {
   public:
     NoLibraryPaths() { QCoreApplication::setLibraryPaths({}); }
-    ~NoLibraryPaths() { QCoreApplication::setLibraryPaths(before_); }
+    ~NoLibraryPaths() {
+        guarded([this] { QCoreApplication::setLibraryPaths(before_); });
+    }
     NoLibraryPaths(const NoLibraryPaths&) = delete;
     NoLibraryPaths& operator=(const NoLibraryPaths&) = delete;
 
@@ -69,7 +73,14 @@ class FormLoader::NoLibraryPaths {
 FormLoader::FormLoader() : FormLoader(NoLibraryPaths()) {}
 FormLoader::FormLoader(const NoLibraryPaths&) {}
 
-QWidget* FormLoader::createWidget(const QString& className, QWidget* parent, const QString& name) {
+QWidget* FormLoader::createWidget(const QString& className, QWidget* parent, const QString& name) try {
+    return made(className, parent, name);
+} catch (...) {
+    thrown_ = std::current_exception();
+    return nullptr;
+}
+
+QWidget* FormLoader::made(const QString& className, QWidget* parent, const QString& name) {
     QWidget* widget = nullptr;
     for (const OwnClass& own : ownClasses)
         if (className == QLatin1String(own.name)) widget = own.make(parent);
@@ -93,6 +104,7 @@ std::unique_ptr<DialogWindow> FormLoader::loadWindow(const QString& path,
     problems_ = &problems;
     std::unique_ptr<QWidget> root(load(&file));
     problems_ = nullptr;
+    if (thrown_) std::rethrow_exception(std::exchange(thrown_, nullptr));
     auto* window = qobject_cast<DialogWindow*>(root.get());
     if (!window) {
         problems.push_back(fromQt(path) + ": " + (root ? "its root is no dialog" : fromQt(errorString())));

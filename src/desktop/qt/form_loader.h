@@ -4,6 +4,7 @@
 
 #include <QUiLoader>
 
+#include <exception>
 #include <memory>
 #include <string>
 #include <vector>
@@ -27,8 +28,10 @@ class FormLoader : public QUiLoader {
   private:
     class NoLibraryPaths;
     explicit FormLoader(const NoLibraryPaths&);
+    QWidget* made(const QString& className, QWidget* parent, const QString& name);
 
     std::vector<std::string>* problems_ = nullptr;
+    std::exception_ptr thrown_; ///< in createWidget, which the toolkit calls
 };
 
 /// Where the interface file lies: in the folder that overrides, else among the resources.

@@ -2,6 +2,8 @@
 
 #include "desktop/qt/controls/window_control.h"
 
+#include <QScopeGuard>
+
 #include <algorithm>
 
 namespace chromalog {
@@ -11,12 +13,13 @@ std::int64_t ModalLoops::run(DialogWindow& window) {
     if (below && !window.parentWidget()) window.setParent(below, window.windowFlags()); // stays above it
     Running running(window);
     running_.push_back(&running);
+    const auto end =
+        qScopeGuard([&] { running_.erase(std::find(running_.begin(), running_.end(), &running)); });
     window.setWindowModality(Qt::ApplicationModal);
     window.show();
     window.raise();
     window.activateWindow();
     if (!running.stopped) running.loop.exec();
-    running_.erase(std::find(running_.begin(), running_.end(), &running));
     return running.code;
 }
 

@@ -49,16 +49,24 @@ QtDesktop::QtDesktop(QtDesktopSettings settings)
     installAccessibility();
 }
 
+namespace {
+std::unique_ptr<QMimeData> plainCopy(const QMimeData& ours) {
+    auto plain = std::make_unique<QMimeData>();
+    if (ours.hasColor()) plain->setColorData(ours.colorData());
+    if (ours.hasText()) plain->setText(ours.text());
+    return plain;
+}
+} // namespace
+
 /// What the clipboard holds of ours becomes the toolkit's own: the module may be unloaded before the
 /// clipboard is read.
 QtDesktop::~QtDesktop() {
     QClipboard* clipboard = QGuiApplication::clipboard();
-    if (const auto* ours = dynamic_cast<const ColourMime*>(clipboard->mimeData())) {
-        auto* plain = new QMimeData;
-        if (ours->hasColor()) plain->setColorData(ours->colorData());
-        if (ours->hasText()) plain->setText(ours->text());
-        clipboard->setMimeData(plain);
-    }
+    const auto ours = [clipboard] { return dynamic_cast<const ColourMime*>(clipboard->mimeData()); };
+    guarded([&] {
+        if (ours()) clipboard->setMimeData(plainCopy(*ours()).release());
+    });
+    if (ours()) guarded([&] { clipboard->clear(); }); // there was no memory for a copy
     removeAccessibility();
 }
 
@@ -75,6 +83,7 @@ std::unique_ptr<Form> QtDesktop::loadForm(std::string_view name, const FormOwner
     }
     for (const std::string& problem : problems)
         log(std::string(name) + ": " + problem);
+    mishaps_.rethrow();
     return form;
 }
 
@@ -89,8 +98,8 @@ void QtDesktop::adoptHostWindow(QWidget& window) {
 }
 
 void QtDesktop::forget(QtForm& form) {
-    panels_.closeOn(form.window());
     std::erase(forms_, &form);
+    guarded([&] { panels_.closeOn(form.window()); });
 }
 
 std::int64_t QtDesktop::runModal(Window& window) {
@@ -100,7 +109,10 @@ std::int64_t QtDesktop::runModal(Window& window) {
         log("no window to run");
         return 0;
     }
-    return modalLoops_.run(*control->dialog());
+    mishaps_.rethrow(); // of the time when the dialog was made
+    const std::int64_t code = modalLoops_.run(*control->dialog());
+    mishaps_.rethrow();
+    return code;
 }
 
 void QtDesktop::stopModal(std::int64_t code) {
@@ -161,14 +173,16 @@ class OneShotTimer : public Timer {
         timer_->setSingleShot(true);
         timer_->setTimerType(Qt::PreciseTimer);
         QObject::connect(timer_, &QTimer::timeout, timer_, [fire = std::move(fire)] {
-            const auto held = fire; // firing may destroy the timer
-            held();
+            guarded([&fire] {
+                const auto held = fire; // firing may destroy the timer
+                held();
+            });
         });
     }
     ~OneShotTimer() override {
         if (!timer_) return;
         timer_->stop();
-        timer_->deleteLater();
+        guarded([this] { timer_->deleteLater(); }); // else it goes with the desktop
     }
     void fireIn(double seconds) override {
         if (timer_) timer_->start(int(seconds * 1000.0));

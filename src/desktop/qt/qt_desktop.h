@@ -4,6 +4,7 @@
 #include "desktop/qt/controls/plain_text.h"
 #include "desktop/qt/drags.h"
 #include "desktop/qt/log_ring.h"
+#include "desktop/qt/mishap.h"
 #include "desktop/qt/modal_loops.h"
 #include "desktop/qt/panels/file_panels.h"
 #include "desktop/qt/panels/print_jobs.h"
@@ -89,6 +90,7 @@ class QtDesktop : public Desktop {
     PlainLabels plainLabels_;
     QObject context_; ///< timers live as long as it does
     ModalLoops modalLoops_;
+    Mishaps mishaps_{modalLoops_, log_};
     Drags drags_;
     PrintJobs printJobs_;
     FilePanels panels_;

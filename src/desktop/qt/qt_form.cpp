@@ -9,6 +9,7 @@
 #include "desktop/qt/controls/window_control.h"
 #include "desktop/qt/convert.h"
 #include "desktop/qt/form_names.h"
+#include "desktop/qt/mishap.h"
 #include "desktop/qt/qt_desktop.h"
 #include "desktop/qt/view_widget.h"
 
@@ -88,7 +89,7 @@ QtForm::QtForm(std::unique_ptr<DialogWindow> root, QtDesktop& desktop, std::stri
 
 QtForm::~QtForm() {
     for (const auto& disconnect : disconnects_)
-        disconnect();
+        guarded(disconnect);
     controls_.clear();
     desktop_.forget(*this);
     delete root_.data();
@@ -120,7 +121,7 @@ bool QtForm::connectAction(QObject* sender, const FormOwner& owner) {
     const auto entry = std::find_if(owner.actions.begin(), owner.actions.end(),
                                     [&](const ActionEntry& action) { return action.name == name; });
     if (entry == owner.actions.end()) return false;
-    const auto run = [operation = entry->run] { operation(); };
+    const auto run = [operation = entry->run] { guarded(operation); };
     if (auto* button = qobject_cast<QAbstractButton*>(sender))
         return QObject::connect(button, &QAbstractButton::clicked, root_.data(), run);
     if (auto* slider = qobject_cast<QSlider*>(sender))

@@ -33,7 +33,7 @@ std::unique_ptr<Desktop> QtPlatform::makeDesktop(const StandaloneSuite* standalo
 }
 
 void QtPlatform::log(std::string_view line) {
-    sayOnStandardError("Chromalog: " + std::string(line));
+    guarded([line] { sayOnStandardError("Chromalog: " + std::string(line)); });
 }
 
 void QtPlatform::dialogReady(Desktop& desktop, ChromalogControler& controler) {

@@ -3,6 +3,7 @@
 #include "desktop/qt/controls/list_scroll_area.h"
 #include "desktop/qt/controls/well_accessible.h"
 #include "desktop/qt/convert.h"
+#include "desktop/qt/mishap.h"
 #include "desktop/qt/view_widget.h"
 
 #include <QAccessible>
@@ -32,17 +33,20 @@ class RowAccessible : public QAccessibleInterface, public QAccessibleActionInter
         return {list_->mapToGlobal(QPoint(0, row_ * kListRowPitch)), QSize(list_->width(), kListRowPitch)};
     }
     QAccessible::Role role() const override { return QAccessible::ListItem; }
-    QString text(QAccessible::Text kind) const override {
+    QString text(QAccessible::Text kind) const override try {
         if (!isValid()) return {};
         const AccessibleRow row = view()->accessibleRow(row_);
         if (kind == QAccessible::Name) return toQt(row.name);
         return kind == QAccessible::Value || kind == QAccessible::Description ? toQt(row.value) : QString();
+    } catch (...) {
+        mishap();
+        return {};
     }
     QAccessible::State state() const override {
         QAccessible::State state;
         state.selectable = true;
         state.invalid = !isValid();
-        state.selected = isValid() && view()->accessibleRow(row_).selected;
+        state.selected = guarded(false, [this] { return isValid() && view()->accessibleRow(row_).selected; });
         return state;
     }
     void* interface_cast(QAccessible::InterfaceType type) override {
@@ -51,7 +55,7 @@ class RowAccessible : public QAccessibleInterface, public QAccessibleActionInter
     }
     QStringList actionNames() const override { return {pressAction()}; }
     void doAction(const QString&) override {
-        if (isValid()) view()->selectAccessibleRow(row_);
+        if (isValid()) guarded([this] { view()->selectAccessibleRow(row_); });
     }
     QStringList keyBindingsForAction(const QString&) const override { return {}; }
 
@@ -91,15 +95,19 @@ class ViewAccessible : public QAccessibleWidget, public QAccessibleValueInterfac
     }
 
     QAccessible::Role role() const override {
-        return view() ? roleOf(view()->accessible().role) : QAccessible::Client;
+        return guarded(QAccessible::Client,
+                       [this] { return view() ? roleOf(view()->accessible().role) : QAccessible::Client; });
     }
-    QString text(QAccessible::Text kind) const override {
+    QString text(QAccessible::Text kind) const override try {
         if (!view()) return QAccessibleWidget::text(kind);
         const Accessible told = view()->accessible();
         if (kind == QAccessible::Name) return toQt(told.name);
         if (kind == QAccessible::Value) return toQt(told.value);
         if (kind == QAccessible::Description) return descriptionOf(told);
         return QAccessibleWidget::text(kind);
+    } catch (...) {
+        mishap();
+        return {};
     }
     void* interface_cast(QAccessible::InterfaceType type) override {
         if (type == QAccessible::ValueInterface)
@@ -108,13 +116,16 @@ class ViewAccessible : public QAccessibleWidget, public QAccessibleValueInterfac
     }
 
     int childCount() const override { return view() ? view()->accessibleRowCount() : 0; }
-    QAccessibleInterface* child(int row) const override {
+    QAccessibleInterface* child(int row) const override try {
         if (row < 0 || row >= childCount()) return nullptr;
-        const auto known = rows_.find(row);
-        if (known != rows_.end()) return QAccessible::accessibleInterface(known->second);
-        auto* made = new RowAccessible(static_cast<ViewWidget*>(widget()), row);
-        rows_[row] = QAccessible::registerAccessibleInterface(made);
-        return made;
+        QAccessible::Id& id = rows_[row];
+        if (id == 0)
+            id = QAccessible::registerAccessibleInterface(
+                new RowAccessible(static_cast<ViewWidget*>(widget()), row));
+        return QAccessible::accessibleInterface(id);
+    } catch (...) {
+        mishap();
+        return nullptr;
     }
     int indexOfChild(const QAccessibleInterface* wanted) const override {
         for (const auto& [row, id] : rows_)
@@ -131,13 +142,16 @@ class ViewAccessible : public QAccessibleWidget, public QAccessibleValueInterfac
     QVariant maximumValue() const override { return range() ? QVariant(range()->maximum) : QVariant(); }
     QVariant minimumStepSize() const override { return range() ? QVariant(range()->step) : QVariant(); }
     void setCurrentValue(const QVariant& value) override {
-        if (view()) view()->setAccessibleValue(value.toDouble());
+        guarded([&] {
+            if (view()) view()->setAccessibleValue(value.toDouble());
+        });
     }
 
   private:
     View* view() const { return widget() ? static_cast<ViewWidget*>(widget())->view() : nullptr; }
     std::optional<Accessible::Range> range() const {
-        return view() ? view()->accessible().range : std::nullopt;
+        return guarded(std::optional<Accessible::Range>(),
+                       [this] { return view() ? view()->accessible().range : std::nullopt; });
     }
 
     mutable std::map<int, QAccessible::Id> rows_; ///< rows that were asked for
@@ -145,7 +159,8 @@ class ViewAccessible : public QAccessibleWidget, public QAccessibleValueInterfac
 
 QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
     auto* widget = dynamic_cast<ViewWidget*>(object);
-    return widget ? new ViewAccessible(widget) : nullptr;
+    const auto make = [widget]() -> QAccessibleInterface* { return new ViewAccessible(widget); };
+    return widget ? guarded<QAccessibleInterface*>(nullptr, make) : nullptr;
 }
 
 } // namespace

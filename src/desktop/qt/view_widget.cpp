@@ -4,6 +4,7 @@
 #include "desktop/qt/controls/list_scroll_area.h"
 #include "desktop/qt/convert.h"
 #include "desktop/qt/drags.h"
+#include "desktop/qt/mishap.h"
 #include "desktop/qt/paint_canvas.h"
 #include "desktop/qt/view_accessible.h"
 
@@ -11,6 +12,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 
 namespace chromalog {
 
@@ -105,20 +107,19 @@ void ViewWidget::layOutView() {
 }
 
 void ViewWidget::resizeEvent(QResizeEvent*) {
-    layOutView();
+    guarded([this] { layOutView(); });
 }
 
 void ViewWidget::moveEvent(QMoveEvent*) {
-    layOutView();
+    guarded([this] { layOutView(); });
 }
 
 /// A list sets its own height; other views are laid out by the form, and frames that they set for a print job
 /// are no business of the screen.
 void ViewWidget::frameChanged() {
     if (!view_ || !clipWidget()) return;
-    followingView_ = true;
+    const QScopedValueRollback following(followingView_, true);
     resize(width(), qBound(1, int(view_->frame().h), QWIDGETSIZE_MAX));
-    followingView_ = false;
 }
 
 void ViewWidget::hiddenChanged() {
@@ -138,7 +139,7 @@ std::optional<Rect> ViewWidget::superviewBounds() const {
 
 /// A view that is being printed has the paper's geometry, and its host is not this widget for that long:
 /// nothing is drawn then, and the screen keeps what it shows.
-void ViewWidget::paintEvent(QPaintEvent* event) {
+void ViewWidget::paintEvent(QPaintEvent* event) try {
     if (!view_ || view_->host() != this) return;
     QPainter painter(this);
     const QRect dirty = event->rect();
@@ -150,6 +151,8 @@ void ViewWidget::paintEvent(QPaintEvent* event) {
     if (!hasFocus()) return;
     if (const auto mark = view_->focusMark()) paintFocusRing(painter, canvas.map(*mark).toAlignedRect());
     if (!clipWidget()) paintFocusRing(painter, rect());
+} catch (...) {
+    mishap();
 }
 
 MouseEvent ViewWidget::translated(const QMouseEvent& event) const {
@@ -157,7 +160,7 @@ MouseEvent ViewWidget::translated(const QMouseEvent& event) const {
             event.modifiers().testFlag(Qt::ShiftModifier)};
 }
 
-void ViewWidget::mousePressEvent(QMouseEvent* event) {
+void ViewWidget::mousePressEvent(QMouseEvent* event) try {
     if (!view_) return;
     if (event->button() == Qt::RightButton) {
         view_->rightMouseDown(translated(*event));
@@ -167,9 +170,11 @@ void ViewWidget::mousePressEvent(QMouseEvent* event) {
         pressedAt_ = event->position();
         view_->mouseDown(translated(*event));
     }
+} catch (...) {
+    mishap();
 }
 
-void ViewWidget::mouseMoveEvent(QMouseEvent* event) {
+void ViewWidget::mouseMoveEvent(QMouseEvent* event) try {
     if (!view_ || !pressed_ || !(event->buttons() & Qt::LeftButton)) return;
     if (!view_->startsDrags()) {
         view_->mouseDragged(translated(*event));
@@ -179,38 +184,48 @@ void ViewWidget::mouseMoveEvent(QMouseEvent* event) {
     if (dragSent_ || moved < QApplication::startDragDistance()) return;
     dragSent_ = true;
     view_->mouseDragged(translated(*event)); // returns when the drag is over
+} catch (...) {
+    mishap();
 }
 
-void ViewWidget::mouseReleaseEvent(QMouseEvent* event) {
+void ViewWidget::mouseReleaseEvent(QMouseEvent* event) try {
     if (!view_ || !pressed_ || event->button() != Qt::LeftButton) return;
     pressed_ = false;
     view_->mouseUp(translated(*event));
+} catch (...) {
+    mishap();
 }
 
-void ViewWidget::keyPressEvent(QKeyEvent* event) {
+void ViewWidget::keyPressEvent(QKeyEvent* event) try {
     const KeyEvent key{keyOf(event->key()), event->modifiers().testFlag(Qt::ShiftModifier),
                        event->modifiers().testFlag(Qt::AltModifier)};
     if (!view_ || key.key == Key::other || !view_->keyDown(key)) QWidget::keyPressEvent(event);
+} catch (...) {
+    mishap();
 }
 
 /// The keyboard's menu key opens the menu of the selected row. By mouse the view was told at the press.
-void ViewWidget::contextMenuEvent(QContextMenuEvent* event) {
+void ViewWidget::contextMenuEvent(QContextMenuEvent* event) try {
     if (!view_ || event->reason() != QContextMenuEvent::Keyboard) return;
     for (int row = 0; row < view_->accessibleRowCount(); ++row)
         if (view_->accessibleRow(row).selected)
             return view_->rightMouseDown({{width() / 2.0, (row + 0.75) * kListRowPitch}});
+} catch (...) {
+    mishap();
 }
 
-void ViewWidget::focusInEvent(QFocusEvent*) {
+void ViewWidget::focusInEvent(QFocusEvent*) try {
     update();
     if (clipWidget()) clipWidget()->parentWidget()->update();
+} catch (...) {
+    mishap();
 }
 
 void ViewWidget::focusOutEvent(QFocusEvent* event) {
     focusInEvent(event);
 }
 
-void ViewWidget::dragEnterEvent(QDragEnterEvent* event) {
+void ViewWidget::dragEnterEvent(QDragEnterEvent* event) try {
     if (view_ &&
         view_->draggingEntered(dragInfoOf(*event, toView(event->position()))) == DragOperation::copy) {
         event->setDropAction(Qt::CopyAction);
@@ -218,6 +233,8 @@ void ViewWidget::dragEnterEvent(QDragEnterEvent* event) {
     } else {
         event->ignore();
     }
+} catch (...) {
+    mishap();
 }
 
 void ViewWidget::dragMoveEvent(QDragMoveEvent* event) {
@@ -225,10 +242,12 @@ void ViewWidget::dragMoveEvent(QDragMoveEvent* event) {
     event->accept(); // only an entered drag gets here
 }
 
-void ViewWidget::dropEvent(QDropEvent* event) {
+void ViewWidget::dropEvent(QDropEvent* event) try {
     if (!view_) return;
     event->setDropAction(Qt::CopyAction);
     event->setAccepted(view_->performDragOperation(dragInfoOf(*event, toView(event->position()))));
+} catch (...) {
+    mishap();
 }
 
 } // namespace chromalog

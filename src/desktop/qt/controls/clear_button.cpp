@@ -1,5 +1,7 @@
 #include "desktop/qt/controls/clear_button.h"
 
+#include "desktop/qt/mishap.h"
+
 #include <QAction>
 #include <QGuiApplication>
 #include <QIconEngine>
@@ -14,7 +16,7 @@ namespace {
 /// A cross in the colour of texts, sharp at any scale.
 class Cross : public QIconEngine {
   public:
-    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override try {
         const QRectF box(rect);
         const QRectF cross =
             box.adjusted(box.width() * 0.3, box.height() * 0.3, box.width() * -0.3, box.height() * -0.3);
@@ -24,13 +26,18 @@ class Cross : public QIconEngine {
                              Qt::SolidLine, Qt::RoundCap));
         painter->drawLine(cross.topLeft(), cross.bottomRight());
         painter->drawLine(cross.topRight(), cross.bottomLeft());
+    } catch (...) {
+        mishap();
     }
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override try {
         QPixmap picture(size);
         picture.fill(Qt::transparent);
         QPainter painter(&picture);
         paint(&painter, QRect(QPoint(), size), mode, state);
         return picture;
+    } catch (...) {
+        mishap();
+        return QPixmap();
     }
     QIconEngine* clone() const override { return new Cross(*this); }
 };
@@ -42,10 +49,12 @@ void addClearButton(QLineEdit& field) {
     clear->setText(QObject::tr("Clear"));
     clear->setVisible(!field.text().isEmpty());
     QObject::connect(&field, &QLineEdit::textChanged, clear,
-                     [clear](const QString& text) { clear->setVisible(!text.isEmpty()); });
+                     [clear](const QString& text) { guarded([&] { clear->setVisible(!text.isEmpty()); }); });
     QObject::connect(clear, &QAction::triggered, &field, [&field] {
-        field.clear();
-        emit field.textEdited(QString()); // a person's edit
+        guarded([&] {
+            field.clear();
+            emit field.textEdited(QString()); // a person's edit
+        });
     });
 }
 

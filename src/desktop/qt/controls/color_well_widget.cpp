@@ -3,6 +3,7 @@
 #include "desktop/qt/controls/focus_ring.h"
 #include "desktop/qt/convert.h"
 #include "desktop/qt/drags.h"
+#include "desktop/qt/mishap.h"
 #include "views/accessible_colour.h"
 
 #include <QAccessible>
@@ -42,11 +43,13 @@ QString ColorWellWidget::valueText() const {
     return toQt(accessibleColour(colour_));
 }
 
-void ColorWellWidget::copyAsHex() {
+void ColorWellWidget::copyAsHex() try {
     QGuiApplication::clipboard()->setText(valueText().section(' ', -1));
+} catch (...) {
+    mishap();
 }
 
-void ColorWellWidget::paintEvent(QPaintEvent*) {
+void ColorWellWidget::paintEvent(QPaintEvent*) try {
     QPainter painter(this);
     const QRect whole = rect();
     painter.fillRect(whole, palette().color(QPalette::Mid));
@@ -57,6 +60,12 @@ void ColorWellWidget::paintEvent(QPaintEvent*) {
     shown.setAlpha(255);
     painter.fillRect(inside, isEnabled() ? shown : palette().color(QPalette::Window));
     if (hasFocus()) paintFocusRing(painter, whole);
+} catch (...) {
+    mishap();
+}
+
+void ColorWellWidget::redraw() {
+    guarded([this] { update(); });
 }
 
 void ColorWellWidget::mousePressEvent(QMouseEvent* event) {
@@ -64,7 +73,7 @@ void ColorWellWidget::mousePressEvent(QMouseEvent* event) {
     pressedAt_ = event->position();
 }
 
-void ColorWellWidget::mouseMoveEvent(QMouseEvent* event) {
+void ColorWellWidget::mouseMoveEvent(QMouseEvent* event) try {
     if (!pressed_ || !drags_ || !(event->buttons() & Qt::LeftButton)) return;
     if ((event->position() - pressedAt_).manhattanLength() < QApplication::startDragDistance()) return;
     pressed_ = false;
@@ -73,18 +82,24 @@ void ColorWellWidget::mouseMoveEvent(QMouseEvent* event) {
     request.image = {dragPicture, colour_, false, {}};
     request.pasteboard = {true, false, colour_, std::nullopt};
     drags_->begin(request, this);
+} catch (...) {
+    mishap();
 }
 
-void ColorWellWidget::keyPressEvent(QKeyEvent* event) {
+void ColorWellWidget::keyPressEvent(QKeyEvent* event) try {
     if (event->matches(QKeySequence::Copy)) return copyAsHex();
     QWidget::keyPressEvent(event);
+} catch (...) {
+    mishap();
 }
 
-void ColorWellWidget::dragEnterEvent(QDragEnterEvent* event) {
+void ColorWellWidget::dragEnterEvent(QDragEnterEvent* event) try {
     const DragInfo info = dragInfoOf(*event, {});
     if (info.source == this || !info.pasteboard.colourType || !info.sourceAllows) return event->ignore();
     event->setDropAction(Qt::CopyAction);
     event->accept();
+} catch (...) {
+    mishap();
 }
 
 void ColorWellWidget::dragMoveEvent(QDragMoveEvent* event) {
@@ -92,7 +107,7 @@ void ColorWellWidget::dragMoveEvent(QDragMoveEvent* event) {
     event->accept();
 }
 
-void ColorWellWidget::dropEvent(QDropEvent* event) {
+void ColorWellWidget::dropEvent(QDropEvent* event) try {
     const QPointF at = event->position();
     const DragInfo info = dragInfoOf(*event, {at.x(), height() - at.y()});
     if (!info.pasteboard.colour) return event->ignore();
@@ -100,6 +115,8 @@ void ColorWellWidget::dropEvent(QDropEvent* event) {
     event->accept();
     setColor(*info.pasteboard.colour);
     if (onDrop) onDrop(info);
+} catch (...) {
+    mishap();
 }
 
 } // namespace chromalog

@@ -38,13 +38,15 @@ class ColorWellWidget : public QWidget, public ColorWell {
     void mousePressEvent(QMouseEvent*) override;
     void mouseMoveEvent(QMouseEvent*) override;
     void keyPressEvent(QKeyEvent*) override;
-    void focusInEvent(QFocusEvent*) override { update(); }
-    void focusOutEvent(QFocusEvent*) override { update(); }
+    void focusInEvent(QFocusEvent*) override { redraw(); }
+    void focusOutEvent(QFocusEvent*) override { redraw(); }
     void dragEnterEvent(QDragEnterEvent*) override;
     void dragMoveEvent(QDragMoveEvent*) override;
     void dropEvent(QDropEvent*) override;
 
   private:
+    void redraw();
+
     Colour colour_;
     Drags* drags_ = nullptr;
     QPointF pressedAt_;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "desktop/qt/mishap.h"
+
 #include <QLabel>
 #include <QPainter>
 
@@ -14,12 +16,14 @@ class ElidedLabel : public QLabel {
     QSize sizeHint() const override { return {60, QLabel::sizeHint().height()}; }
 
   protected:
-    void paintEvent(QPaintEvent*) override {
+    void paintEvent(QPaintEvent*) override try {
         QPainter painter(this);
         painter.setPen(
             palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
         painter.drawText(rect(), int(alignment()) | Qt::TextSingleLine,
                          fontMetrics().elidedText(text(), Qt::ElideRight, width()));
+    } catch (...) {
+        mishap();
     }
 };
 

@@ -2,6 +2,7 @@
 
 #include "desktop/qt/controls/plain_text.h"
 #include "desktop/qt/convert.h"
+#include "desktop/qt/mishap.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -16,11 +17,11 @@ FieldControl::FieldControl(QLineEdit* edit) : WidgetControl(edit) {
     connect(edit, &QLineEdit::textEdited, this, [this] {
         pending_.reset();
         edited_ = isFocusOfItsDialog();
-        if (onEdit) onEdit();
+        if (onEdit) guarded(onEdit);
     });
     // A window that comes back may have lost the focus to another widget meanwhile: nothing else tells.
     connect(qApp, &QApplication::focusChanged, this, [this] {
-        if (widget_ && edited_ && !isFocusOfItsDialog()) endEditing();
+        if (widget_ && edited_ && !isFocusOfItsDialog()) guarded([this] { endEditing(); });
     });
 }
 
@@ -73,11 +74,14 @@ bool FieldControl::escapePressed() {
     return true;
 }
 
-bool FieldControl::eventFilter(QObject*, QEvent* event) {
+bool FieldControl::eventFilter(QObject*, QEvent* event) try {
     if (event->type() != QEvent::KeyPress) return false;
     const int key = static_cast<QKeyEvent*>(event)->key();
     if (key == Qt::Key_Return || key == Qt::Key_Enter) return returnPressed();
     return key == Qt::Key_Escape && escapePressed();
+} catch (...) {
+    mishap();
+    return event->type() == QEvent::KeyPress; // a Return that failed does not press OK
 }
 
 LabelControl::LabelControl(QLabel* label) : WidgetControl(label) {

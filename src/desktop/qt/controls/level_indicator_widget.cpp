@@ -1,5 +1,7 @@
 #include "desktop/qt/controls/level_indicator_widget.h"
 
+#include "desktop/qt/mishap.h"
+
 #include <QPainter>
 
 #include <algorithm>
@@ -29,7 +31,7 @@ void LevelIndicatorWidget::setValue(double value) {
     update();
 }
 
-void LevelIndicatorWidget::paintEvent(QPaintEvent*) {
+void LevelIndicatorWidget::paintEvent(QPaintEvent*) try {
     QPainter painter(this);
     const double pitch = (width() + gap) / double(segments);
     for (int i = 0; i < segments; ++i) {
@@ -40,6 +42,8 @@ void LevelIndicatorWidget::paintEvent(QPaintEvent*) {
         painter.setPen(palette().color(QPalette::Mid));
         painter.drawRect(box.adjusted(0, 0, -1, -1));
     }
+} catch (...) {
+    mishap();
 }
 
 } // namespace chromalog

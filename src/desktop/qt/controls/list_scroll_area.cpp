@@ -1,6 +1,7 @@
 #include "desktop/qt/controls/list_scroll_area.h"
 
 #include "desktop/qt/controls/focus_ring.h"
+#include "desktop/qt/mishap.h"
 #include "desktop/qt/view_widget.h"
 
 #include <QEvent>
@@ -51,21 +52,26 @@ void ListScrollArea::setNeedsDisplay() {
 }
 
 /// The content learns the new clip even where its own width stays: its height depends on the clip's.
-void ListScrollArea::resizeEvent(QResizeEvent* event) {
+void ListScrollArea::resizeEvent(QResizeEvent* event) try {
     if (ViewWidget* list = content()) {
         list->resize(viewport()->width(), list->height());
         if (list->view()) list->view()->sizeChanged();
     }
     QScrollArea::resizeEvent(event);
+} catch (...) {
+    mishap();
 }
 
-bool ListScrollArea::event(QEvent* event) {
+bool ListScrollArea::event(QEvent* event) try {
     const bool used = QScrollArea::event(event);
     if (event->type() == QEvent::Paint && widget() && widget()->hasFocus()) {
         QPainter painter(this);
         paintFocusRing(painter, rect());
     }
     return used;
+} catch (...) {
+    mishap();
+    return true;
 }
 
 } // namespace chromalog

@@ -1,6 +1,7 @@
 #include "desktop/qt/controls/plain_text.h"
 
 #include "desktop/qt/controls/window_control.h"
+#include "desktop/qt/mishap.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -36,11 +37,14 @@ PlainLabels::PlainLabels() {
     qApp->installEventFilter(this);
 }
 
-bool PlainLabels::eventFilter(QObject* object, QEvent* event) {
+bool PlainLabels::eventFilter(QObject* object, QEvent* event) try {
     if (event->type() != QEvent::Polish) return false;
     auto* label = qobject_cast<QLabel*>(object);
     if (label && label->windowType() != Qt::ToolTip && isBelowOurs(label))
         label->setTextFormat(Qt::PlainText);
+    return false;
+} catch (...) {
+    mishap();
     return false;
 }
 

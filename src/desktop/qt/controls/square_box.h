@@ -1,5 +1,7 @@
 #pragma once
 
+#include "desktop/qt/mishap.h"
+
 #include <QWidget>
 
 namespace chromalog {
@@ -14,10 +16,12 @@ class SquareBox : public QWidget {
     void setStep(int step) { step_ = step > 0 ? step : 1; }
 
   protected:
-    void resizeEvent(QResizeEvent*) override {
+    void resizeEvent(QResizeEvent*) override try {
         const int side = qMin(width(), height()) / step_ * step_;
         for (QWidget* child : findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
             child->setGeometry((width() - side) / 2, (height() - side) / 2, side, side);
+    } catch (...) {
+        mishap();
     }
 
   private:

@@ -1,5 +1,7 @@
 #include "desktop/qt/controls/stepper_widget.h"
 
+#include "desktop/qt/mishap.h"
+
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QToolButton>
@@ -48,10 +50,12 @@ void StepperWidget::step(int direction) {
     emit stepped();
 }
 
-void StepperWidget::keyPressEvent(QKeyEvent* event) {
+void StepperWidget::keyPressEvent(QKeyEvent* event) try {
     if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Left) return stepBackwards();
     if (event->key() == Qt::Key_Down || event->key() == Qt::Key_Right) return stepForwards();
     QWidget::keyPressEvent(event);
+} catch (...) {
+    mishap();
 }
 
 } // namespace chromalog

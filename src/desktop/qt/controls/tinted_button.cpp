@@ -1,6 +1,7 @@
 #include "desktop/qt/controls/tinted_button.h"
 
 #include "desktop/qt/convert.h"
+#include "desktop/qt/mishap.h"
 
 #include <QPainter>
 
@@ -11,7 +12,7 @@ void TintedButton::setTint(const Colour& tint) {
     update();
 }
 
-void TintedButton::paintEvent(QPaintEvent* event) {
+void TintedButton::paintEvent(QPaintEvent* event) try {
     if (!tint_) return QPushButton::paintEvent(event);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -28,6 +29,8 @@ void TintedButton::paintEvent(QPaintEvent* event) {
     }
     painter.setPen(isEnabled() ? ink : palette().color(QPalette::Disabled, QPalette::ButtonText));
     painter.drawText(rect(), Qt::AlignCenter | Qt::TextShowMnemonic, text());
+} catch (...) {
+    mishap();
 }
 
 } // namespace chromalog

@@ -1,6 +1,7 @@
 #include "desktop/qt/controls/well_accessible.h"
 
 #include "desktop/qt/controls/color_well_widget.h"
+#include "desktop/qt/mishap.h"
 
 #include <QAccessibleWidget>
 
@@ -12,10 +13,13 @@ class WellAccessible : public QAccessibleWidget {
   public:
     explicit WellAccessible(ColorWellWidget* well)
         : QAccessibleWidget(well, QAccessible::ColorChooser), well_(well) {}
-    QString text(QAccessible::Text kind) const override {
+    QString text(QAccessible::Text kind) const override try {
         // Screen readers are given a description, but no value in words.
         return kind == QAccessible::Value || kind == QAccessible::Description ? well_->valueText()
                                                                               : QAccessibleWidget::text(kind);
+    } catch (...) {
+        mishap();
+        return {};
     }
 
   private:
@@ -26,7 +30,8 @@ class WellAccessible : public QAccessibleWidget {
 
 QAccessibleInterface* makeWellAccessible(const QString&, QObject* object) {
     auto* well = dynamic_cast<ColorWellWidget*>(object);
-    return well ? new WellAccessible(well) : nullptr;
+    const auto make = [well]() -> QAccessibleInterface* { return new WellAccessible(well); };
+    return well ? guarded<QAccessibleInterface*>(nullptr, make) : nullptr;
 }
 
 } // namespace chromalog

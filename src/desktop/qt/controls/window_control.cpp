@@ -1,5 +1,6 @@
 #include "desktop/qt/controls/window_control.h"
 
+#include "desktop/qt/mishap.h"
 #include "desktop/qt/view_widget.h"
 
 namespace chromalog {
@@ -10,7 +11,7 @@ void DialogWindow::reject() {
     if (!onClose) return hide();
     if (closing_) return; // the answer to a close may itself close the window
     closing_ = true;
-    onClose();
+    guarded(onClose);
     closing_ = false;
 }
 

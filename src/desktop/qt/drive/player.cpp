@@ -6,6 +6,7 @@
 #include "desktop/qt/drive/locate.h"
 #include "desktop/qt/drive/pointer.h"
 #include "desktop/qt/drive/prompts.h"
+#include "desktop/qt/mishap.h"
 #include "desktop/qt/qt_desktop.h"
 #include "desktop/qt/qt_form.h"
 
@@ -69,6 +70,8 @@ void Player::next() {
         play(command);
     } catch (const CommandError& error) {
         stop(error.message);
+    } catch (const std::exception& error) {
+        stop(error.what());
     }
 }
 
@@ -133,7 +136,8 @@ void Player::play(const Command& command) {
 
 void Player::wait(const Command& command) {
     settle_.stop();
-    QTimer::singleShot(int(command.number(0)), Qt::PreciseTimer, &settle_, [this] { again(); });
+    QTimer::singleShot(int(command.number(0)), Qt::PreciseTimer, &settle_,
+                       [this] { guarded([this] { again(); }); });
 }
 
 void Player::choose(const Command& command) {

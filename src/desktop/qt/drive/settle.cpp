@@ -1,5 +1,7 @@
 #include "desktop/qt/drive/settle.h"
 
+#include "desktop/qt/mishap.h"
+
 #include <QApplication>
 #include <QEvent>
 #include <QTimerEvent>
@@ -60,7 +62,7 @@ bool Settle::eventFilter(QObject* receiver, QEvent* event) {
 bool Settle::event(QEvent* event) {
     if (event->type() != kProbe) return QObject::event(event);
     probing_ = false;
-    if (then_) look();
+    if (then_) guarded([this] { look(); });
     return true;
 }
 
@@ -74,10 +76,12 @@ void Settle::look() {
     then();
 }
 
-void Settle::timerEvent(QTimerEvent*) {
+void Settle::timerEvent(QTimerEvent*) try {
     killTimer(std::exchange(timer_, 0));
     busy_ = true; // a whole quiet turn after the last window came up
     probe();
+} catch (...) {
+    mishap();
 }
 
 } // namespace chromalog::drive

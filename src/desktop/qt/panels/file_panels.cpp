@@ -1,6 +1,7 @@
 #include "desktop/qt/panels/file_panels.h"
 
 #include "desktop/qt/convert.h"
+#include "desktop/qt/mishap.h"
 
 #include <QFileInfo>
 #include <QLineEdit>
@@ -28,7 +29,7 @@ void deleteWithoutTraces(QFileDialog* panel) {
 class SaveDialog : public QFileDialog {
   public:
     SaveDialog(QWidget* parent, QString extension) : QFileDialog(parent), extension_(std::move(extension)) {}
-    void accept() override {
+    void accept() override try {
         auto* name = findChild<QLineEdit*>("fileNameEdit");
         auto* list = findChild<QListView*>("listView");
         if (name && list && !name->text().isEmpty()) {
@@ -38,6 +39,8 @@ class SaveDialog : public QFileDialog {
             list->selectionModel()->clearSelection(); // a selected row wins over the name
         }
         QFileDialog::accept();
+    } catch (...) {
+        mishap();
     }
 
   private:
@@ -62,8 +65,10 @@ QString withExtension(const QString& path, const QString& extension) {
 }
 
 FilePanels::~FilePanels() {
-    deleteWithoutTraces(open_);
-    deleteWithoutTraces(answered_);
+    guarded([this] {
+        deleteWithoutTraces(open_);
+        deleteWithoutTraces(answered_);
+    });
 }
 
 void FilePanels::closeOn(const QWidget* parent) {
@@ -77,7 +82,7 @@ void FilePanels::show(QFileDialog* panel, PanelAnswer answer) {
     open_ = panel;
     panel->setOption(QFileDialog::DontUseNativeDialog);
     panel->setWindowModality(Qt::WindowModal);
-    QObject::connect(panel, &QDialog::finished, panel, [this, panel, answer = std::move(answer)](int result) {
+    const auto finished = [this, panel, answer = std::move(answer)](int result) {
         const QStringList chosen = panel->selectedFiles();
         answered_ = open_;
         open_ = nullptr;
@@ -85,7 +90,9 @@ void FilePanels::show(QFileDialog* panel, PanelAnswer answer) {
             answer(fromQt(chosen.front()));
         else
             answer(std::nullopt);
-    });
+    };
+    QObject::connect(panel, &QDialog::finished, panel,
+                     [finished](int result) { guarded([&] { finished(result); }); });
     panel->open();
 }
 

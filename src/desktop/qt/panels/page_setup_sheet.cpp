@@ -1,5 +1,7 @@
 #include "desktop/qt/panels/page_setup_sheet.h"
 
+#include "desktop/qt/mishap.h"
+
 #include <QComboBox>
 #include <QDialog>
 #include <QDialogButtonBox>
@@ -44,7 +46,7 @@ class PageSetupSheet : public QDialog {
         form->addRow(buttons);
     }
 
-    void accept() override {
+    void accept() override try {
         const QSizeF size = paper_->currentData().toSizeF();
         const bool landscape = orientation_->currentIndex() == 1;
         info_.paper = landscape ? Size{size.height(), size.width()} : Size{size.width(), size.height()};
@@ -54,6 +56,8 @@ class PageSetupSheet : public QDialog {
         info_.bottom = bottom_->value();
         info_.scale = scale_->value() / 100.0;
         QDialog::accept();
+    } catch (...) {
+        mishap();
     }
 
   private:
