@@ -1,11 +1,11 @@
 // A swatch list shows the same pixels whatever part of it is painted, and text that was laid out once shows
 // as text that is laid out anew.
+#include "desktop_qt/list_desk.h"
+
 #include "desktop/qt/application_guard.h"
 #include "desktop/qt/line_cache.h"
 #include "desktop/qt/paint_canvas.h"
 #include "desktop/qt/raster_canvas.h"
-#include "support/headless_desktop.h"
-#include "swatches/swatch_list_view.h"
 
 #include <QImage>
 #include <QPainter>
@@ -22,21 +22,6 @@ constexpr int kWidth = 200;
 
 struct Offscreen {
     Offscreen() { ::setenv("QT_QPA_PLATFORM", "offscreen", 0); }
-};
-
-class Desk : public CSwatchListDesk {
-  public:
-    test::HeadlessDesktop screen;
-    ScrollView noScroller;
-    Menu noMenu;
-    Desktop& desktop() override { return screen; }
-    void setFirstColor(CSwatchList&, std::int16_t) override {}
-    bool isFirstColorId(const Colour&, std::int16_t, std::string&) override { return false; }
-    void activateKnobs(CSwatchList&, double) override {}
-    void setUndoablePosition(std::string_view) override {}
-    ListRecords list1Records() override { return {}; }
-    ScrollView& scroller(CSwatchList&) override { return noScroller; }
-    Menu& menu(CSwatchList&) override { return noMenu; }
 };
 
 class ListPixels : public testing::Test, Offscreen {
@@ -76,7 +61,7 @@ class ListPixels : public testing::Test, Offscreen {
     int height() const { return int(list.frame().h); }
 
     ApplicationGuard application;
-    Desk desk;
+    test::ListDesk desk;
     CSwatchList list{desk};
     std::unique_ptr<FCOStruct[]> records;
     LineCache lines;

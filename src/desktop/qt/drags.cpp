@@ -8,6 +8,8 @@
 #include <QPixmap>
 #include <QWidget>
 
+#include <algorithm>
+
 namespace chromalog {
 
 ColourMime::ColourMime(const Pasteboard& pasteboard, const DragSource* source)
@@ -49,13 +51,13 @@ namespace {
 
 QPixmap pictureOf(const DragImage& image, double scale) {
     QPixmap picture(QSize(int(image.size.w * scale), int(image.size.h * scale)));
-    picture.setDevicePixelRatio(scale);
-    picture.fill(toQt(image.fill));
-    if (image.blackFrame) {
+    picture.fill(image.blackFrame ? QColor(Qt::black) : toQt(image.fill));
+    if (image.blackFrame) { // whole device pixels wide, on all four sides
+        const int width = std::max(1, int(scale));
         QPainter painter(&picture);
-        painter.setPen(QPen(Qt::black, 1, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
-        painter.drawRect(QRectF(0, 0, image.size.w - 1, image.size.h - 1));
+        painter.fillRect(picture.rect().adjusted(width, width, -width, -width), toQt(image.fill));
     }
+    picture.setDevicePixelRatio(scale);
     return picture;
 }
 

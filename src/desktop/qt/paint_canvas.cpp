@@ -37,11 +37,26 @@ std::optional<Path> grownRingSector(const Path& path, double margin) {
     return grown;
 }
 
+constexpr double noise = 1.0 / 256; ///< above that of a product of scale and position
+
+/// The nearest whole pixel, a half upwards.
+double nearest(double v) {
+    return std::floor(v + 0.5 + noise);
+}
+
+/// Where the outer side of a line comes to lie. Pixels count inwards; `view` is the view's own side, `seen`
+/// the first pixel of it that shows. A line along that side is seen with at least one pixel, those inside
+/// stay clear of it.
+double outerSide(double wanted, double view, double seen, double width) {
+    if (wanted < view - width) return nearest(wanted); // outside
+    return std::max(nearest(wanted), wanted > view ? seen + 1 : seen + 1 - width);
+}
+
 } // namespace
 
 PaintCanvas::PaintCanvas(QPainter& painter, const PaintTarget& target)
-    : painter_(painter), target_(target),
-      scale_(painter.deviceTransform().m11() > 0 ? painter.deviceTransform().m11() : 1) {}
+    : painter_(painter), target_(target), toDevice_(painter.deviceTransform()),
+      scale_(toDevice_.m11() > 0 ? toDevice_.m11() : 1) {}
 
 QPointF PaintCanvas::map(Point p) const {
     const double y = p.y - target_.bounds.y;
@@ -99,8 +114,8 @@ void PaintCanvas::fillFrame(const QRectF& outer, double width, const QColor& col
     painter_.fillRect(QRectF(outer.right() - w, outer.top() + w, w, inside), colour);
 }
 
-/// Where the line's edges fall between device pixels they move inwards on all four sides, so that a frame
-/// around a view's own bounds is seen whole.
+/// On the screen the line is as many whole device pixels wide as fit, and its outer sides move inwards to
+/// whole pixels: lines a point apart stay apart at any scale.
 void PaintCanvas::strokeRect(const Rect& r) {
     painted();
     const QRectF line = map(r).adjusted(-lineWidth_ / 2, -lineWidth_ / 2, lineWidth_ / 2, lineWidth_ / 2);
@@ -108,11 +123,15 @@ void PaintCanvas::strokeRect(const Rect& r) {
         fillFrame(line, lineWidth_, stroke_);
         return;
     }
-    const auto nearUp = [&](double v) { return std::floor(v * scale_ + 0.5) / scale_; };
-    const auto nearDown = [&](double v) { return std::ceil(v * scale_ - 0.5) / scale_; };
-    const QPointF topLeft(nearUp(line.left()), nearUp(line.top()));
-    const QPointF bottomRight(nearDown(line.right()), nearDown(line.bottom()));
-    fillFrame(QRectF(topLeft, bottomRight), std::max(1.0, std::round(lineWidth_ * scale_)) / scale_, stroke_);
+    const double width = std::max(1.0, std::floor(lineWidth_ * scale_ + noise));
+    const QRectF wanted = toDevice_.mapRect(line), view = toDevice_.mapRect(map(target_.bounds));
+    // The toolkit rounds where the view begins, and how far it reaches: as far as this for certain.
+    const double right = std::floor(view.right() + noise), bottom = std::floor(view.bottom() + noise);
+    const QPointF topLeft(outerSide(wanted.left(), view.left(), nearest(view.left()), width),
+                          outerSide(wanted.top(), view.top(), nearest(view.top()), width));
+    const QPointF bottomRight(-outerSide(-wanted.right(), -view.right(), -right, width),
+                              -outerSide(-wanted.bottom(), -view.bottom(), -bottom, width));
+    fillFrame(toDevice_.inverted().mapRect(QRectF(topLeft, bottomRight)), width / scale_, stroke_);
 }
 
 void PaintCanvas::addArc(QPainterPath& path, const Path::Element& e) const {

@@ -52,7 +52,8 @@ class PaintCanvas : public Canvas {
 
     QPainter& painter_;
     PaintTarget target_;
-    double scale_; ///< device pixels a point
+    QTransform toDevice_; ///< from the painter's coordinates to pixels of the screen
+    double scale_;        ///< device pixels a point
     QColor fill_ = Qt::white, stroke_ = Qt::black;
     double lineWidth_ = 1;
     // What was filled last, if nothing was painted since: an outline in its colour is cheap then.
