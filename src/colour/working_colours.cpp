@@ -111,7 +111,6 @@ void WorkingColours::refreshWheelAndStrip() {
 void WorkingColours::changeSecondColor(const Colour& colour) {
     secondColor_ = colour.withAlpha(1.0);
     updateSecondColor();
-    desk_.markToneAndStrip();
 }
 
 void WorkingColours::updateSecondColor() {
@@ -121,6 +120,7 @@ void WorkingColours::updateSecondColor() {
     showCmyk(second, secondColor_, desk_.colorServices());
     desk_.getNearFco();
     desk_.setOkButton();
+    desk_.markToneAndStrip(); // whatever changed it: a click on the chart picks what it would show anew
 }
 
 void WorkingColours::setFirstColor(const FCOStruct& swatch, const std::string& name) {

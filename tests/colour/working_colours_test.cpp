@@ -245,7 +245,8 @@ TEST_F(WorkingColoursTest, ADropOnTheSecondWellMovesWheelAndStrip) {
     auto& well = static_cast<HeadlessColorWell&>(*colours.origSecondColor);
     well.setColor(Colour::rgb(0.1, 0.2, 0.3));
     colours.setFirstAndSecondFromDrop(nullptr, well);
-    EXPECT_EQ(calls, (std::vector<std::string>{"near", "near", "ok", "strip", "wheel", "markWheel", "ok"}));
+    EXPECT_EQ(calls, (std::vector<std::string>{"near", "near", "ok", "markToneAndStrip", "strip", "wheel",
+                                               "markWheel", "ok"}));
 }
 
 TEST_F(WorkingColoursTest, OnlyTheExactFirstColourGivesItsName) {

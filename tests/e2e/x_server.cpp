@@ -14,7 +14,7 @@ namespace {
     dup2(quiet, STDERR_FILENO);
     dup2(quiet, STDOUT_FILENO);
     const std::string descriptor = std::to_string(readyPipe);
-    execlp("Xvfb", "Xvfb", "-displayfd", descriptor.c_str(), "-screen", "0", "1800x1000x24", "-nolisten",
+    execlp("Xvfb", "Xvfb", "-displayfd", descriptor.c_str(), "-screen", "0", "2600x1600x24", "-nolisten",
            "tcp", whenAlone, static_cast<char*>(nullptr));
     _exit(127);
 }
