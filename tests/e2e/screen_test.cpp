@@ -178,7 +178,7 @@ TEST_P(OnTheScreen, EveryViewShowsWhatItWouldShowAnew) {
           "set toneSlider 20", "set absOrRel 0"});
 }
 
-INSTANTIATE_TEST_SUITE_P(Scales, OnTheScreen, testing::Values("1", "1.25", "1.5", "1.75"));
+INSTANTIATE_TEST_SUITE_P(Scales, OnTheScreen, testing::Values("1", "1.1", "1.25", "1.5", "1.75"));
 
 } // namespace
 } // namespace chromalog::test

@@ -14,6 +14,8 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 
+#include <cmath>
+
 namespace chromalog {
 
 namespace {
@@ -112,6 +114,16 @@ void ViewWidget::resizeEvent(QResizeEvent*) {
 
 void ViewWidget::moveEvent(QMoveEvent*) {
     guarded([this] { layOutView(); });
+}
+
+/// At a scale that is no whole number the toolkit can round the last column or row away on its way to the
+/// screen, where it would stay as it was: the pixels around the view go along.
+void ViewWidget::needsDisplay() {
+    update();
+    const double scale = devicePixelRatioF();
+    if (scale == std::floor(scale)) return;
+    const QRect shown = visibleRegion().boundingRect();
+    window()->update(QRect(mapTo(window(), shown.topLeft()), shown.size()).adjusted(-1, -1, 1, 1));
 }
 
 /// A list sets its own height; other views are laid out by the form, and frames that they set for a print job
@@ -215,7 +227,7 @@ void ViewWidget::contextMenuEvent(QContextMenuEvent* event) try {
 }
 
 void ViewWidget::focusInEvent(QFocusEvent*) try {
-    update();
+    needsDisplay();
     if (clipWidget()) clipWidget()->parentWidget()->update();
 } catch (...) {
     mishap();

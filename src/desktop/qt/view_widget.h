@@ -25,7 +25,7 @@ class ViewWidget : public QWidget, public ViewHost {
     QPointF toWidget(Point inView) const;
     Point toView(QPointF inWidget) const;
 
-    void needsDisplay() override { update(); }
+    void needsDisplay() override;
     void frameChanged() override;
     void hiddenChanged() override;
     void accessibleChanged() override;
