@@ -46,7 +46,8 @@ class Button : public Control {
     virtual int state() const { return 0; }
 };
 
-/// A colour well: shows a colour, takes a dropped one, drags its own out.
+/// A colour well: shows a colour and drags it out. Where `onDrop` is set it takes a dropped one; others show
+/// what was computed.
 class ColorWell : public Control, public DragSource {
   public:
     virtual void setColor(const Colour&) {}

@@ -1,10 +1,14 @@
 // The dialog as a person gets it: the controllers on the compiled interface files.
 #include "desktop_qt/desktop_fixture.h"
 
+#include "desktop/qt/controls/color_well_widget.h"
 #include "desktop/qt/controls/tinted_button.h"
+#include "desktop/qt/drags.h"
 #include "host/chromalog_controler.h"
 
+#include <QDragEnterEvent>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QSlider>
 #include <QTimer>
@@ -66,6 +70,41 @@ TEST_F(DialogTest, TheGradientShowsFirst) {
     EXPECT_TRUE(find<QWidget>("absOrRel")->isHidden());
     EXPECT_FALSE(find<QWidget>("myDegrade")->isHidden());
     EXPECT_EQ(find<QSlider>("toneSlider")->value(), 50);
+}
+
+/// The others show what was computed from the second colour: a dropped colour would belong to nothing.
+TEST_F(DialogTest, TheWellsOfTheWorkingColoursAloneTakeDrops) {
+    const ColourMime mime({true, false, Colour::rgb(0.2, 0.4, 0.6), std::nullopt});
+    std::vector<std::string> taking;
+    for (auto* well : desktop.widget("chromalogWindow")->findChildren<ColorWellWidget*>()) {
+        const Colour before = well->color();
+        QDragEnterEvent enter({9, 9}, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(well, &enter);
+        QDropEvent drop({9, 9}, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(well, &drop);
+        EXPECT_EQ(enter.isAccepted(), drop.isAccepted()) << well->objectName().toStdString();
+        if (enter.isAccepted())
+            taking.push_back(well->objectName().toStdString());
+        else
+            EXPECT_TRUE(well->color().sameRgb(before)) << well->objectName().toStdString();
+    }
+    EXPECT_THAT(taking, testing::UnorderedElementsAre("origFirstColor", "origSecondColor"));
+}
+
+TEST_F(DialogTest, EveryWellGivesItsColourByDrag) {
+    int wells = 0;
+    controler->getChromalogWindow().makeKeyAndOrderFront();
+    for (auto* well : desktop.widget("chromalogWindow")->findChildren<ColorWellWidget*>()) {
+        QTest::mousePress(well, Qt::LeftButton, {}, {9, 9});
+        QMouseEvent move(QEvent::MouseMove, QPointF(30, 9), well->mapToGlobal(QPointF(30, 9)), Qt::NoButton,
+                         Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(well, &move);
+        ASSERT_TRUE(desktop.drags().last);
+        EXPECT_EQ(desktop.drags().last->request.source, well) << well->objectName().toStdString();
+        EXPECT_TRUE(desktop.drags().last->request.pasteboard.colour->sameRgb(well->color()));
+        ++wells;
+    }
+    EXPECT_EQ(wells, 15);
 }
 
 TEST_F(DialogTest, TypingMovesTheOkButtonsColour) {

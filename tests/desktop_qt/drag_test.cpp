@@ -160,6 +160,7 @@ TEST_F(DragTest, ADroppedColourRemembersNoHueAndSaturation) {
     const Colour black = Colour::hsb(0.25, 0.5, 0);
     ASSERT_EQ(black.hue(), 0.25);
     ColorWellWidget well;
+    well.onDrop = [](const DragInfo&) {};
     const ColourMime mime({true, false, black, std::nullopt}, &source);
     EXPECT_TRUE(dropOn(well, &mime));
     EXPECT_TRUE(well.color().sameRgb(black));
@@ -187,6 +188,7 @@ TEST_F(DragTest, AWellDragsItsColourOutAndAClickOnlyFocuses) {
 
 TEST_F(DragTest, AWellDoesNotTakeItsOwnColour) {
     ColorWellWidget well;
+    well.onDrop = [](const DragInfo&) {};
     const ColourMime mime({true, false, exact, std::nullopt}, &well);
     EXPECT_FALSE(dropOn(well, &mime));
 }

@@ -71,14 +71,15 @@ class HeadlessColorWell : public Headless<ColorWell> {
   public:
     void setColor(const Colour& c) override { color_ = c; }
     Colour color() const override { return color_; }
-    /// What a drop does: the well takes the colour, then says so.
+    /// What a drop does: the well takes the colour, then says so; nothing where nobody is told.
     void drop(const Colour& c, const DragSource* source = nullptr) {
+        if (!onDrop) return;
         color_ = c;
         DragInfo info;
         info.source = source;
         info.pasteboard.colourType = true;
         info.pasteboard.colour = c;
-        if (onDrop) onDrop(info);
+        onDrop(info);
     }
 
   private:

@@ -95,7 +95,8 @@ void ColorWellWidget::keyPressEvent(QKeyEvent* event) try {
 
 void ColorWellWidget::dragEnterEvent(QDragEnterEvent* event) try {
     const DragInfo info = dragInfoOf(*event, {});
-    if (info.source == this || !info.pasteboard.colourType || !info.sourceAllows) return event->ignore();
+    const bool takes = onDrop && info.source != this && info.pasteboard.colourType && info.sourceAllows;
+    if (!takes) return event->ignore();
     event->setDropAction(Qt::CopyAction);
     event->accept();
 } catch (...) {
@@ -110,11 +111,11 @@ void ColorWellWidget::dragMoveEvent(QDragMoveEvent* event) {
 void ColorWellWidget::dropEvent(QDropEvent* event) try {
     const QPointF at = event->position();
     const DragInfo info = dragInfoOf(*event, {at.x(), height() - at.y()});
-    if (!info.pasteboard.colour) return event->ignore();
+    if (!onDrop || !info.pasteboard.colour) return event->ignore();
     event->setDropAction(Qt::CopyAction);
     event->accept();
     setColor(*info.pasteboard.colour);
-    if (onDrop) onDrop(info);
+    onDrop(info);
 } catch (...) {
     mishap();
 }
