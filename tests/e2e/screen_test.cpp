@@ -1,91 +1,36 @@
 // What stands on the screen is what a fresh rendering shows, view by view, after every kind of change: a
 // picture that is rendered anew does not tell whether anything was marked for redraw.
-#include "e2e/x_server.h"
-#include "support/swatch_files.h"
-#include "support/temporary_folder.h"
+#include "e2e/dialog_on_server.h"
 
-#include "desktop/qt/application_guard.h"
-#include "desktop/qt/drive/commands.h"
 #include "desktop/qt/drive/prompts.h"
-#include "desktop/qt/qt_desktop.h"
-#include "host/chromalog_controler.h"
 
-#include <QApplication>
 #include <QScreen>
-#include <QTest>
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdlib>
-#include <fstream>
-#include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
 namespace chromalog::test {
 namespace {
 
-constexpr int swatches = 40;
-
-/// A server with the toolkit on it, at a scale; the platform is chosen when the application starts.
-struct OnServer {
-    explicit OnServer(const char* scale) {
-        if (!server.runs()) return;
-        setenv("QT_QPA_PLATFORM", "xcb", 1);
-        setenv("DISPLAY", server.display().c_str(), 1);
-        setenv("QT_SCALE_FACTOR", scale, 1);
-        setenv("XDG_CONFIG_HOME", folder.path().c_str(), 1);
-        application.emplace();
-        QApplication::setCursorFlashTime(0);
-    }
-    TemporaryFolder folder;
-    XServer server;
-    std::optional<ApplicationGuard> application;
-};
-
-class OnTheScreen : OnServer, public testing::TestWithParam<const char*> {
+class OnTheScreen : protected DialogOnServer, public testing::TestWithParam<const char*> {
   protected:
-    OnTheScreen() : OnServer(GetParam()) {}
+    OnTheScreen() : DialogOnServer(GetParam()) {}
 
     void SetUp() override {
         if (!server.runs()) GTEST_SKIP() << "needs Xvfb";
-        writeSwatches();
-        record->pickerRecord = &picker;
-        for (int i = 0; i < 3; ++i)
-            picker.pickParms.colorComponents[i] = static_cast<std::uint16_t>(0x3300 * (i + 1));
-        QtDesktopSettings settings;
-        settings.dataDirectory = folder.path();
-        desktop = std::make_unique<QtDesktop>(settings);
-        controler = std::make_unique<ChromalogControler>(*record, *desktop);
-        commands = std::make_unique<drive::Commands>(*desktop, *controler, nullptr);
-        controler->getChromalogWindow().makeKeyAndOrderFront();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+        ASSERT_TRUE(open());
         compare("the dialog has opened");
     }
-
-    void writeSwatches() const {
-        FileBuilder builder;
-        builder.header(2, swatches);
-        for (int i = 0; i < swatches; ++i)
-            builder.colour(0, 65535 - i * 1500, i * 1500, 30000 + i % 7 * 4000)
-                .name("Swatch " + std::to_string(i * 7 % swatches));
-        std::ofstream(folder / "forty.aco", std::ios::binary)
-            .write(reinterpret_cast<const char*>(builder.bytes.data()),
-                   static_cast<std::streamsize>(builder.bytes.size()));
-    }
-
-    QWidget& window() const { return *desktop->widget("chromalogWindow"); }
 
     /// Performs commands of a script; the screen is looked at after each.
     void play(const std::vector<std::string>& lines) {
         for (const std::string& line : lines) {
-            const auto script = drive::readScript(line);
-            ASSERT_TRUE(std::holds_alternative<drive::Script>(script)) << line;
-            commands->perform(std::get<drive::Script>(script).front());
+            perform(line);
             if (QFileDialog* panel = desktop->panels().current())
-                drive::answer(*panel, QString::fromStdString(folder / "forty.aco"));
+                drive::answer(*panel, QString::fromStdString(folder / "swatches.aco"));
             compare(line);
         }
     }
@@ -129,12 +74,6 @@ class OnTheScreen : OnServer, public testing::TestWithParam<const char*> {
             EXPECT_TRUE(onScreen.copy(place(name)) == fresh.copy(place(name)))
                 << name << " is not what it was, after: " << after;
     }
-
-    PickerRecord picker{};
-    std::unique_ptr<GlobalRecord> record = std::make_unique<GlobalRecord>();
-    std::unique_ptr<QtDesktop> desktop;
-    std::unique_ptr<ChromalogControler> controler;
-    std::unique_ptr<drive::Commands> commands;
 };
 
 TEST_P(OnTheScreen, EveryViewShowsWhatItWouldShowAnew) {

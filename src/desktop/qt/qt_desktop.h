@@ -6,6 +6,7 @@
 #include "desktop/qt/log_ring.h"
 #include "desktop/qt/mishap.h"
 #include "desktop/qt/modal_loops.h"
+#include "desktop/qt/panels/completions.h"
 #include "desktop/qt/panels/file_panels.h"
 #include "desktop/qt/panels/print_jobs.h"
 #include "desktop/qt/string_table.h"
@@ -93,6 +94,7 @@ class QtDesktop : public Desktop {
     Mishaps mishaps_{modalLoops_, log_};
     Drags drags_;
     PrintJobs printJobs_;
+    Completions completions_;
     FilePanels panels_;
     std::vector<QtForm*> forms_;
     QPointer<QMessageBox> openAlert_;

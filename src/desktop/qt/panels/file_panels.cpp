@@ -24,32 +24,71 @@ void deleteWithoutTraces(QFileDialog* panel) {
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, before);
 }
 
-/// Puts the extension in place before the panel asks about an existing file: the question is then about the
-/// file that is written.
-class SaveDialog : public QFileDialog {
+/// Takes a path as it was typed. On the way there the toolkit selects rows that match, and can shorten the
+/// path of a file to the bare name of its row; where it reads a folder late, a row stays selected that has
+/// nothing to do with what stands in the field, and would win over it.
+class TypedPanel : public QFileDialog {
   public:
-    SaveDialog(QWidget* parent, QString extension) : QFileDialog(parent), extension_(std::move(extension)) {}
+    TypedPanel(QWidget* parent, const QString& title) : QFileDialog(parent, title) {
+        setOption(QFileDialog::DontUseNativeDialog); // its fields are there from now on
+        name_ = findChild<QLineEdit*>("fileNameEdit");
+        rows_ = findChild<QListView*>("listView");
+        if (!name_ || !rows_) return;
+        connect(name_, &QLineEdit::textChanged, this,
+                [this](const QString& text) { guarded([&] { nameChanged(text); }); });
+        for (const QAbstractItemView* view : findChildren<QAbstractItemView*>())
+            connect(view, &QAbstractItemView::pressed, this, [this] { path_.clear(); });
+    }
     void accept() override try {
-        auto* name = findChild<QLineEdit*>("fileNameEdit");
-        auto* list = findChild<QListView*>("listView");
-        if (name && list && !name->text().isEmpty()) {
-            const QString path = withExtension(meantPath(name->text()), extension_);
-            const QSignalBlocker noCompletion(name); // it would select another file's row
-            name->setText(path);
-            list->selectionModel()->clearSelection(); // a selected row wins over the name
+        const QString path = meant();
+        if (rows_ && !path.isEmpty()) {
+            const QSignalBlocker noCompletion(name_); // it would select another file's row
+            name_->setText(path);
+            rows_->selectionModel()->clearSelection();
         }
         QFileDialog::accept();
     } catch (...) {
         mishap();
     }
 
+  protected:
+    virtual QString meant() const { return path_; } ///< empty: what is selected
+    QString name() const { return name_ ? name_->text() : QString(); }
+
   private:
-    /// The toolkit shortens the name of a file that exists to the name of its selected row, wherever that
-    /// lies; and a row can stay selected under another name.
-    QString meantPath(const QString& text) const {
+    void nameChanged(const QString& text) {
+        if (text.contains('/'))
+            path_ = text;
+        else if (text.isEmpty() || text != QFileInfo(path_).fileName())
+            path_.clear();
+    }
+
+    QLineEdit* name_ = nullptr;
+    QListView* rows_ = nullptr;
+    QString path_; ///< the path that was typed last, as long as it is meant
+};
+
+/// Puts the extension in place before the panel asks about an existing file: the question is then about the
+/// file that is written.
+class SaveDialog : public TypedPanel {
+  public:
+    SaveDialog(QWidget* parent, QString extension)
+        : TypedPanel(parent, QObject::tr("Save")), extension_(std::move(extension)) {}
+
+  protected:
+    QString meant() const override {
+        const QString path = TypedPanel::meant().isEmpty() ? named() : TypedPanel::meant();
+        if (path.isEmpty()) return path;
+        return withExtension(QDir::isAbsolutePath(path) ? path : directory().filePath(path), extension_);
+    }
+
+  private:
+    /// A bare name is that of its selected row, wherever that lies; but a row can stay selected under another
+    /// name.
+    QString named() const {
+        if (name().isEmpty()) return {};
         const QString selected = selectedFiles().value(0);
-        if (QFileInfo(selected).fileName() == text) return selected;
-        return QDir::isAbsolutePath(text) ? text : directory().filePath(text);
+        return QFileInfo(selected).fileName() == name() ? selected : name();
     }
 
     QString extension_;
@@ -80,7 +119,6 @@ void FilePanels::show(QFileDialog* panel, PanelAnswer answer) {
     deleteWithoutTraces(open_); // a window has one sheet
     deleteWithoutTraces(answered_);
     open_ = panel;
-    panel->setOption(QFileDialog::DontUseNativeDialog);
     panel->setWindowModality(Qt::WindowModal);
     const auto finished = [this, panel, answer = std::move(answer)](int result) {
         const QStringList chosen = panel->selectedFiles();
@@ -98,7 +136,7 @@ void FilePanels::show(QFileDialog* panel, PanelAnswer answer) {
 
 void FilePanels::begin(const OpenPanel& panel, QWidget* parent, PanelAnswer answer) {
     records_.push_back({"open", panel.types, parent ? fromQt(parent->objectName()) : "", ""});
-    auto* dialog = new QFileDialog(parent, QObject::tr("Open"));
+    auto* dialog = new TypedPanel(parent, QObject::tr("Open"));
     dialog->setAcceptMode(QFileDialog::AcceptOpen);
     dialog->setFileMode(QFileDialog::ExistingFile);
     QStringList patterns;
@@ -111,7 +149,6 @@ void FilePanels::begin(const OpenPanel& panel, QWidget* parent, PanelAnswer answ
 void FilePanels::begin(const SavePanel& panel, QWidget* parent, PanelAnswer answer) {
     records_.push_back({"save", {}, parent ? fromQt(parent->objectName()) : "", panel.suggestedName});
     auto* dialog = new SaveDialog(parent, toQt(panel.extension));
-    dialog->setWindowTitle(QObject::tr("Save"));
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setFileMode(QFileDialog::AnyFile);
     if (!panel.suggestedName.empty()) dialog->selectFile(toQt(panel.suggestedName));
