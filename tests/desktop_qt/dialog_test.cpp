@@ -1,9 +1,15 @@
 // The dialog as a person gets it: the controllers on the compiled interface files.
+#include "support/swatch_files.h" // before the toolkit, which takes the word slots
+
 #include "desktop_qt/desktop_fixture.h"
 
 #include "desktop/qt/controls/color_well_widget.h"
+#include "desktop/qt/controls/level_indicator_widget.h"
 #include "desktop/qt/controls/tinted_button.h"
+#include "desktop/qt/convert.h"
 #include "desktop/qt/drags.h"
+#include "desktop/qt/drive/locate.h"
+#include "desktop/qt/drive/prompts.h"
 #include "host/chromalog_controler.h"
 
 #include <QDragEnterEvent>
@@ -13,7 +19,10 @@
 #include <QSlider>
 #include <QTimer>
 
+#include <fstream>
+#include <map>
 #include <memory>
+#include <set>
 
 using namespace chromalog;
 using namespace chromalog::test;
@@ -150,6 +159,55 @@ TEST_F(DialogTest, SearchFieldsHaveAClearButtonOfTheirOwn) {
         EXPECT_FALSE(field->isClearButtonEnabled()) << "it would look through the icon themes";
         EXPECT_EQ(field->actions().size(), 1) << name;
     }
+}
+
+/// Tells who is painted, and when.
+class Paints : public QObject {
+  public:
+    std::map<QObject*, int> times;
+
+  protected:
+    bool eventFilter(QObject* receiver, QEvent* event) override {
+        if (event->type() == QEvent::Paint && receiver->isWidgetType()) ++times[receiver];
+        return false;
+    }
+};
+
+/// What is painted at once comes on the screen by itself, beside what the others still show.
+TEST_F(DialogTest, AnEventOfTheStripIsOneFrame) {
+    QWidget* window = desktop.widget("chromalogWindow");
+    FileBuilder file;
+    file.header(1, 2).colour(0, 0x0B00, 0x2000, 0xA000).colour(0, 0, 0, 0); // one on the strip's way
+    const std::string path = folder / "one.aco";
+    std::ofstream(path, std::ios::binary)
+        .write(reinterpret_cast<const char*>(file.bytes.data()), std::streamsize(file.bytes.size()));
+    window->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+    qobject_cast<QAbstractButton*>(drive::controlSending("loadSwatch1:"))->click();
+    drive::answer(*desktop.panels().current(), QString::fromStdString(path));
+    QTest::qWait(0);
+
+    Paints paints;
+    qApp->installEventFilter(&paints);
+    auto* strip = find<ViewWidget>("lumiView");
+    auto* level = find<LevelIndicatorWidget>("baterieSwatch");
+    std::set<int> levels;
+    const auto send = [&](QEvent::Type type, int y) {
+        const QPointF at(strip->width() / 2.0, y);
+        QMouseEvent event(type, at, strip->mapToGlobal(at), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(strip, &event);
+        EXPECT_TRUE(paints.times.empty()) << "painted inside the event, at " << y;
+        paints.times.clear();
+        QTest::qWait(0);
+        for (const auto& [widget, times] : paints.times)
+            EXPECT_EQ(times, 1) << fromQt(widget->objectName()) << " at " << y;
+        levels.insert(static_cast<QProgressBar*>(level)->value());
+        paints.times.clear();
+    };
+    send(QEvent::MouseButtonPress, 1);
+    for (int y = 1; y < strip->height(); ++y)
+        send(QEvent::MouseMove, y);
+    EXPECT_GT(levels.size(), 10u);
 }
 
 TEST_F(DialogTest, EveryButtonTellsWhatItDoes) {

@@ -27,8 +27,9 @@ int LevelIndicatorWidget::filledSegments() const {
 void LevelIndicatorWidget::setValue(double value) {
     value_ = value;
     const double held = std::isfinite(value) ? std::clamp(value, 0.0, double(segments)) : 0.0;
+    setUpdatesEnabled(false); // the base class would paint at once, a frame of its own before the others'
     QProgressBar::setValue(int(std::lround(held * steps / segments)));
-    update();
+    setUpdatesEnabled(true); // and mark for redraw
 }
 
 void LevelIndicatorWidget::paintEvent(QPaintEvent*) try {
