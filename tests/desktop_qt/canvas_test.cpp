@@ -1,6 +1,7 @@
 // Painting is exact: which pixels a primitive covers, in flipped and unflipped views.
 #include "desktop_qt/desktop_fixture.h"
 
+#include "desktop/qt/convert.h"
 #include "desktop/qt/fonts.h"
 #include "desktop/qt/paint_canvas.h"
 #include "desktop/qt/raster_canvas.h"
@@ -183,6 +184,7 @@ TEST_F(CanvasTest, ControlCharactersInANameTakeNoRoom) {
         return rasterPicture(view).pixels;
     };
     EXPECT_EQ(drawn(std::string_view("\0Sk\x1Fy\0\x7F", 7)), drawn("Sky"));
+    EXPECT_EQ(lineToQt("S\nk\xC2\x85\xE2\x80\xA8y\xE2\x80\xA9"), "Sky"); // nor do line ends
     EXPECT_EQ(drawn(std::string_view("\0\0\0\0\0\0\0\0\0", 9)), drawn(""));
 }
 

@@ -171,6 +171,22 @@ TEST_F(ForeignNames, AreShownAsTheyStandInTheDialog) {
     EXPECT_EQ(near->text(QAccessible::Description), kName);
 }
 
+TEST_F(ForeignNames, AreOneLineInTheDialog) {
+    auto* label = qobject_cast<QLabel*>(desktop.widget("swatch1Name"));
+    const auto shown = [&](const QString& file) {
+        std::filesystem::copy_file(kFile, fromQt(file));
+        press("loadSwatch1:");
+        choose(file);
+        EXPECT_EQ(label->text(), file);
+        EXPECT_EQ(label->sizeHint().height(),
+                  qobject_cast<QLabel*>(desktop.widget("swatch2Name"))->sizeHint().height());
+        return label->grab().toImage();
+    };
+    const QImage oneLine = shown("onetwo.aco");
+    for (const char* file : {"one\ntwo.aco", "one\xE2\x80\xA8two.aco", "one\xE2\x80\xA9two\x1B.aco"})
+        EXPECT_EQ(shown(QString::fromUtf8(file)), oneLine) << file;
+}
+
 TEST_F(ForeignNames, AreShownAsTheyStandInTheHistoryPanel) {
     press("showProtocolWindow");
     ASSERT_TRUE(desktop.widget("protocolWindow")->isVisible());

@@ -17,11 +17,17 @@ inline QString toQt(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }
 
-/// A line of text as it is drawn: control characters take no room.
+/// A line of text as it is drawn: control characters and line ends take no room.
+inline QString asLine(QString text) {
+    text.removeIf([](QChar c) {
+        return c.category() == QChar::Other_Control || c == QChar::LineSeparator ||
+               c == QChar::ParagraphSeparator;
+    });
+    return text;
+}
+
 inline QString lineToQt(std::string_view utf8) {
-    QString line = toQt(utf8);
-    line.removeIf([](QChar c) { return c < QChar(0x20) || c == QChar(0x7F); });
-    return line;
+    return asLine(toQt(utf8));
 }
 
 inline std::string fromQt(const QString& text) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/qt/convert.h"
 #include "desktop/qt/mishap.h"
 
 #include <QLabel>
@@ -7,13 +8,14 @@
 
 namespace chromalog {
 
-/// A label that cuts a long text at its end instead of growing.
+/// A label that cuts a long text at its end instead of growing, and shows it in one line: a file's name can
+/// hold line ends.
 class ElidedLabel : public QLabel {
     Q_OBJECT
   public:
     using QLabel::QLabel;
-    QSize minimumSizeHint() const override { return {20, QLabel::minimumSizeHint().height()}; }
-    QSize sizeHint() const override { return {60, QLabel::sizeHint().height()}; }
+    QSize minimumSizeHint() const override { return {20, lineHeight()}; }
+    QSize sizeHint() const override { return {60, lineHeight()}; }
 
   protected:
     void paintEvent(QPaintEvent*) override try {
@@ -21,9 +23,17 @@ class ElidedLabel : public QLabel {
         painter.setPen(
             palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
         painter.drawText(rect(), int(alignment()) | Qt::TextSingleLine,
-                         fontMetrics().elidedText(text(), Qt::ElideRight, width()));
+                         fontMetrics().elidedText(asLine(text()), Qt::ElideRight, width()));
     } catch (...) {
         mishap();
+    }
+
+  private:
+    int lineHeight() const {
+        ensurePolished();
+        const QMargins around = contentsMargins();
+        return fontMetrics().size(Qt::TextSingleLine, asLine(text())).height() + 2 * margin() + around.top() +
+               around.bottom();
     }
 };
 
