@@ -5,7 +5,6 @@
 
 #include <CLI/CLI.hpp>
 #include <filesystem>
-#include <iostream>
 
 namespace chromalog::standalone {
 
@@ -155,7 +154,7 @@ void readTables(CommandLine& line) {
 }
 
 int complain(const std::string& text) {
-    std::cerr << "chromalog: " << text << '\n';
+    say(text);
     return 2;
 }
 

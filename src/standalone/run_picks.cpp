@@ -16,11 +16,6 @@ namespace chromalog::standalone {
 
 namespace {
 
-void say(const std::string& text) {
-    const SizeLimitSignalBlock onlyFails;
-    std::cerr << "chromalog: " << text << '\n';
-}
-
 /// Prints a colour. Where that fails the person reads it in the complaint.
 bool print(const std::string& colour) {
     const SizeLimitSignalBlock onlyFails;

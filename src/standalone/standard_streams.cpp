@@ -1,5 +1,7 @@
 #include "standalone/standard_streams.h"
 
+#include "prefs/size_limit_signal.h"
+
 #include <cerrno>
 #include <csignal>
 #include <cstring>
@@ -8,6 +10,15 @@
 #include <unistd.h>
 
 namespace chromalog::standalone {
+
+namespace {
+
+/// A control character of the first half, or the second byte of one of the second half in UTF-8.
+bool isControl(unsigned char byte, unsigned char before) {
+    return byte < 0x20 || byte == 0x7F || (before == 0xC2 && byte >= 0x80 && byte < 0xA0);
+}
+
+} // namespace
 
 void holdStandardStreams() {
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
@@ -19,6 +30,23 @@ void holdStandardStreams() {
 std::string flushStandardOutput() {
     if (std::cout.flush()) return {};
     return std::string("cannot write to standard output: ") + std::strerror(errno);
+}
+
+void say(std::string_view text) {
+    const SizeLimitSignalBlock onlyFails;
+    std::string line;
+    char before = 0;
+    for (const char byte : text) {
+        if (isControl(byte, before)) {
+            constexpr const char* digits = "0123456789abcdef";
+            if (before == '\xC2') line.pop_back();
+            line += {'\\', 'x', digits[(byte >> 4) & 15], digits[byte & 15]};
+        } else {
+            line += byte;
+        }
+        before = byte;
+    }
+    std::cerr << "chromalog: " << line << '\n';
 }
 
 } // namespace chromalog::standalone

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace chromalog::standalone {
 
@@ -11,5 +12,9 @@ void holdStandardStreams();
 
 /// Empty where everything printed so far has reached standard output; else what went wrong, in one line.
 std::string flushStandardOutput();
+
+/// One line on standard error. Control characters are shown as numbers: texts of the plug-in and names of
+/// files are among what is said, and a terminal would obey them.
+void say(std::string_view text);
 
 } // namespace chromalog::standalone

@@ -252,6 +252,13 @@ TEST(Program, AnErrorOfThePlugInIsShownAndNoColourPrinted) {
     EXPECT_EQ(failed.out, "");
 }
 
+TEST(Program, ControlCharactersInWhatIsSaidDoNotReachTheTerminal) {
+    EXPECT_EQ(run({"--accept"}, "report controls").err,
+              "chromalog: red \\x1b[31m\\x0d\\x0a\\x7f, \\x9b31m, \xc3\xa9\xc2\xa0\n");
+    const std::string wrongColour = run({"--color", "\x1b[31mred"}).err;
+    EXPECT_EQ(wrongColour, "chromalog: not a colour: \\x1b[31mred\n");
+}
+
 TEST(Program, VerboseTellsWhatIsUsed) {
     const std::string plain = run({"--verbose"}).err;
     EXPECT_THAT(plain, HasSubstr("chromalog: plug-in " TEST_PICKER_MODULE "\n"));

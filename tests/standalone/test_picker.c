@@ -40,9 +40,10 @@ __attribute__((destructor)) static void beLate(void) {
 }
 
 static void report(PickerRecord* record, int16_t* result) {
-    const char text[] = "the picker has no colours left";
-    record->errorString[0] = sizeof text - 1;
-    memcpy(record->errorString + 1, text, sizeof text - 1);
+    const char* text = "the picker has no colours left";
+    if (wants("report controls")) text = "red \x1b[31m\r\n\x7f, \xc2\x9b" "31m, \xc3\xa9\xc2\xa0";
+    record->errorString[0] = (unsigned char)strlen(text);
+    memcpy(record->errorString + 1, text, strlen(text));
     *result = errReportString;
 }
 
@@ -61,7 +62,7 @@ void PluginMain(int16_t selector, void* parameters, intptr_t* data, int16_t* res
     const StandaloneSuite* const own = suite;
     answer(record, own);
     if (wants("end with 7")) own->endWith(7);
-    if (wants("report")) report(record, result);
+    if (wants("report") || wants("report controls")) report(record, result);
     if (wants("fail")) *result = 12;
     if (wants("write late")) lateRecord = record;
     if (wants("call late")) lateBasic = record->sSPBasic;
