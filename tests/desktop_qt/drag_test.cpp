@@ -108,6 +108,17 @@ TEST_F(DragTest, ATextAloneIsRefused) {
     EXPECT_FALSE(dropOn(targetWidget, &text));
 }
 
+TEST_F(DragTest, ATextIsSeenWhoseTypeNamesItsEncoding) {
+    for (const char* type : {"text/plain;charset=utf-8", "text/plain; charset=UTF-8"}) {
+        QMimeData foreign;
+        foreign.setColorData(QColor(Qt::red));
+        foreign.setData(type, "Caf\xc3\xa9");
+        EXPECT_TRUE(dropOn(targetWidget, &foreign));
+        EXPECT_TRUE(target.lastDrop.pasteboard.textType) << type;
+        EXPECT_EQ(target.lastDrop.pasteboard.text, "Caf\xc3\xa9") << type;
+    }
+}
+
 TEST_F(DragTest, ADeclaredColourThatCannotBeReadIsNoColour) {
     QMimeData broken;
     broken.setData("application/x-color", "abc");

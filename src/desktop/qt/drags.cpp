@@ -22,17 +22,30 @@ ColourMime::ColourMime(const Pasteboard& pasteboard, const DragSource* source)
     if (pasteboard.text) setText(toQt(*pasteboard.text));
 }
 
+namespace {
+
+/// What is declared as text. Some programs name the encoding in the type, and offer no other.
+std::optional<std::string> textOf(const QMimeData& mime) {
+    if (mime.hasText()) return fromQt(mime.text());
+    for (const QString& type : mime.formats())
+        if (type.toLower().remove(' ').remove('"') == "text/plain;charset=utf-8")
+            return fromQt(QString::fromUtf8(mime.data(type)));
+    return std::nullopt;
+}
+
+} // namespace
+
 Pasteboard pasteboardOf(const QMimeData* mime) {
     if (!mime) return {};
     if (const auto* ours = dynamic_cast<const ColourMime*>(mime)) return ours->pasteboard();
     Pasteboard out;
     out.colourType = mime->hasColor();
-    out.textType = mime->hasText();
     if (out.colourType) {
         const QColor colour = qvariant_cast<QColor>(mime->colorData());
         if (colour.isValid()) out.colour = fromQt(colour);
     }
-    if (out.textType) out.text = fromQt(mime->text());
+    out.text = textOf(*mime);
+    out.textType = out.text.has_value();
     return out;
 }
 
