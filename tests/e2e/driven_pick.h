@@ -1,5 +1,6 @@
 #pragma once
 
+#include "golden_states/run_recorder.h"
 #include "support/run_program.h"
 #include "support/temporary_folder.h"
 
@@ -64,7 +65,10 @@ class DrivenPick : public testing::Test {
     }
 
     ProgramResult pick(const std::vector<std::string>& options) const {
-        return runProgram(command(options), environment_);
+        const golden::RunRecorder recorder(folder_.path());
+        const auto result = runProgram(command(options), environment_);
+        recorder.keep(options, result);
+        return result;
     }
 
     /// $ in the script stands for the test's folder.
