@@ -1,11 +1,13 @@
 #include "prefs/file_io.h"
+#include "prefs/in_child.h"
+#include "prefs/system_calls.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
 #include <csignal>
 #include <fstream>
-#include <numeric>
+#include <iterator>
 #include <random>
 #include <thread>
 
@@ -14,49 +16,14 @@
 #include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-namespace {
-
-/// What the next rename of this process does.
-enum class AtRename { rename, fail, kill } atRename = AtRename::rename;
-/// As on a system that cannot name an unnamed file (no /proc).
-bool refuseNames = false;
-int flushes = 0;
-bool failFlush = false;
-
-} // namespace
-
-/// Stands before the library's own: the program under test renames through it.
-extern "C" int rename(const char* from, const char* to) noexcept {
-    if (atRename == AtRename::kill) ::raise(SIGKILL);
-    if (atRename == AtRename::fail) {
-        errno = EACCES;
-        return -1;
-    }
-    return static_cast<int>(::syscall(SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0));
-}
-
-extern "C" int linkat(int fromFolder, const char* from, int toFolder, const char* to, int flags) noexcept {
-    if (refuseNames) {
-        errno = ENOENT;
-        return -1;
-    }
-    return static_cast<int>(::syscall(SYS_linkat, fromFolder, from, toFolder, to, flags));
-}
-
-extern "C" int fsync(int fd) {
-    ++flushes;
-    if (!failFlush) return static_cast<int>(::syscall(SYS_fsync, fd));
-    errno = EIO;
-    return -1;
-}
 
 namespace chromalog {
 namespace {
 
+using test::FailingCall;
+using test::inChild;
 using Bytes = std::vector<std::uint8_t>;
 
 Bytes pattern(std::size_t length, unsigned seed) {
@@ -67,18 +34,8 @@ Bytes pattern(std::size_t length, unsigned seed) {
     return bytes;
 }
 
-/// Runs in a process of its own; the exit code, or minus the signal that ended it.
-template <typename F> int inChild(F run) {
-    const pid_t child = ::fork();
-    if (child == 0) ::_exit(run());
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
-}
-
 class FileIo : public testing::Test {
   protected:
-    void SetUp() override { atRename = AtRename::rename, refuseNames = failFlush = false, flushes = 0; }
     Bytes contents(const std::string& path) { return readDataFromFileAtURL(path).value_or(Bytes{}); }
 
     test::TemporaryFolder folder;
@@ -146,6 +103,43 @@ TEST_F(FileIo, AnUnreadableFileIsNoFile) {
               0);
 }
 
+TEST_F(FileIo, AReadErrorInTheMiddleIsNothing) {
+    ASSERT_TRUE(writeDataToFileAtURL(folder / "file", pattern(100'000, 1)));
+    for (const int good : {0, 1}) {
+        const FailingCall badDisk("read", EIO, good);
+        EXPECT_FALSE(readDataFromFileAtURL(folder / "file")) << good;
+        EXPECT_EQ(errno, EIO);
+    }
+    const FailingCall interrupted("read", EINTR);
+    EXPECT_EQ(inChild([&] {
+                  ::alarm(1); // an interrupted read is made again, for ever here
+                  readDataFromFileAtURL(folder / "file");
+                  return 0;
+              }),
+              -SIGALRM);
+}
+
+TEST_F(FileIo, AFileWhoseSizeSaysNothingIsReadToItsEnd) {
+    struct stat status;
+    if (::stat("/proc/self/status", &status) != 0) GTEST_SKIP() << "no such file here";
+    ASSERT_TRUE(S_ISREG(status.st_mode) && status.st_size == 0);
+    for (const char* path : {"/proc/version", "/proc/kallsyms"}) { // less and more than a piece
+        std::ifstream in(path, std::ios::binary);
+        const Bytes expected(std::istreambuf_iterator<char>(in), {});
+        EXPECT_EQ(readDataFromFileAtURL(path), expected) << path;
+        EXPECT_EQ(readDataFromFileAtURL(path, 10)->size(), 10u);
+    }
+}
+
+TEST_F(FileIo, WhatCannotBeReadSaysWhy) {
+    const auto why = [](const std::string& path) { return readDataFromFileAtURL(path) ? 0 : errno; };
+    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+    EXPECT_EQ(why(folder / "missing"), ENOENT);
+    EXPECT_EQ(why(folder.path()), EISDIR);
+    EXPECT_EQ(why(folder / "pipe"), EOPNOTSUPP);
+    EXPECT_EQ(reasonOf(ENOENT), "No such file or directory");
+}
+
 TEST_F(FileIo, AnExistingFileKeepsItsModeAndANewOneFollowsTheMask) {
     const mode_t mask = ::umask(027);
     ASSERT_TRUE(writeDataToFileAtURL(folder / "new", pattern(10, 1)));
@@ -185,14 +179,13 @@ TEST_F(FileIo, WithoutPermissionTheOldFileStaysAndNothingIsLeft) {
         if (::geteuid() == 0 && ::seteuid(65534) != 0) return 2;
         return writeDataToFileAtURL(folder / "file", pattern(5000, 2)) ? 1 : 0;
     };
-    ASSERT_EQ(::chmod((folder / "file").c_str(), 0666), 0);
-    ASSERT_EQ(::chmod(folder.path().c_str(), 0555), 0);
-    EXPECT_EQ(inChild(write), 0) << "a folder that may not be written";
     ASSERT_EQ(::chmod((folder / "file").c_str(), 0444), 0);
-    ASSERT_EQ(::chmod(folder.path().c_str(), 0777), 0);
-    EXPECT_EQ(inChild(write), 0) << "a file that may not be written";
-    EXPECT_EQ(contents(folder / "file"), pattern(5000, 1));
-    EXPECT_EQ(folder.entries(), 1);
+    for (const mode_t mode : {0555, 0777}) {
+        ASSERT_EQ(::chmod(folder.path().c_str(), mode), 0);
+        EXPECT_EQ(inChild(write), 0);
+        EXPECT_EQ(contents(folder / "file"), pattern(5000, 1));
+        EXPECT_EQ(folder.entries(), 1);
+    }
 }
 
 TEST_F(FileIo, AWriteThatMeetsALimitHalfWayLeavesTheOldFileWhole) {
@@ -222,42 +215,55 @@ TEST_F(FileIo, AFullDiskLeavesTheOldFileWhole) {
     EXPECT_EQ(code, 0);
 }
 
-TEST_F(FileIo, AKillBetweenWriteAndRenameLeavesTheOldFileWhole) {
-    ASSERT_TRUE(writeDataToFileAtURL(folder / "file", pattern(9000, 1)));
-    EXPECT_EQ(inChild([&] {
-                  atRename = AtRename::kill;
-                  return writeDataToFileAtURL(folder / "file", pattern(9000, 2)) ? 1 : 0;
-              }),
-              -SIGKILL);
-    EXPECT_EQ(contents(folder / "file"), pattern(9000, 1));
-    ASSERT_TRUE(writeDataToFileAtURL(folder / "file", pattern(9000, 3))) << "what is left is in nobody's way";
-    EXPECT_EQ(contents(folder / "file"), pattern(9000, 3));
+TEST_F(FileIo, AKillBetweenAnyTwoCallsLeavesOneOfTheTwoFiles) {
+    const Bytes before = pattern(9000, 1), after = pattern(9000, 2);
+    for (const bool named : {false, true}) {
+        bool ended = false;
+        for (int call = 0; !ended; ++call) {
+            ASSERT_TRUE(writeDataToFileAtURL(folder / "file", before)) << "what is left is in nobody's way";
+            ASSERT_EQ(folder.entries(), 1) << "what was left is gone";
+            ended = inChild([&] {
+                        std::optional<FailingCall> noNames;
+                        if (named) noNames.emplace("linkat", ENOENT); // as without /proc
+                        test::killAtCall(call);
+                        return writeDataToFileAtURL(folder / "file", after) ? 0 : 1;
+                    }) == 0;
+            const Bytes now = contents(folder / "file");
+            ASSERT_TRUE(now == before || now == after) << "call " << call << ", " << now.size() << " bytes";
+            if (ended) {
+                EXPECT_GT(call, 8);
+                EXPECT_EQ(now, after);
+            }
+        }
+    }
 }
 
 TEST_F(FileIo, ARenameThatFailsLeavesTheOldFileAndNoLitter) {
     ASSERT_TRUE(writeDataToFileAtURL(folder / "file", pattern(9000, 1)));
-    atRename = AtRename::fail;
+    const FailingCall noRename("rename", EIO);
     EXPECT_FALSE(writeDataToFileAtURL(folder / "file", pattern(9000, 2)));
+    EXPECT_EQ(errno, EIO);
     EXPECT_EQ(contents(folder / "file"), pattern(9000, 1));
     EXPECT_EQ(folder.entries(), 1);
 }
 
 TEST_F(FileIo, AWriteWaitsForTheDiskUnlessItIsToldNotTo) {
+    test::forgetCalls();
     ASSERT_TRUE(writeDataToFileAtURL(folder / "file", pattern(9000, 1), 0, Flush::later));
-    EXPECT_EQ(flushes, 0);
+    EXPECT_EQ(test::callsOf("fsync"), 0);
     ASSERT_TRUE(writeDataToFileAtURL(folder / "file", pattern(9000, 2)));
-    EXPECT_GE(flushes, 1); // twice where the unnamed file cannot be given its name (no /proc)
-    failFlush = true;
+    EXPECT_GE(test::callsOf("fsync"), 2) << "the file and its folder"; // and the file again without /proc
+    const FailingCall noFlush("fsync", EIO);
     EXPECT_FALSE(writeDataToFileAtURL(folder / "file", pattern(9000, 3)));
     EXPECT_EQ(contents(folder / "file"), pattern(9000, 2));
     EXPECT_EQ(folder.entries(), 1);
 }
 
 TEST_F(FileIo, AVisibleTemporaryFileServesWhereThereIsNoUnnamedOne) {
-    refuseNames = true;
+    const FailingCall noNames("linkat", ENOENT); // as on a system without /proc
     ASSERT_TRUE(writeDataToFileAtURL(folder / "file", pattern(9000, 1)));
     ASSERT_TRUE(writeDataToFileAtURL(folder / "file", pattern(8000, 2)));
-    atRename = AtRename::fail;
+    const FailingCall noRename("rename", EIO);
     EXPECT_FALSE(writeDataToFileAtURL(folder / "file", pattern(9000, 3)));
     EXPECT_EQ(contents(folder / "file"), pattern(8000, 2));
     EXPECT_EQ(folder.entries(), 1);
