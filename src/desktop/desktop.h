@@ -6,6 +6,7 @@
 #include "desktop/panels.h"
 #include "desktop/pasteboard.h"
 #include "desktop/printing.h"
+#include "desktop/status_line.h"
 
 #include <cstdint>
 #include <ctime>
@@ -59,6 +60,8 @@ class Desktop {
     virtual std::string applicationsDirectory() const = 0;
     /// The folder of colour books that stands for the host's own; empty where none was named.
     virtual std::string colourBooksDirectory() const = 0;
+
+    virtual StatusLine& statusLine() = 0; ///< says quietly what no alert may say
 
     virtual Bitmap capture(View&) = 0; ///< the view's own picture at one pixel a point
 

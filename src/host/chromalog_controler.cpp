@@ -36,6 +36,7 @@ ChromalogControler::ChromalogControler(GlobalRecord& data, Desktop& desktop)
 }
 
 ChromalogControler::~ChromalogControler() {
+    desktop_.statusLine().onChange = nullptr;
     if (gChromalogControler == this) gChromalogControler = nullptr;
 }
 

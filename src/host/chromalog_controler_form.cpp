@@ -10,6 +10,8 @@ void ChromalogControler::loadForm() {
     if (!form_) desktop_.log("failed to load prismaticaDialog xib");
     bindValueFields(colours_.first, colours_.second, colours_);
     outlets_.chromalogWindow->onClose = [this] { cancelPressed(); };
+    StatusLine& status = desktop_.statusLine();
+    status.onChange = [this, &status] { outlets_.statusLine->setText(status.text()); };
     myWell(colours_.origFirstColor, *this);
     myWell(colours_.origSecondColor, *this);
 }

@@ -11,7 +11,7 @@ struct DialogOutlets {
     Outlet<ColorWell> complementColor, triHarmoni1Color, triHarmoni2Color, quadri1Color, quadri2Color,
         quadri3Color, equi1Color, equi2Color;
     Outlet<ScrollView> swatch1Scroller, swatch2scroller;
-    Outlet<TextField> swatch1Name, swatch2Name;
+    Outlet<TextField> swatch1Name, swatch2Name, statusLine;
     Outlet<Menu> swatchContextMenu, swatchContextMenu2;
     Outlet<Slider> toneSlider;
 

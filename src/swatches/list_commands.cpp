@@ -8,6 +8,7 @@
 #include "swatches/name_text.h"
 
 #include <algorithm>
+#include <cerrno>
 
 namespace chromalog {
 namespace {
@@ -26,6 +27,24 @@ std::string_view withoutExtension(std::string_view path) {
 void redisplay(CSwatchList& view) {
     view.setNeedsDisplay();
     view.announceChange();
+}
+
+/// The file's contents; where it cannot be read, the status line says why.
+std::optional<std::vector<std::uint8_t>> readChosen(const std::string& path, StatusLine& status) {
+    auto data = readDataFromFileAtURL(path);
+    const int why = errno;
+    status.takeBack(StatusLine::About::files);
+    if (!data)
+        status.say(StatusLine::About::files,
+                   std::string(lastPathComponent(path)) + " could not be read: " + reasonOf(why));
+    return data;
+}
+
+void writeChosen(const std::string& path, std::span<const std::uint8_t> data, StatusLine& status) {
+    if (writeDataToFileAtURL(path, data))
+        status.takeBack(StatusLine::About::files);
+    else
+        status.sayNotWritten(StatusLine::About::files, path, reasonOf(errno));
 }
 
 } // namespace
@@ -94,7 +113,7 @@ void ListCommands::LoadSwatch(ListNumber which, std::int16_t start) {
 }
 
 void ListCommands::swatchFileChosen(ListNumber which, std::int16_t start, const std::string& path) {
-    const auto data = readDataFromFileAtURL(path);
+    const auto data = readChosen(path, desk_.desktop().statusLine());
     if (!data) return;
     const ListParts list = desk_.list(which);
     const std::string_view name = lastPathComponent(path);
@@ -134,7 +153,7 @@ void ListCommands::saveSwatch(ListNumber which) {
         if (!path || path->empty()) return; // an extension alone is no name
         std::vector<std::uint8_t> data;
         desk_.list(which).view.saveSwatches(data);
-        writeDataToFileAtURL(acoPath(*path), data); // a failure is not reported
+        writeChosen(acoPath(*path), data, desk_.desktop().statusLine());
     };
     // With its extension: of "blue 1.5" alone, ".5" would be taken for one and cut off.
     // Not the view's name, which an undo leaves: the file of another list would be replaced.
@@ -153,7 +172,7 @@ void ListCommands::loadASE() {
 }
 
 void ListCommands::bookChosen(const std::string& path) {
-    const auto data = readDataFromFileAtURL(path);
+    const auto data = readChosen(path, desk_.desktop().statusLine());
     if (!data) return;
     const ListParts list = desk_.list(ListNumber::one);
     const std::string_view name = lastPathComponent(path);

@@ -22,7 +22,8 @@ constexpr int kCount = 4999;
 /// The headless desktop with the toolkit's printing.
 class PrintingScreen : public test::HeadlessDesktop {
   public:
-    PrintJobs jobs;
+    StatusLine status;
+    PrintJobs jobs{status};
     PrintInfo& sharedPrintInfo() override { return jobs.info; }
     PrintOutcome runPrintOperation(const PrintJob& job) override { return jobs.run(job, nullptr); }
 };

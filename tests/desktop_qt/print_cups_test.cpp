@@ -129,7 +129,8 @@ class PrinterQueue : public testing::Test {
                                   canvas.drawText({10, 50}, "Sheet" + std::to_string(sheet), Font{}, 0);
                               }};
         };
-        return PrintJobs().run({"five sheets", layOut}, nullptr);
+        StatusLine status;
+        return PrintJobs(status).run({"five sheets", layOut}, nullptr);
     }
 
     test::TemporaryFolder settings;

@@ -35,7 +35,8 @@ using test::PdfPicture;
 /// The headless desktop with the toolkit's printing.
 class PrintingScreen : public test::HeadlessDesktop {
   public:
-    PrintJobs jobs;
+    StatusLine status;
+    PrintJobs jobs{status};
     PrintOutcome outcome = PrintOutcome::printed;
     PrintInfo& sharedPrintInfo() override { return jobs.info; }
     PrintOutcome runPrintOperation(const PrintJob& job) override { return outcome = jobs.run(job, nullptr); }
@@ -318,6 +319,7 @@ TEST_F(PrintedPdf, AJobThatCannotBeWrittenLeavesNothing) {
     pdf = folder / "missing/out.pdf";
     print(10);
     EXPECT_EQ(desk.paper.outcome, PrintOutcome::failed);
+    EXPECT_EQ(desk.paper.status.text(), "out.pdf was not written: No such file or directory");
     pdf = folder.path();
     print(10);
     EXPECT_EQ(desk.paper.outcome, PrintOutcome::failed);
@@ -337,8 +339,11 @@ TEST_F(PrintedPdf, OnAFullDiskAnOlderFileStays) {
     ::setrlimit(RLIMIT_FSIZE, &old);
     ::signal(SIGXFSZ, handler);
     EXPECT_EQ(desk.paper.outcome, PrintOutcome::failed);
+    EXPECT_EQ(desk.paper.status.text(), "out.pdf was not written: File too large");
     EXPECT_EQ(readDataFromFileAtURL(pdf), before);
     EXPECT_EQ(folder.entries(), 1);
+    print(1);
+    EXPECT_EQ(desk.paper.status.text(), "");
 }
 
 /// What a person does in the print dialog when it opens.

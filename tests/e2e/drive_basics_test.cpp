@@ -49,7 +49,7 @@ TEST_F(DriveBasics, AScreenshotReplacesItsFileWholeOrNotAtAll) {
     words.insert(words.begin(), {"sh", "-c", limited, "sh"});
     const auto result = runProgram(words, environment_);
     EXPECT_EQ(result.exitCode, 2);
-    EXPECT_EQ(result.err, file("shot.png") + ": cannot be written\n");
+    EXPECT_EQ(result.err, file("shot.png") + ": File too large\n");
     EXPECT_EQ(read("shot.png"), "an older picture");
     EXPECT_EQ(pick({"--accept", "--screenshot", file("shot.png")}).exitCode, 0);
     EXPECT_THAT(read("shot.png"), StartsWith("\x89PNG"));

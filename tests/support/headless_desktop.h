@@ -69,6 +69,7 @@ class HeadlessDesktop : public Desktop {
     std::vector<std::vector<Primitive>> sheets; ///< of the latest print operation
     std::vector<std::int64_t> stops;
     int pageLayouts = 0;
+    StatusLine status;
     std::function<void(const Alert&)> onAlert; ///< called while the alert is up
 
     /// Answers the panel that was opened last.
@@ -95,6 +96,7 @@ class HeadlessDesktop : public Desktop {
     void log(std::string_view line) override { logLines.emplace_back(line); }
     std::string applicationsDirectory() const override { return applications; }
     std::string colourBooksDirectory() const override { return books; }
+    StatusLine& statusLine() override { return status; }
     Bitmap capture(View&) override { return nextCapture; }
     PrintInfo& sharedPrintInfo() override { return printInfo; }
     void runPageLayout(Window&) override { ++pageLayouts; }

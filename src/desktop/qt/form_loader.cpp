@@ -6,6 +6,7 @@
 #include "desktop/qt/controls/level_indicator_widget.h"
 #include "desktop/qt/controls/list_scroll_area.h"
 #include "desktop/qt/controls/square_box.h"
+#include "desktop/qt/controls/status_label.h"
 #include "desktop/qt/controls/stepper_widget.h"
 #include "desktop/qt/controls/tinted_button.h"
 #include "desktop/qt/convert.h"
@@ -44,6 +45,7 @@ constexpr OwnClass ownClasses[] = {
     {"TintedButton", make<TintedButton>},
     {"SquareBox", make<SquareBox>},
     {"ElidedLabel", make<ElidedLabel>},
+    {"StatusLabel", make<StatusLabel>},
 };
 
 void reportDoubles(const QWidget& root, std::vector<std::string>& problems) {

@@ -61,6 +61,7 @@ class QtDesktop : public Desktop {
     void log(std::string_view line) override { log_.add(line); }
     std::string applicationsDirectory() const override;
     std::string colourBooksDirectory() const override { return settings_.booksDirectory; }
+    StatusLine& statusLine() override { return status_; }
     Bitmap capture(View&) override;
     PrintInfo& sharedPrintInfo() override { return printJobs_.info; }
     void runPageLayout(Window& parent) override;
@@ -87,13 +88,14 @@ class QtDesktop : public Desktop {
 
     QtDesktopSettings settings_;
     LogRing log_;
+    StatusLine status_;
     StringTable texts_;
     PlainLabels plainLabels_;
     QObject context_; ///< timers live as long as it does
     ModalLoops modalLoops_;
     Mishaps mishaps_{modalLoops_, log_};
     Drags drags_;
-    PrintJobs printJobs_;
+    PrintJobs printJobs_{status_};
     Completions completions_;
     FilePanels panels_;
     std::vector<QtForm*> forms_;

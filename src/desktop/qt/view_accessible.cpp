@@ -1,6 +1,7 @@
 #include "desktop/qt/view_accessible.h"
 
 #include "desktop/qt/controls/list_scroll_area.h"
+#include "desktop/qt/controls/status_label.h"
 #include "desktop/qt/controls/well_accessible.h"
 #include "desktop/qt/convert.h"
 #include "desktop/qt/mishap.h"
@@ -168,11 +169,13 @@ QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
 void installAccessibility() {
     QAccessible::installFactory(makeAccessible);
     QAccessible::installFactory(makeWellAccessible);
+    QAccessible::installFactory(makeStatusAccessible);
 }
 
 void removeAccessibility() {
     QAccessible::removeFactory(makeAccessible);
     QAccessible::removeFactory(makeWellAccessible);
+    QAccessible::removeFactory(makeStatusAccessible);
 }
 
 void announceView(ViewWidget& widget) {

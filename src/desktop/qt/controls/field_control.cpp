@@ -1,6 +1,7 @@
 #include "desktop/qt/controls/field_control.h"
 
 #include "desktop/qt/controls/plain_text.h"
+#include "desktop/qt/controls/status_label.h"
 #include "desktop/qt/convert.h"
 #include "desktop/qt/mishap.h"
 
@@ -94,6 +95,7 @@ void LabelControl::setText(std::string_view text) {
     widget_->setText(shown);
     widget_->setToolTip(plainToolTip(shown));
     widget_->setAccessibleDescription(shown); // left out, it would be the tool tip with its escapes
+    if (auto* status = qobject_cast<StatusLabel*>(widget_.data())) status->announce();
 }
 
 std::string LabelControl::text() const {

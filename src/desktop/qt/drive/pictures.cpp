@@ -14,6 +14,7 @@
 #include <QPixmap>
 
 #include <algorithm>
+#include <cerrno>
 
 namespace chromalog::drive {
 namespace {
@@ -85,7 +86,8 @@ void writePicture(const QImage& picture, const std::string& path) {
     QImageWriter writer(&buffer, "png");
     if (!writer.write(picture)) throw CommandError{path + ": " + fromQt(writer.errorString())};
     const std::span bytes(reinterpret_cast<const std::uint8_t*>(file.constData()), std::size_t(file.size()));
-    if (!writeDataToFileAtURL(path, bytes, 0, Flush::later)) throw CommandError{path + ": cannot be written"};
+    if (!writeDataToFileAtURL(path, bytes, 0, Flush::later))
+        throw CommandError{path + ": " + reasonOf(errno)};
 }
 
 } // namespace chromalog::drive

@@ -61,6 +61,7 @@ bool Player::midCommand() const {
 void Player::next() {
     if (midCommand()) return again();
     try {
+        checkWritten();
         if (answerPrompts()) return;
         if (finishing_ || playback_.ended()) return finish();
         const Command& command = playback_.script[playback_.next];
@@ -73,6 +74,12 @@ void Player::next() {
     } catch (const std::exception& error) {
         stop(error.what());
     }
+}
+
+/// The dialog passes over a file that could not be written in silence; a script that names it does not.
+void Player::checkWritten() {
+    const auto notWritten = desktop_.statusLine().takeNotWritten();
+    if (!notWritten.empty() && !finishing_) throw CommandError{notWritten.front()};
 }
 
 /// What the script has said beforehand, or with an earlier command, about something that is open now.

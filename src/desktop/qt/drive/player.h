@@ -44,6 +44,7 @@ class Player {
     void play(const Command&);
     void finish();
     void stop(const std::string& message);
+    void checkWritten();
 
     void wait(const Command&);
     void choose(const Command&);

@@ -136,7 +136,8 @@ QJsonObject desktopState(QtDesktop& desktop) {
                       {"panels", eachOf(desktop.panels().records(), panelState)},
                       {"alerts", eachOf(desktop.alerts(), alertState)},
                       {"sounds", jsonArray(desktop.sounds())},
-                      {"log", logState(desktop.logRing())}};
+                      {"log", logState(desktop.logRing())},
+                      {"status", json(desktop.statusLine().text())}};
     if (desktop.drags().last) state["lastDrag"] = dragState(*desktop.drags().last);
     return state;
 }

@@ -13,6 +13,7 @@
 #include <QProgressDialog>
 
 #include <algorithm>
+#include <cerrno>
 
 namespace chromalog {
 
@@ -77,13 +78,15 @@ PrintOutcome makePdf(const Operation& job, QByteArray& document, QWidget* window
     });
 }
 
-PrintOutcome toFile(const Operation& job, const QString& path, QWidget* window) {
+PrintOutcome toFile(const Operation& job, const QString& path, QWidget* window, StatusLine& status) {
     QByteArray document;
     const PrintOutcome outcome = makePdf(job, document, window);
     if (outcome != PrintOutcome::printed) return outcome;
     const std::span bytes(reinterpret_cast<const std::uint8_t*>(document.constData()),
                           std::size_t(document.size()));
-    return writeDataToFileAtURL(fromQt(path), bytes) ? PrintOutcome::printed : PrintOutcome::failed;
+    if (writeDataToFileAtURL(fromQt(path), bytes)) return PrintOutcome::printed;
+    status.sayNotWritten(StatusLine::About::printing, fromQt(path), reasonOf(errno));
+    return PrintOutcome::failed;
 }
 
 /// A printer is sent what was painted even when the job ends half-way, so it is painted only after the person
@@ -146,7 +149,8 @@ PrintOutcome PrintJobs::run(const PrintJob& job, QWidget* parent) {
     takeAskedSheets(operation, printer);
     if (operation.first > operation.last)
         return PrintOutcome::failed; // no sheets, or none of those asked for
-    return file.isEmpty() ? toPrinter(operation, printer, parent) : toFile(operation, file, parent);
+    status_.takeBack(StatusLine::About::printing);
+    return file.isEmpty() ? toPrinter(operation, printer, parent) : toFile(operation, file, parent, status_);
 }
 
 } // namespace chromalog

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/printing.h"
+#include "desktop/status_line.h"
 
 #include <QPageLayout>
 
@@ -20,6 +21,8 @@ QPageLayout paperOf(const PrintInfo&, QPageSize::SizeMatchPolicy = QPageSize::Fu
 /// Runs print jobs: to the printer of the print dialog, or to a PDF file that was named beforehand.
 class PrintJobs {
   public:
+    explicit PrintJobs(StatusLine& status) : status_(status) {}
+
     PrintInfo info;                     ///< shared settings
     std::optional<std::string> nextPdf; ///< the next job goes there without asking
 
@@ -28,6 +31,8 @@ class PrintJobs {
   private:
     std::optional<PrintInfo> ask(QPrinter&,
                                  QWidget* parent) const; ///< the settings that the person agreed to
+
+    StatusLine& status_; ///< says which file was not written
 };
 
 } // namespace chromalog

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace chromalog {
+
+/// What the quiet line at the foot of the dialog says: failures that end nothing, and what was kept. No box
+/// is ever opened for them. The text said last stands until it is taken back, and then what was said before
+/// it. Plain text, perhaps with names from outside.
+class StatusLine {
+  public:
+    /// One text each; the next one about the same thing takes its place.
+    enum class About { otherPicks, storing, keptCopies, files, printing };
+
+    void say(About about, std::string text) {
+        const std::string before = this->text();
+        std::erase_if(said_, [about](const auto& each) { return each.first == about; });
+        if (!text.empty()) said_.emplace_back(about, std::move(text));
+        if (onChange && this->text() != before) onChange();
+    }
+    void takeBack(About about) { say(about, {}); }
+
+    /// A file that a person named could not be written.
+    void sayNotWritten(About about, const std::string& path, const std::string& why) {
+        notWritten_.push_back(path + ": " + why);
+        say(about, path.substr(path.rfind('/') + 1) + " was not written: " + why);
+    }
+    /// Those files since this was last asked, as "PATH: why".
+    std::vector<std::string> takeNotWritten() { return std::exchange(notWritten_, {}); }
+
+    std::string text() const { return said_.empty() ? std::string() : said_.back().second; }
+
+    std::function<void()> onChange; ///< after the text has changed
+
+  private:
+    std::vector<std::pair<About, std::string>> said_; ///< the latest at the back
+    std::vector<std::string> notWritten_;
+};
+
+} // namespace chromalog

@@ -1,0 +1,80 @@
+// Files that cannot be written or read: what the dialog says and how scripts end.
+#include "e2e/driven_pick.h"
+#include "support/swatch_files.h"
+
+namespace chromalog::test {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+class DriveFiles : public DrivenPick {
+  protected:
+    DriveFiles() {
+        for (const auto& [name, count] : {std::pair("two.aco", 2), std::pair("three.aco", 3)}) {
+            FileBuilder builder;
+            builder.header(2, count);
+            for (int i = 0; i < count; ++i)
+                builder.colour(0, i * 500, 0, 0).name("Swatch");
+            write(name, builder.bytes);
+        }
+    }
+
+    void endsWithCodeTwo(const std::string& script, int line, const std::string& message) const {
+        const auto result = play(script + "state $/after.json\n", {"--picks", "2"});
+        EXPECT_EQ(result.exitCode, 2) << script;
+        EXPECT_THAT(result.err, StartsWith(file("script") + ":" + std::to_string(line) + ": "));
+        EXPECT_THAT(result.err, HasSubstr(message));
+        EXPECT_EQ(std::ranges::count(result.err, '\n'), 1) << result.err;
+        EXPECT_FALSE(fs::exists(file("after.json"))) << "no further command";
+    }
+};
+
+TEST_F(DriveFiles, AFileThatCannotBeWrittenEndsTheScript) {
+    fs::create_directory(file("folder.aco"));
+    endsWithCodeTwo("press saveSwatch1:\nchoose $/none/saved.aco\n", 2, "none/saved.aco: No such file");
+    endsWithCodeTwo("choose $/none/saved.aco\npress saveSwatch2:\n", 2, "none/saved.aco: No such file");
+    endsWithCodeTwo("choose $/folder.aco\npress saveSwatch2:\n", 2, "folder.aco: Is a directory");
+    endsWithCodeTwo("print $/none/a.pdf\npress printToneOrDegrade:\n", 2, "none/a.pdf: No such file");
+    endsWithCodeTwo("print $/none/b.pdf\npress printFirstSwatch:\nok\n", 3, "none/b.pdf: No such file");
+    for (const char* command : {"shot", "state", "picture chromaView"})
+        endsWithCodeTwo(std::string(command) + " $/folder.aco\n", 1, "folder.aco: ");
+}
+
+/// Whole or not at all: an older picture stays.
+TEST_F(DriveFiles, APictureOnAFullDiskIsAnError) {
+    fs::create_directory(file("full"));
+    writeScript("shot $/full/shot.png\nstate $/after.json\n");
+    const std::string shot = file("full/shot.png");
+    const auto runMounted = [&](const std::string& command) {
+        return runProgram({"unshare", "-m", "sh", "-c",
+                           "mount -t tmpfs -o size=32k none " + file("full") + " && echo older > " + shot +
+                               " && " + command + "; code=$?; cat " + shot + "; exit $code"},
+                          environment_);
+    };
+    if (runMounted("true").exitCode != 0) GTEST_SKIP() << "may not mount a file system here";
+    for (const std::string& options : {"--accept --screenshot " + shot, "--drive " + file("script")}) {
+        const auto result = runMounted(CHROMALOG_PROGRAM " --data-dir " + file("data") + " " + options);
+        EXPECT_EQ(result.exitCode, 2) << options;
+        EXPECT_THAT(result.err, HasSubstr(shot + ": No space left"));
+        EXPECT_THAT(result.out, testing::EndsWith("older\n"));
+        EXPECT_FALSE(fs::exists(file("after.json")));
+    }
+}
+
+TEST_F(DriveFiles, AFileThatCannotBeReadIsSaidAndNoError) {
+    playWell("choose $/none.aco\npress loadSwatch1:\nstate $/state.json\n"
+             "choose $/two.aco\npress loadSwatch1:\nstate $/after.json\n");
+    EXPECT_EQ(state()["status"], "none.aco could not be read: No such file or directory");
+    EXPECT_EQ(state()["outlets"]["statusLine"]["text"], state()["status"]);
+    EXPECT_THAT(state()["alerts"], IsEmpty());
+    EXPECT_EQ(state("after.json")["status"], "");
+    EXPECT_EQ(state("after.json")["outlets"]["statusLine"]["frame"],
+              state()["outlets"]["statusLine"]["frame"])
+        << "its room is always there";
+}
+
+} // namespace
+} // namespace chromalog::test
