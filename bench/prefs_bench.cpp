@@ -1,5 +1,6 @@
 // Writing the preferences file, beside a plain temporary file that is written and renamed.
 #include "prefs/preferences_file.h"
+#include "prefs/preferences_store.h"
 
 #include <benchmark/benchmark.h>
 
@@ -54,9 +55,12 @@ void plainWriteAndRename(benchmark::State& state) {
 
 void preferencesWrite(benchmark::State& state) {
     const auto record = recordWith(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
+    PreferencesStore store(kTarget);
     for (auto _ : state)
-        if (!writePreferences(kTarget, *record, Flush::later)) state.SkipWithError("not written");
-    ::unlink(kTarget);
+        if (store.write(preferencesImage(*record), kPreferencesZeros, Flush::later).error != 0)
+            state.SkipWithError("not written");
+    for (const char* left : {"", ".lock", ".open"})
+        ::unlink((std::string(kTarget) + left).c_str());
 }
 
 BENCHMARK(plainWriteAndRename)->Unit(benchmark::kMicrosecond)->UseRealTime();

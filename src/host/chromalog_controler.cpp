@@ -4,7 +4,6 @@
 #include "host/globals.h"
 #include "host/host_conversion.h"
 #include "host/list_name.h"
-#include "prefs/preferences_file.h"
 
 #include <cmath>
 
@@ -26,8 +25,7 @@ ChromalogControler::ChromalogControler(GlobalRecord& data, Desktop& desktop)
     zeroInit();
     degradeView_.setPrinting(false);
     toneView_.setPrinting(false);
-    skippedPrefs_ = desktop_.optionKeyHeld();
-    if (!skippedPrefs_) loadPrefs();
+    loadPrefs();
     takeHostColour();
     startLists();
     placeSecondColour();
@@ -139,22 +137,13 @@ void ChromalogControler::cancelPressed() {
     outlets_.chromalogWindow->orderOut();
 }
 
-std::string ChromalogControler::preferencesPath() const {
-    return applicationDataDirectory(desktop_.applicationsDirectory());
-}
-
 void ChromalogControler::savePrefs(Flush flush) {
     storeViewCounts();
-    const std::string path = preferencesPath();
-    if (path.empty()) return;
-    if (skippedPrefs_) keepSkippedPreferences(path);
-    skippedPrefs_ = false;
-    writePreferences(path, data_, flush);
+    stored_.save(data_, flush);
 }
 
 void ChromalogControler::loadPrefs() {
-    const std::string path = preferencesPath();
-    if (path.empty() || !readPreferences(path, data_)) return;
+    if (!stored_.open(data_, desktop_.optionKeyHeld())) return;
     swatch1_.setNumberOfColors(data_.numColors1);
     swatch2_.setNumberOfColors(data_.numColors2);
     if (data_.swatchName1[0] != 0) showListName(1);

@@ -6,7 +6,7 @@
 #include "host/abi/picker_record.h"
 #include "host/dialog_outlets.h"
 #include "host/global_record.h"
-#include "prefs/file_io.h"
+#include "host/stored_lists.h"
 #include "print/list_printing.h"
 #include "print/print_options.h"
 #include "swatches/list_commands.h"
@@ -92,7 +92,6 @@ class ChromalogControler : WorkingColoursDesk,
     void takeHostColour();
     void placeSecondColour();
     void loadPrefs();
-    std::string preferencesPath() const;
     void savePrefs(Flush);
     void showListName(int number);
     void setHarmonyMode(std::int16_t mode);
@@ -145,8 +144,7 @@ class ChromalogControler : WorkingColoursDesk,
 
     GlobalRecord& data_;
     Desktop& desktop_;
-    bool skippedPrefs_ =
-        false; ///< Option was held: what the file holds is kept once before it is overwritten
+    StoredLists stored_{desktop_};
 
     WorkingColours colours_{*this};
     DialogOutlets outlets_;

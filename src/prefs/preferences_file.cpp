@@ -7,18 +7,17 @@
 namespace chromalog {
 namespace {
 
-constexpr std::size_t kImageSize = sizeof(GlobalRecord) - kPreferencesOffset;
-constexpr std::size_t kCountsAt = offsetof(GlobalRecord, numColors1) - kPreferencesOffset;
-static_assert(kImageSize + 2 == kPreferencesSize);
-static_assert(kCountsAt == 3'040'006);
-static_assert(offsetof(GlobalRecord, swatchList1) - kPreferencesOffset == 6);
-static_assert(kPreferencesOffset >= offsetof(GlobalRecord, pickerRecord) + sizeof(PickerRecord*));
-
-bool holdsColours(std::span<const std::uint8_t> file) {
-    const auto counts = file.subspan(std::min(kCountsAt, file.size()));
-    return std::ranges::any_of(counts.first(std::min<std::size_t>(4, counts.size())),
-                               [](int b) { return b != 0; });
+template <std::size_t field> constexpr bool standsAt(std::size_t offset) {
+    return field - kPreferencesOffset == offset;
 }
+static_assert(kPreferencesZeros == 2);
+static_assert(standsAt<offsetof(GlobalRecord, swatchList1)>(kFileLists[0]));
+static_assert(standsAt<offsetof(GlobalRecord, swatchList2)>(kFileLists[1]));
+static_assert(standsAt<offsetof(GlobalRecord, numColors1)>(kFileCounts[0]));
+static_assert(standsAt<offsetof(GlobalRecord, numColors2)>(kFileCounts[1]));
+static_assert(standsAt<offsetof(GlobalRecord, swatchName1)>(kFileNames[0]));
+static_assert(standsAt<offsetof(GlobalRecord, swatchName2)>(kFileNames[1]));
+static_assert(kPreferencesOffset >= offsetof(GlobalRecord, pickerRecord) + sizeof(PickerRecord*));
 
 } // namespace
 
@@ -27,37 +26,19 @@ std::string applicationDataDirectory(std::string_view applicationsDirectory) {
     std::string path(applicationsDirectory);
     if (path.back() != '/') path += '/';
     path += kPreferencesFolder;
-    std::error_code ignored; // the write that follows fails as silently
+    std::error_code ignored; // the write that follows fails and says so
     std::filesystem::create_directories(path, ignored);
     return path.append(kPreferencesName);
 }
 
 std::span<const std::uint8_t> preferencesImage(const GlobalRecord& record) {
-    return {reinterpret_cast<const std::uint8_t*>(&record) + kPreferencesOffset, kImageSize};
+    return {reinterpret_cast<const std::uint8_t*>(&record) + kPreferencesOffset, kPreferencesImage};
 }
 
 void applyPreferences(GlobalRecord& record, std::span<const std::uint8_t> file) {
-    const std::size_t length = std::min(file.size(), kImageSize);
+    const std::size_t length = std::min(file.size(), kPreferencesImage);
     if (length > 0)
         std::memcpy(reinterpret_cast<std::uint8_t*>(&record) + kPreferencesOffset, file.data(), length);
-}
-
-bool readPreferences(const std::string& path, GlobalRecord& record) {
-    const auto file = readDataFromFileAtURL(path, kImageSize);
-    if (file) applyPreferences(record, *file);
-    return file.has_value();
-}
-
-bool writePreferences(const std::string& path, const GlobalRecord& record, Flush flush) {
-    return writeDataToFileAtURL(path, preferencesImage(record), kPreferencesSize - kImageSize, flush);
-}
-
-void keepSkippedPreferences(const std::string& path) {
-    const auto file = readDataFromFileAtURL(path);
-    const std::string copy = path + ".skipped";
-    std::error_code error;
-    if (!file || (!holdsColours(*file) && std::filesystem::exists(copy, error))) return;
-    writeDataToFileAtURL(copy, *file);
 }
 
 } // namespace chromalog

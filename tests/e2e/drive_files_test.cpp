@@ -1,6 +1,8 @@
-// Files that cannot be written or read: what the dialog says and how scripts end.
+// Files that cannot be written or read, and lists that are kept: what the dialog says and how scripts end.
 #include "e2e/driven_pick.h"
 #include "support/swatch_files.h"
+
+#include <sys/stat.h>
 
 namespace chromalog::test {
 namespace {
@@ -22,6 +24,13 @@ class DriveFiles : public DrivenPick {
         }
     }
 
+    std::string preferences(const std::string& copy = "") const {
+        return file("data/Quorvex/com_Quorvex_Chromalog_64_3-50.prf") + copy;
+    }
+    std::string contents(const std::string& path) const {
+        std::ifstream in(path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), {}};
+    }
     void endsWithCodeTwo(const std::string& script, int line, const std::string& message) const {
         const auto result = play(script + "state $/after.json\n", {"--picks", "2"});
         EXPECT_EQ(result.exitCode, 2) << script;
@@ -74,6 +83,26 @@ TEST_F(DriveFiles, AFileThatCannotBeReadIsSaidAndNoError) {
     EXPECT_EQ(state("after.json")["outlets"]["statusLine"]["frame"],
               state()["outlets"]["statusLine"]["frame"])
         << "its room is always there";
+}
+
+TEST_F(DriveFiles, ListsThatCannotBeReadAreKept) {
+    if (::getuid() != 0) GTEST_SKIP() << "needs to become somebody else";
+    playWell("choose $/two.aco\npress loadSwatch1:\nok\n");
+    const std::string two = contents(preferences());
+    for (const auto& entry : fs::recursive_directory_iterator(folder_.path()))
+        ASSERT_EQ(::chown(entry.path().c_str(), 65534, 65534), 0);
+    fs::permissions(folder_.path(), fs::perms(0777));
+    fs::permissions(preferences(), fs::perms(0200)); // may be written, not read
+    writeScript("state $/state.json\ncancel\n");
+    auto words = command({"--drive", file("script")});
+    words.insert(words.begin(), {"setpriv", "--reuid", "65534", "--clear-groups"});
+    const auto result = runProgram(words, environment_);
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(state()["status"], "The stored lists could not be read: Permission denied");
+    bool whole = false;
+    for (const auto& entry : fs::directory_iterator(file("data/Quorvex")))
+        whole = whole || (entry.path() != preferences() && contents(entry.path()) == two);
+    EXPECT_TRUE(whole) << "under another name";
 }
 
 } // namespace

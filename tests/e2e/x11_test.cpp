@@ -188,5 +188,17 @@ TEST_F(OnXServer, AssistiveTechnologyReadsAndWorksTheDialog) {
     EXPECT_EQ(told["strip"]["range"], (json{0.0, 100.0}));
 }
 
+TEST_F(OnXServer, AssistiveTechnologyHearsTheStatusLine) {
+    if (!installed("command -v dbus-run-session") ||
+        !installed("/usr/bin/python3 -c 'import gi; gi.require_version(\"Atspi\", \"2.0\")'"))
+        GTEST_SKIP() << "needs AT-SPI";
+    writeFrames();
+    std::filesystem::remove_all(file("data"));
+    act("hear_status.sh", {}, {"dbus-run-session", "--"});
+    const std::string said = "The lists were not stored: Is a directory";
+    EXPECT_THAT(json::parse(read("heard.json")),
+                Contains(json{{"event", "object:state-changed:showing"}, {"name", said}}));
+}
+
 } // namespace
 } // namespace chromalog::test

@@ -1,5 +1,5 @@
-#include "prefs/file_io.h"
 #include "prefs/preferences_file.h"
+#include "prefs/preferences_store.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -32,6 +32,15 @@ class PreferencesFile : public testing::Test {
         record->numColors2 = -3;
     }
     Bytes file() { return readDataFromFileAtURL(path).value_or(Bytes{}); }
+    bool write(const std::string& to) {
+        return PreferencesStore(to).write(preferencesImage(*record), kPreferencesZeros, Flush::later).error ==
+               0;
+    }
+    static bool read(const std::string& from, GlobalRecord& into) {
+        const auto bytes = PreferencesStore(from).read(kPreferencesImage);
+        if (bytes) applyPreferences(into, *bytes);
+        return bytes.has_value();
+    }
 
     test::TemporaryFolder folder;
     std::string path = folder / "file";
@@ -39,7 +48,7 @@ class PreferencesFile : public testing::Test {
 };
 
 TEST_F(PreferencesFile, ByteFOfTheFileIsByteF18OfTheRecordAndTheLastTwoAreZero) {
-    ASSERT_TRUE(writePreferences(path, *record, Flush::later));
+    ASSERT_TRUE(write(path));
     const Bytes written = file();
     ASSERT_EQ(written.size(), 3'040'536u);
     for (std::size_t f = 0; f < 3'040'534; ++f)
@@ -72,7 +81,7 @@ TEST_F(PreferencesFile, FieldsStandAtTheirOffsets) {
 TEST_F(PreferencesFile, AFileOf0xFFNeverTouchesThePointers) {
     const Bytes before = copyOf(*record);
     ASSERT_TRUE(writeDataToFileAtURL(path, Bytes(kPreferencesSize, 0xFF)));
-    ASSERT_TRUE(readPreferences(path, *record));
+    ASSERT_TRUE(read(path, *record));
     const Bytes after = copyOf(*record);
     EXPECT_TRUE(std::equal(before.begin(), before.begin() + 18, after.begin()));
     EXPECT_EQ(after[17], before[17]);
@@ -83,9 +92,8 @@ TEST_F(PreferencesFile, AFileOf0xFFNeverTouchesThePointers) {
 
 TEST_F(PreferencesFile, WithoutAFileTheRecordKeepsWhatItHolds) {
     const Bytes before = copyOf(*record);
-    EXPECT_FALSE(readPreferences(path, *record));
-    EXPECT_FALSE(readPreferences(folder.path(), *record));
-    EXPECT_FALSE(readPreferences("", *record));
+    EXPECT_FALSE(read(path, *record));
+    EXPECT_FALSE(read(folder.path(), *record));
     EXPECT_EQ(copyOf(*record), before);
 }
 
@@ -114,7 +122,7 @@ TEST_F(PreferencesFile, AFileCutInsideListTwoLeavesCountsAndNames) {
 TEST_F(PreferencesFile, BytesPastTheRecordAreDropped) {
     Bytes longer(kPreferencesSize + 100'000, 0x55);
     ASSERT_TRUE(writeDataToFileAtURL(path, longer));
-    ASSERT_TRUE(readPreferences(path, *record));
+    ASSERT_TRUE(read(path, *record));
     EXPECT_EQ(record->undoLimit, 0x5555);
     applyPreferences(*record, longer); // the sanitizers watch the record's end
     EXPECT_EQ(record->reserved3[1], 0x55);
@@ -135,9 +143,9 @@ TEST_F(PreferencesFile, AFileOfAnyLengthChangesExactlyItsOwnBytes) {
 }
 
 TEST_F(PreferencesFile, WhatIsWrittenIsReadBack) {
-    ASSERT_TRUE(writePreferences(path, *record, Flush::later));
+    ASSERT_TRUE(write(path));
     auto other = std::make_unique<GlobalRecord>();
-    ASSERT_TRUE(readPreferences(path, *other));
+    ASSERT_TRUE(read(path, *other));
     EXPECT_EQ(std::memcmp(bytesOf(*other) + 18, bytesOf(*record) + 18, sizeof(GlobalRecord) - 18), 0);
     EXPECT_EQ(other->pickerRecord, nullptr);
 }
@@ -154,44 +162,14 @@ TEST_F(PreferencesFile, TheFolderIsMadeEachTimeThePathIsAsked) {
 
 TEST_F(PreferencesFile, WithoutAnApplicationsDirectoryThereIsNoPath) {
     EXPECT_EQ(applicationDataDirectory(""), "");
-    EXPECT_FALSE(writePreferences("", *record, Flush::later));
 }
 
 TEST_F(PreferencesFile, AFolderThatCannotBeMadeIsIgnored) {
     ASSERT_TRUE(writeDataToFileAtURL(folder / "applications", Bytes(3)));
     const std::string below = applicationDataDirectory(folder / "applications");
     EXPECT_EQ(below, folder / "applications/Quorvex/com_Quorvex_Chromalog_64_3-50.prf");
-    EXPECT_FALSE(writePreferences(below, *record, Flush::later));
+    EXPECT_FALSE(write(below));
     EXPECT_EQ(readDataFromFileAtURL(folder / "applications"), Bytes(3));
-}
-
-TEST_F(PreferencesFile, ASkippedFileIsKeptBesideItself) {
-    keepSkippedPreferences(path);
-    EXPECT_EQ(folder.entries(), 0) << "no file, no copy";
-    ASSERT_TRUE(writePreferences(path, *record, Flush::later));
-    const Bytes skipped = file();
-    keepSkippedPreferences(path);
-    EXPECT_EQ(readDataFromFileAtURL(path + ".skipped"), skipped);
-    EXPECT_EQ(file(), skipped);
-}
-
-TEST_F(PreferencesFile, ASkippedFileWithoutColoursReplacesNoOlderCopy) {
-    record->numColors1 = 0;
-    record->numColors2 = 0;
-    ASSERT_TRUE(writePreferences(path, *record, Flush::later));
-    const Bytes empty = file();
-    keepSkippedPreferences(path);
-    EXPECT_EQ(readDataFromFileAtURL(path + ".skipped"), empty) << "there was no older copy";
-
-    record->numColors2 = 1;
-    ASSERT_TRUE(writePreferences(path, *record, Flush::later));
-    const Bytes full = file();
-    keepSkippedPreferences(path);
-    EXPECT_EQ(readDataFromFileAtURL(path + ".skipped"), full);
-
-    ASSERT_TRUE(writeDataToFileAtURL(path, empty));
-    keepSkippedPreferences(path);
-    EXPECT_EQ(readDataFromFileAtURL(path + ".skipped"), full);
 }
 
 } // namespace

@@ -4,28 +4,8 @@ Then presses the button "Complement", sets the luminosity strip to 25, and write
 """
 import json
 import sys
-import time
 
-import gi
-
-gi.require_version("Atspi", "2.0")
-from gi.repository import Atspi  # noqa: E402
-
-PATIENCE = 60  # seconds until the dialog must have appeared on the bus
-
-
-def find_dialog():
-    deadline = time.monotonic() + PATIENCE
-    while time.monotonic() < deadline:
-        desktop = Atspi.get_desktop(0)
-        for i in range(desktop.get_child_count()):
-            application = desktop.get_child_at_index(i)
-            for j in range(application.get_child_count() if application else 0):
-                window = application.get_child_at_index(j)
-                if window and window.get_name() == "Chromalog":
-                    return window
-        time.sleep(0.1)
-    sys.exit("the dialog does not appear")
+from accessible_dialog import Atspi, find_dialog, nodes
 
 
 def describe(node):
@@ -43,16 +23,7 @@ def describe(node):
     return told
 
 
-def walk(node, found):
-    found.append((node, describe(node)))
-    for i in range(min(node.get_child_count(), 200)):
-        child = node.get_child_at_index(i)
-        if child:
-            walk(child, found)
-
-
-found = []
-walk(find_dialog(), found)
+found = [(node, describe(node)) for node in nodes(find_dialog())]
 report = {"tree": [told for _, told in found]}
 
 

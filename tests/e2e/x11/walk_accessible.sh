@@ -4,5 +4,5 @@
 . "$(dirname "$0")/with_dialog.sh"
 export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
 open_dialog
-/usr/bin/python3 "$(dirname "$0")/walk_accessible.py" "$folder/accessible.json"
+/usr/bin/python3 -B "$(dirname "$0")/walk_accessible.py" "$folder/accessible.json"
 close_dialog cancelButton
