@@ -1,6 +1,7 @@
 #include "standalone/command_line.h"
 
 #include "prefs/size_limit_signal.h"
+#include "standalone/data_folder.h"
 #include "standalone/standard_streams.h"
 
 #include <CLI/CLI.hpp>
@@ -21,14 +22,6 @@ const std::map<std::string, ServicesKind> kServices{{"lcms", ServicesKind::lcms}
                                                     {"closed", ServicesKind::closed},
                                                     {"none", ServicesKind::none},
                                                     {"error", ServicesKind::error}};
-
-const CLI::Validator kMayBecomeDirectory(
-    [](std::string& path) {
-        std::error_code ignored;
-        return fs::exists(path, ignored) && !fs::is_directory(path, ignored) ? "is no directory: " + path
-                                                                             : std::string();
-    },
-    "DIR");
 
 const CLI::Validator kPictureFile(
     [](std::string& path) {
@@ -110,7 +103,6 @@ void addPluginOptions(CLI::App& app) {
         ->type_name("FILE");
     app.add_option("--books", "Folder of colour books")->check(CLI::ExistingDirectory)->type_name("DIR");
     app.add_option("--data-dir", "Folder in the place of the user's applications directory")
-        ->check(kMayBecomeDirectory)
         ->type_name("DIR");
 }
 
@@ -208,6 +200,12 @@ std::optional<CommandLine> parseCommandLine(int argc, const char* const* argv, i
         return std::nullopt;
     }
     line.given = optionsGiven(app);
+    const auto folder = line.given.find("data-dir");
+    if (folder != line.given.end())
+        if (const std::string wrong = makeDataFolder(folder->second); !wrong.empty()) {
+            exitCode = complain(wrong);
+            return std::nullopt;
+        }
     readTables(line);
     const auto parsed = readColour(colour, line.scale);
     const bool both = line.given.count("accept") && line.given.count("cancel");

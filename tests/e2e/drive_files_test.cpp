@@ -85,6 +85,29 @@ TEST_F(DriveFiles, AFileThatCannotBeReadIsSaidAndNoError) {
         << "its room is always there";
 }
 
+TEST_F(DriveFiles, ADataFolderThatCannotBeWrittenOpensThePickAndIsSaid) {
+    writeScript("state $/state.json\nok\n");
+    const auto result =
+        runProgram({CHROMALOG_PROGRAM, "--data-dir", "/proc", "--drive", file("script")}, environment_);
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_EQ(result.err, "");
+    EXPECT_THAT(state()["status"].get<std::string>(),
+                StartsWith("The lists cannot be stored in /proc/Quorvex"));
+}
+
+TEST_F(DriveFiles, WithoutAHomeFolderTheAccountsOwnIsUsedOrNone) {
+    environment_["HOME"] = "";
+    environment_["XDG_DATA_HOME"] = "";
+    if (::getuid() != 0) GTEST_SKIP() << "needs to become somebody without an account";
+    fs::permissions(folder_.path(), fs::perms(0777));
+    writeScript("state $/state.json\nok\n");
+    const auto result = runProgram({"setpriv", "--reuid", "4000123", "--clear-groups", "env", "-u", "HOME",
+                                    "-u", "XDG_DATA_HOME", CHROMALOG_PROGRAM, "--drive", file("script")},
+                                   environment_);
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_EQ(state()["status"], "The lists are not stored: there is no home folder");
+}
+
 TEST_F(DriveFiles, ListsThatCannotBeReadAreKept) {
     if (::getuid() != 0) GTEST_SKIP() << "needs to become somebody else";
     playWell("choose $/two.aco\npress loadSwatch1:\nok\n");

@@ -99,6 +99,9 @@ TEST(Program, ABadArgumentIsOneLineAndExit2) {
         {{"--drive", "/nowhere/script"}, "/nowhere/script"},
         {{"--books", "/nowhere/books"}, "/nowhere/books"},
         {{"--data-dir", TEST_PICKER_MODULE}, "is no directory"},
+        {{"--data-dir", ""}, "empty"},
+        {{"--data-dir", "/proc/nowhere"}, "cannot be made"},
+        {{"--data-dir", TEST_PICKER_MODULE "/below"}, "cannot be made"},
         {{"--screenshot", "/nowhere/shot.png"}, "/nowhere"},
         {{"--screenshot", "/tmp"}, "/tmp"},
         {{"--screenshot", "shot.jpg"}, "no .png file: shot.jpg"},
@@ -288,6 +291,24 @@ TEST(Program, EightBitComponentsAreOfferedAndReadAsBytes) {
     EXPECT_EQ(offered.out, "#3366cc\n");
     // The picker answers 65535 - 51 and so on: more than a byte holds.
     EXPECT_EQ(run({"--component-scale", "8", "--color", "#3366cc", "--accept"}).out, "#ffffff\n");
+}
+
+TEST(Program, AMissingDataFolderIsMadeWithItsParents) {
+    namespace fs = std::filesystem;
+    const fs::path folder = fs::path(::testing::TempDir()) / ("data" + std::to_string(getpid()));
+    EXPECT_EQ(run({"--data-dir", folder / "a/b/c"}).err, "");
+    EXPECT_TRUE(fs::is_directory(folder / "a/b/c"));
+    EXPECT_EQ(run({"--data-dir", folder / "a/b/c"}).err, "");
+    if (getuid() == 0) { // a folder that somebody else cannot read
+        fs::permissions(folder / "a", fs::perms(0700));
+        fs::permissions(folder, fs::perms(0755));
+        const ProgramResult other =
+            runProgram({"setpriv", "--reuid", "65534", "--clear-groups", CHROMALOG_PROGRAM, "--plugin",
+                        TEST_PICKER_MODULE, "--data-dir", folder / "a"});
+        EXPECT_EQ(other.exitCode, 2);
+        EXPECT_THAT(other.err, HasSubstr("cannot be read: Permission denied"));
+    }
+    fs::remove_all(folder);
 }
 
 TEST(Program, HelpAndVersionGoToStandardOutput) {

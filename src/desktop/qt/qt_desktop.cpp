@@ -8,10 +8,10 @@
 #include "desktop/qt/system_sound.h"
 #include "desktop/qt/view_accessible.h"
 #include "desktop/qt/view_widget.h"
+#include "prefs/data_directory.h"
 
 #include <QApplication>
 #include <QClipboard>
-#include <QStandardPaths>
 #include <QTimer>
 #include <QWindow>
 
@@ -234,8 +234,7 @@ std::string QtDesktop::applicationsDirectory() const {
             directory.pop_back();
         return directory;
     }
-    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    return data.isEmpty() ? std::string() : fromQt(data + "/applications");
+    return userApplicationsDirectory();
 }
 
 Bitmap QtDesktop::capture(View& view) {

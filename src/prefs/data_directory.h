@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace chromalog {
+
+/// The user's applications directory, with no slash at the end: below XDG_DATA_HOME, or below the home folder
+/// of the environment, or else of the account. Empty where there is neither.
+std::string userApplicationsDirectory();
+
+} // namespace chromalog
