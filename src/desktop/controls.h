@@ -7,6 +7,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace chromalog {
 
@@ -96,6 +97,13 @@ class RadioMatrix : public Control {
     virtual void selectRow(int) {}
     virtual int selectedRow() const { return 0; }
     virtual std::string selectedTitle() const { return {}; }
+};
+
+/// Rows of plain text of which one can be selected.
+class RowList : public Control {
+  public:
+    virtual void setRows(const std::vector<std::string>&) {} ///< selects the first, if there is one
+    virtual int selectedRow() const { return -1; }           ///< -1 where none is
 };
 
 class Menu {

@@ -18,7 +18,7 @@ struct OutletEntry {
     std::string_view name;
     std::variant<Outlet<TextField>*, Outlet<Button>*, Outlet<ColorWell>*, Outlet<Slider>*, Outlet<Stepper>*,
                  Outlet<LevelIndicator>*, Outlet<TextView>*, Outlet<ScrollView>*, Outlet<RadioMatrix>*,
-                 Outlet<Menu>*, Outlet<Window>*, View*>
+                 Outlet<RowList>*, Outlet<Menu>*, Outlet<Window>*, View*>
         target;
 };
 

@@ -18,10 +18,11 @@ inline constexpr std::string_view sortAlpha = "!Sort Swatch Alpha!";
 inline constexpr std::string_view sortHue = "!Sort Swatch Hue!";
 inline constexpr std::string_view colorChanged = "!Swatch Color Changed!";
 inline constexpr std::string_view colorDeleted =
-    "!Swatch Color deleted!"; ///< one swatch deleted; also every drop
+    "!Swatch Color deleted!";                                       ///< one swatch deleted; also every drop
+inline constexpr std::string_view earlierLists = "!Earlier Lists!"; ///< a list comes back from a kept copy
 
-inline constexpr std::array all = {loadSwatch, loadSwatchFile, appendSwatch, deleteSwatch,
-                                   sortAlpha,  sortHue,        colorChanged, colorDeleted};
+inline constexpr std::array all = {loadSwatch, loadSwatchFile, appendSwatch, deleteSwatch, sortAlpha,
+                                   sortHue,    colorChanged,   colorDeleted, earlierLists};
 
 } // namespace undo_label
 

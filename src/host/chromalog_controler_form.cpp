@@ -1,6 +1,7 @@
 // The dialog's interface file: its outlets, its actions, and the actions of the colour views.
 #include "host/chromalog_controler.h"
 
+#include "host/earlier_lists.h"
 #include "print/chart_printing.h"
 
 namespace chromalog {
@@ -51,6 +52,7 @@ std::vector<ActionEntry> ChromalogControler::actions() {
         {"deleteSwatch2:", [this] { swatch2_.deleteEntry(); }},
         {"doUndo:", [this] { doUndo(); }},
         {"doRedo:", [this] { doRedo(); }},
+        {"bringBackLists:", [this] { EarlierLists(*this, stored_.path()).run(); }},
         {"showProtocolWindow", [this] { history_->showProtocolWindow(); }},
         {"dumpUndo", [this] { history_->dumpUndo(); }},
         {"setupPrintPage:", [this] { desktop_.runPageLayout(getChromalogWindow()); }},

@@ -93,24 +93,49 @@ TEST_F(FormsTest, TheDialogHoldsEveryOutlet) {
 }
 
 TEST_F(FormsTest, EveryActionHasItsControl) {
-    EXPECT_THAT(
-        actionsIn("chromalogWindow"),
-        UnorderedElementsAreArray({"okPressed:",        "cancelPressed:",     "toggleSecondColor:",
-                                   "complementOn:",     "harmoniquesOn:",     "triComplementOn:",
-                                   "quadriOn:",         "changeTone:",        "switchAbs:",
-                                   "switchTone:",       "loadSwatch1:",       "loadSwatch2:",
-                                   "appendSwatch1:",    "appendSwatch2:",     "killSwatch1:",
-                                   "killSwatch2:",      "sortAlpha1:",        "sortAlpha2:",
-                                   "sortHue1:",         "sortHue2:",          "saveSwatch1:",
-                                   "saveSwatch2:",      "loadASE:",           "editSwatch:",
-                                   "writeToSwatch:",    "deleteSwatch1:",     "deleteSwatch2:",
-                                   "jumpFirst:",        "jumpSecond:",        "doUndo:",
-                                   "doRedo:",           "showProtocolWindow", "setupPrintPage:",
-                                   "printFirstSwatch:", "printSecondSwatch:", "printToneOrDegrade:"}));
+    EXPECT_THAT(actionsIn("chromalogWindow"), UnorderedElementsAreArray({"okPressed:",
+                                                                         "cancelPressed:",
+                                                                         "toggleSecondColor:",
+                                                                         "complementOn:",
+                                                                         "harmoniquesOn:",
+                                                                         "triComplementOn:",
+                                                                         "quadriOn:",
+                                                                         "changeTone:",
+                                                                         "switchAbs:",
+                                                                         "switchTone:",
+                                                                         "loadSwatch1:",
+                                                                         "loadSwatch2:",
+                                                                         "appendSwatch1:",
+                                                                         "appendSwatch2:",
+                                                                         "killSwatch1:",
+                                                                         "killSwatch2:",
+                                                                         "sortAlpha1:",
+                                                                         "sortAlpha2:",
+                                                                         "sortHue1:",
+                                                                         "sortHue2:",
+                                                                         "saveSwatch1:",
+                                                                         "saveSwatch2:",
+                                                                         "loadASE:",
+                                                                         "editSwatch:",
+                                                                         "writeToSwatch:",
+                                                                         "deleteSwatch1:",
+                                                                         "deleteSwatch2:",
+                                                                         "jumpFirst:",
+                                                                         "jumpSecond:",
+                                                                         "doUndo:",
+                                                                         "doRedo:",
+                                                                         "showProtocolWindow",
+                                                                         "setupPrintPage:",
+                                                                         "bringBackLists:",
+                                                                         "printFirstSwatch:",
+                                                                         "printSecondSwatch:",
+                                                                         "printToneOrDegrade:"}));
     EXPECT_THAT(actionsIn("ProtocolPanel"),
                 UnorderedElementsAreArray({"undoAction:", "redoAction:", "dumpUndo"}));
     EXPECT_THAT(actionsIn("SwatchPrintOptions"),
                 UnorderedElementsAreArray({"chooseSize:", "putName:", "putRGB:", "putCMYK:", "ok:"}));
+    EXPECT_THAT(actionsIn("EarlierLists"),
+                UnorderedElementsAreArray({"bringBackList1:", "bringBackList2:", "closeEarlierLists:"}));
 }
 
 TEST_F(FormsTest, ThePanelsHoldTheirOutlets) {
@@ -118,10 +143,13 @@ TEST_F(FormsTest, ThePanelsHoldTheirOutlets) {
         EXPECT_THAT(namesIn("ProtocolPanel"), Contains(outlet));
     for (const char* outlet : {"printOptionWindow", "buttonMatrix", "RGBCheck", "CMYKCheck", "NameCheck"})
         EXPECT_THAT(namesIn("SwatchPrintOptions"), Contains(outlet));
+    for (const char* outlet :
+         {"earlierListsWindow", "earlierLists", "earlierListsNote", "bringBackList1", "bringBackList2"})
+        EXPECT_THAT(namesIn("EarlierLists"), Contains(outlet));
 }
 
 TEST_F(FormsTest, TheCompiledFormsLoadWithoutARemark) {
-    for (const char* name : {"chromalogWindow", "ProtocolPanel", "SwatchPrintOptions"}) {
+    for (const char* name : {"chromalogWindow", "ProtocolPanel", "SwatchPrintOptions", "EarlierLists"}) {
         FormOwner owner;
         QFile file(QString(":/chromalog/%1.ui").arg(name));
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));

@@ -1,10 +1,12 @@
 // The quiet line at the foot of the dialog.
 #include "desktop_qt/desktop_fixture.h"
 
+#include "desktop/qt/controls/simple_controls.h"
 #include "desktop/qt/controls/status_label.h"
 #include "host/chromalog_controler.h"
 
 #include <QAccessible>
+#include <QListWidget>
 
 #include <map>
 #include <memory>
@@ -91,6 +93,22 @@ TEST_F(StatusInDialog, AfterTheDialogNobodyIsTold) {
     controler.reset();
     desktop.statusLine().say(About::files, "too late");
     EXPECT_EQ(desktop.statusLine().text(), "too late");
+}
+
+class RowListTest : public DesktopTest {};
+
+TEST_F(RowListTest, RowsArePlainTextAndTheFirstIsSelected) {
+    QListWidget widget;
+    RowListControl list(&widget);
+    EXPECT_EQ(list.selectedRow(), -1);
+    list.setRows({"<b>one</b>", "two"});
+    EXPECT_EQ(widget.item(0)->text(), "<b>one</b>");
+    EXPECT_EQ(list.selectedRow(), 0);
+    widget.setCurrentRow(1);
+    EXPECT_EQ(list.selectedRow(), 1);
+    list.setRows({});
+    EXPECT_EQ(widget.count(), 0);
+    EXPECT_EQ(list.selectedRow(), -1);
 }
 
 } // namespace

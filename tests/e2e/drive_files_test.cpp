@@ -108,6 +108,23 @@ TEST_F(DriveFiles, WithoutAHomeFolderTheAccountsOwnIsUsedOrNone) {
     EXPECT_EQ(state()["status"], "The lists are not stored: there is no home folder");
 }
 
+TEST_F(DriveFiles, ListsComeBackInTheDialog) {
+    playWell("choose $/two.aco\npress loadSwatch1:\nok\n");
+    playWell("choose $/three.aco\npress loadSwatch1:\nok\n");
+    playWell("press bringBackLists:\nstate $/panel.json\nset earlierLists 0\npress bringBackList1:\n"
+             "press closeEarlierLists:\nstate $/back.json\npress doUndo:\nstate $/undone.json\n");
+    const json panel = state("panel.json")["outlets"];
+    ASSERT_EQ(panel["earlierLists"]["rows"].size(), 1u);
+    EXPECT_THAT(panel["earlierLists"]["rows"][0].get<std::string>(), HasSubstr("list 1: 2 colors (two.aco)"));
+    EXPECT_EQ(panel["earlierLists"]["value"], 0);
+    const json back = state("back.json");
+    EXPECT_EQ(back["lists"][0]["viewCount"], 2);
+    EXPECT_EQ(back["outlets"]["swatch1Name"]["text"], "two.aco");
+    EXPECT_EQ(back["undoNames"], (json{"!Earlier Lists!"}));
+    EXPECT_EQ(state("undone.json")["lists"][0]["viewCount"], 3);
+    EXPECT_EQ(state("undone.json")["outlets"]["swatch1Name"]["text"], "three.aco");
+}
+
 TEST_F(DriveFiles, ListsThatCannotBeReadAreKept) {
     if (::getuid() != 0) GTEST_SKIP() << "needs to become somebody else";
     playWell("choose $/two.aco\npress loadSwatch1:\nok\n");

@@ -145,6 +145,17 @@ class HeadlessRadioMatrix : public Headless<RadioMatrix> {
     int row_ = 0;
 };
 
+class HeadlessRowList : public Headless<RowList> {
+  public:
+    std::vector<std::string> rows;
+    int selected = -1;
+    void setRows(const std::vector<std::string>& r) override {
+        rows = r;
+        selected = rows.empty() ? -1 : 0;
+    }
+    int selectedRow() const override { return selected; }
+};
+
 class HeadlessMenu : public Menu {
   public:
     int popUps = 0;

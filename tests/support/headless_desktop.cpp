@@ -34,6 +34,7 @@ template <> struct Twin<LevelIndicator> { using type = HeadlessLevelIndicator; }
 template <> struct Twin<TextView> { using type = HeadlessTextView; };
 template <> struct Twin<ScrollView> { using type = HeadlessScrollView; };
 template <> struct Twin<RadioMatrix> { using type = HeadlessRadioMatrix; };
+template <> struct Twin<RowList> { using type = HeadlessRowList; };
 template <> struct Twin<Window> { using type = HeadlessWindow; };
 
 /// Gives each outlet of a form its twin.

@@ -57,6 +57,7 @@ struct Connector {
     bool operator()(Outlet<Slider>* o) const { return wrap<SliderControl>(o, find<QSlider>()); }
     bool operator()(Outlet<TextView>* o) const { return wrap<TextViewControl>(o, find<QPlainTextEdit>()); }
     bool operator()(Outlet<RadioMatrix>* o) const { return wrap<RadioMatrixControl>(o, find<QWidget>()); }
+    bool operator()(Outlet<RowList>* o) const { return wrap<RowListControl>(o, find<QListWidget>()); }
     bool operator()(Outlet<Menu>* o) const { return wrap<MenuControl>(o, find<QMenu>()); }
     bool operator()(Outlet<Window>* o) const {
         return root.objectName() == name && wrap<WindowControl>(o, &root);

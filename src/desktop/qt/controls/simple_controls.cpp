@@ -65,4 +65,12 @@ std::string RadioMatrixControl::selectedTitle() const {
     return row < 0 ? std::string() : fromQt(buttons[row]->text());
 }
 
+void RowListControl::setRows(const std::vector<std::string>& rows) {
+    if (!widget_) return;
+    widget_->clear();
+    for (const std::string& row : rows)
+        widget_->addItem(toQt(row));
+    widget_->setCurrentRow(rows.empty() ? -1 : 0);
+}
+
 } // namespace chromalog

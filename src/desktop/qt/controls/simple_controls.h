@@ -3,6 +3,7 @@
 #include "desktop/qt/controls/widget_control.h"
 
 #include <QAbstractButton>
+#include <QListWidget>
 #include <QPlainTextEdit>
 #include <QSlider>
 
@@ -40,6 +41,13 @@ class RadioMatrixControl : public WidgetControl<RadioMatrix, QWidget> {
     void selectRow(int) override;
     int selectedRow() const override; ///< -1 where none is on
     std::string selectedTitle() const override;
+};
+
+class RowListControl : public WidgetControl<RowList, QListWidget> {
+  public:
+    using WidgetControl::WidgetControl;
+    void setRows(const std::vector<std::string>&) override;
+    int selectedRow() const override { return widget_ ? widget_->currentRow() : -1; }
 };
 
 } // namespace chromalog

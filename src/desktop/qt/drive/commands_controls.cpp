@@ -11,6 +11,7 @@
 #include "host/chromalog_controler.h"
 
 #include <QApplication>
+#include <QListWidget>
 #include <QMimeData>
 #include <QRadioButton>
 #include <QSlider>
@@ -79,6 +80,13 @@ void setMatrix(QWidget& matrix, double value) {
     click({&row, {row.height() / 2.0, row.height() / 2.0}});
 }
 
+void setRow(QListWidget& list, double value) {
+    if (!(value >= 0 && value < list.count()) || value != std::floor(value)) throw cannotBe(list, value);
+    QListWidgetItem* item = list.item(int(value));
+    list.scrollToItem(item);
+    click({list.viewport(), QRectF(list.visualItemRect(item)).center()});
+}
+
 } // namespace
 
 void Commands::set(const Command& c) {
@@ -87,6 +95,7 @@ void Commands::set(const Command& c) {
     if (auto* slider = qobject_cast<QSlider*>(&outlet)) return setSlider(*slider, value);
     if (auto* stepper = qobject_cast<StepperWidget*>(&outlet)) return setStepper(*stepper, value);
     if (auto* button = qobject_cast<QAbstractButton*>(&outlet)) return setButton(*button, value);
+    if (auto* list = qobject_cast<QListWidget*>(&outlet)) return setRow(*list, value);
     setMatrix(outlet, value);
 }
 

@@ -12,6 +12,7 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QRadioButton>
@@ -52,6 +53,14 @@ void addWindow(QJsonObject& state, const DialogWindow& window) {
     state["floating"] = window.windowType() == Qt::Tool;
 }
 
+void addRows(QJsonObject& state, const QListWidget& list) {
+    QJsonArray rows;
+    for (int row = 0; row < list.count(); ++row)
+        rows.append(list.item(row)->text());
+    state["rows"] = rows;
+    state["value"] = list.currentRow();
+}
+
 bool addMatrix(QJsonObject& state, const QWidget& widget) {
     const auto rows = widget.findChildren<QRadioButton*>();
     for (qsizetype row = 0; row < rows.size(); ++row) {
@@ -69,6 +78,8 @@ void addContents(QJsonObject& state, const QWidget& widget) {
         state["text"] = label->text();
     else if (const auto* text = qobject_cast<const QPlainTextEdit*>(&widget))
         state["text"] = text->toPlainText();
+    else if (const auto* list = qobject_cast<const QListWidget*>(&widget))
+        addRows(state, *list);
     else if (const auto* button = qobject_cast<const QAbstractButton*>(&widget))
         addButton(state, *button);
     else if (const auto* slider = qobject_cast<const QSlider*>(&widget))
