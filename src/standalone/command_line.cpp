@@ -52,6 +52,25 @@ class ShortHelp : public CLI::Formatter {
     }
 };
 
+constexpr const char* kRecover = "recover";
+constexpr const char* kDataDirHelp = "Folder in the place of the user's applications directory";
+
+/// Lists that were kept are brought back without the plug-in.
+void addRecover(CLI::App& app, RecoverRequest& request) {
+    CLI::App* recover = app.add_subcommand(kRecover, "Show or bring back earlier lists that were kept");
+    auto* list = recover->add_flag("--list", request.list, "Show what each copy holds");
+    recover->add_option("NAME", request.name, "Bring this copy back")->excludes(list)->type_name("");
+    recover->add_option("--data-dir", request.folder, kDataDirHelp)->type_name("DIR");
+}
+
+/// What is wrong with a request to recover; empty where nothing is.
+std::string completeRecover(const CLI::App& recover, RecoverRequest& request, const std::string& folder) {
+    if (request.list == !request.name.empty()) return "recover: either --list or the NAME of a copy";
+    if (recover.count("--data-dir") == 0) request.folder = folder;
+    const bool named = recover.count("--data-dir") > 0 || recover.get_parent()->count("--data-dir") > 0;
+    return named && request.folder.empty() ? "--data-dir: the name of the folder is empty" : "";
+}
+
 void addHostOptions(CLI::App& app, CommandLine& line, std::string& colour) {
     app.add_option(
            "--color", colour,
@@ -102,8 +121,7 @@ void addPluginOptions(CLI::App& app) {
         ->check(CLI::ExistingFile)
         ->type_name("FILE");
     app.add_option("--books", "Folder of colour books")->check(CLI::ExistingDirectory)->type_name("DIR");
-    app.add_option("--data-dir", "Folder in the place of the user's applications directory")
-        ->type_name("DIR");
+    app.add_option("--data-dir", kDataDirHelp)->type_name("DIR");
 }
 
 /// The option that a word of the command line names, with or without "=VALUE".
@@ -143,6 +161,16 @@ void readTables(CommandLine& line) {
     if (const auto kind = kServices.find(text("color-services")); kind != kServices.end())
         line.services = kind->second;
     if (text("component-scale") == "8") line.scale = Scale::eight;
+}
+
+/// Makes sure of the folders that were named. Returns what is wrong, or nothing.
+std::string completeFolders(const CLI::App& app, CommandLine& line, RecoverRequest& request) {
+    const auto folder = line.given.find("data-dir");
+    const bool named = folder != line.given.end();
+    const CLI::App* recover = app.get_subcommand(kRecover);
+    if (!recover->parsed()) return named ? makeDataFolder(folder->second) : std::string();
+    line.recover = request;
+    return completeRecover(*recover, *line.recover, named ? folder->second : std::string());
 }
 
 int complain(const std::string& text) {
@@ -195,17 +223,17 @@ std::optional<CommandLine> parseCommandLine(int argc, const char* const* argv, i
     app.footer(kExitCodes);
     addHostOptions(app, line, colour);
     addPluginOptions(app);
+    RecoverRequest request;
+    addRecover(app, request);
     if (const auto ends = read(app, argc, argv)) {
         exitCode = *ends;
         return std::nullopt;
     }
     line.given = optionsGiven(app);
-    const auto folder = line.given.find("data-dir");
-    if (folder != line.given.end())
-        if (const std::string wrong = makeDataFolder(folder->second); !wrong.empty()) {
-            exitCode = complain(wrong);
-            return std::nullopt;
-        }
+    if (const std::string wrong = completeFolders(app, line, request); !wrong.empty()) {
+        exitCode = complain(wrong);
+        return std::nullopt;
+    }
     readTables(line);
     const auto parsed = readColour(colour, line.scale);
     const bool both = line.given.count("accept") && line.given.count("cancel");

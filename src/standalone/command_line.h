@@ -1,6 +1,7 @@
 #pragma once
 
 #include "standalone/held_colour.h"
+#include "standalone/recover.h"
 
 #include <map>
 #include <optional>
@@ -23,6 +24,7 @@ struct CommandLine {
     int picks = 1;
     bool about = false;
     bool verbose = false;
+    std::optional<RecoverRequest> recover;    ///< instead of picks
     std::map<std::string, std::string> given; ///< every option that was given, by its long name; flags as "1"
 };
 

@@ -7,5 +7,6 @@ int main(int argc, char** argv) {
     holdStandardStreams();
     int exitCode = 0;
     const auto line = parseCommandLine(argc, argv, exitCode);
-    return line ? runProgram(*line) : exitCode;
+    if (!line) return exitCode;
+    return line->recover ? runRecover(*line->recover) : runProgram(*line);
 }

@@ -2,6 +2,8 @@
 #include "e2e/driven_pick.h"
 #include "support/swatch_files.h"
 
+#include <thread>
+
 #include <sys/stat.h>
 
 namespace chromalog::test {
@@ -30,6 +32,11 @@ class DriveFiles : public DrivenPick {
     std::string contents(const std::string& path) const {
         std::ifstream in(path, std::ios::binary);
         return {std::istreambuf_iterator<char>(in), {}};
+    }
+    ProgramResult recover(const std::vector<std::string>& words) const {
+        std::vector<std::string> command{CHROMALOG_PROGRAM, "recover", "--data-dir", file("data")};
+        command.insert(command.end(), words.begin(), words.end());
+        return runProgram(command, {{"QT_QPA_PLATFORM", "nothing-to-show-it-on"}, {"TZ", "UTC"}});
     }
     void endsWithCodeTwo(const std::string& script, int line, const std::string& message) const {
         const auto result = play(script + "state $/after.json\n", {"--picks", "2"});
@@ -108,6 +115,26 @@ TEST_F(DriveFiles, WithoutAHomeFolderTheAccountsOwnIsUsedOrNone) {
     EXPECT_EQ(state()["status"], "The lists are not stored: there is no home folder");
 }
 
+TEST_F(DriveFiles, AnotherPickOnTheSameListsIsSaidAndWhatItStoresIsKept) {
+    playWell("choose $/two.aco\npress loadSwatch1:\n");
+    std::thread other([this] {
+        write("other", "state " + file("open.json") + "\nwait 4000\nchoose " + file("three.aco") +
+                           "\npress loadSwatch1:\nstate " + file("other.json") + "\n");
+        pick({"--drive", file("other")});
+    });
+    while (!fs::exists(file("open.json")))
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    playWell("state $/state.json\npress killSwatch1:\n");
+    EXPECT_EQ(state()["status"], "Another pick is open on the same lists");
+    other.join();
+    EXPECT_THAT(state("other.json")["status"].get<std::string>(),
+                StartsWith("Unread lists were kept (kept-"));
+    const auto listed = recover({"--list"});
+    EXPECT_EQ(listed.exitCode, 0);
+    EXPECT_THAT(listed.out, testing::ContainsRegex("kept-[0-9TZ]+  [-0-9: ]+, list 1: empty"));
+    EXPECT_THAT(contents(preferences()), HasSubstr("three.aco"));
+}
+
 TEST_F(DriveFiles, ListsComeBackInTheDialog) {
     playWell("choose $/two.aco\npress loadSwatch1:\nok\n");
     playWell("choose $/three.aco\npress loadSwatch1:\nok\n");
@@ -123,6 +150,28 @@ TEST_F(DriveFiles, ListsComeBackInTheDialog) {
     EXPECT_EQ(back["undoNames"], (json{"!Earlier Lists!"}));
     EXPECT_EQ(state("undone.json")["lists"][0]["viewCount"], 3);
     EXPECT_EQ(state("undone.json")["outlets"]["swatch1Name"]["text"], "three.aco");
+}
+
+TEST_F(DriveFiles, ListsComeBackWithoutADisplay) {
+    playWell("choose $/two.aco\npress loadSwatch1:\nok\n");
+    const std::string two = contents(preferences());
+    playWell("choose $/three.aco\npress loadSwatch1:\nok\n");
+    const std::string three = contents(preferences());
+    const auto listed = recover({"--list"});
+    EXPECT_EQ(listed.exitCode, 0);
+    EXPECT_EQ(listed.err, "");
+    EXPECT_THAT(listed.out, testing::MatchesRegex(
+                                "before  20..-..-.. ..:.., list 1: 2 colors \\(two.aco\\), list 2: empty\n"));
+    const auto done = recover({"before"});
+    EXPECT_EQ(done.exitCode, 0);
+    EXPECT_THAT(done.out, StartsWith("brought back before; the lists that were there are kept as kept-2"));
+    EXPECT_EQ(contents(preferences()), two);
+    const std::string name = done.out.substr(done.out.find("kept-"), 21);
+    EXPECT_EQ(contents(preferences("." + name)), three);
+    playWell("state $/state.json\n");
+    EXPECT_EQ(state()["lists"][0]["viewCount"], 2);
+    EXPECT_EQ(state()["status"], "");
+    EXPECT_EQ(recover({"kept-20200101T000000Z"}).exitCode, 2);
 }
 
 TEST_F(DriveFiles, ListsThatCannotBeReadAreKept) {

@@ -102,6 +102,10 @@ TEST(Program, ABadArgumentIsOneLineAndExit2) {
         {{"--data-dir", ""}, "empty"},
         {{"--data-dir", "/proc/nowhere"}, "cannot be made"},
         {{"--data-dir", TEST_PICKER_MODULE "/below"}, "cannot be made"},
+        {{"recover"}, "NAME"},
+        {{"recover", "--list", "before"}, "excludes"},
+        {{"recover", "--list", "--data-dir", ""}, "empty"},
+        {{"recover", "nothing", "--data-dir", "/nowhere"}, "nothing"},
         {{"--screenshot", "/nowhere/shot.png"}, "/nowhere"},
         {{"--screenshot", "/tmp"}, "/tmp"},
         {{"--screenshot", "shot.jpg"}, "no .png file: shot.jpg"},
@@ -309,6 +313,14 @@ TEST(Program, AMissingDataFolderIsMadeWithItsParents) {
         EXPECT_THAT(other.err, HasSubstr("cannot be read: Permission denied"));
     }
     fs::remove_all(folder);
+}
+
+TEST(Program, WithoutCopiesThereIsNothingToRecover) {
+    const ProgramResult result = run({"recover", "--list", "--data-dir", "/nowhere"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.out, "");
+    EXPECT_THAT(result.err, HasSubstr("no earlier lists"));
+    EXPECT_FALSE(std::filesystem::exists("/nowhere"));
 }
 
 TEST(Program, HelpAndVersionGoToStandardOutput) {

@@ -1,0 +1,51 @@
+#include "prefs/recover_copy.h"
+
+#include "prefs/copy_keeper.h"
+#include "prefs/kept_copies.h"
+#include "prefs/real_file.h"
+#include "prefs/replace_file.h"
+#include "prefs/temporary_file.h"
+#include "prefs/write_lock.h"
+
+#include <algorithm>
+#include <cerrno>
+
+namespace chromalog {
+namespace {
+
+std::string withoutFile(std::string name, const std::string& preferences) {
+    const std::string own = preferences.substr(preferences.rfind('/') + 1);
+    if (name.starts_with(own)) name.erase(0, own.size());
+    if (name.starts_with('.')) name.erase(0, 1);
+    return name;
+}
+
+Recovery failed(const std::string& what) {
+    return {what + ": " + reasonOf(errno)};
+}
+
+} // namespace
+
+Recovery recoverCopy(const std::string& preferences, std::string name) {
+    name = withoutFile(std::move(name), preferences);
+    const auto copies = keptCopies(preferences);
+    const auto copy = std::ranges::find(copies, name, &KeptCopy::name);
+    if (copy == copies.end()) return {"no copy is named '" + name + "'"};
+    const auto real = realFile(preferences);
+    if (!real) return failed(preferences);
+    const OpenMark mark(*real + ".open");
+    if (mark.others()) return {"a pick is open on these lists: close it first"};
+    const WriteLock lock(*real + ".lock");
+    if (lock.refused()) return {"another program is writing these lists"};
+    removeStaleTemporaries(folderOf(*real));
+    CopyKeeper keeper(preferences);
+    const bool exists = identityOf(*real).has_value();
+    if (!exists && errno != ENOENT) return failed(preferences);
+    if (exists && !keeper.keepDated(*real)) return failed("the present lists cannot be kept");
+    if (!copyFile(copy->path, *real, Flush::toDisk)) return failed(preferences);
+    flushFolder(folderOf(*real));
+    keeper.prune();
+    return {{}, keeper.latest()};
+}
+
+} // namespace chromalog
