@@ -20,6 +20,7 @@ struct OutletEntry {
                  Outlet<LevelIndicator>*, Outlet<TextView>*, Outlet<ScrollView>*, Outlet<RadioMatrix>*,
                  Outlet<RowList>*, Outlet<Menu>*, Outlet<Window>*, View*>
         target;
+    bool extra = false; ///< an interface file without it is no remark: older ones do not have it
 };
 
 /// One row of a controller's table of actions: what a control of the interface file sends, colon included.

@@ -22,7 +22,7 @@ std::vector<OutletEntry> DialogOutlets::table() {
         {"swatch2scroller", &swatch2scroller},
         {"swatch1Name", &swatch1Name},
         {"swatch2Name", &swatch2Name},
-        {"statusLine", &statusLine},
+        {"statusLine", &statusLine, true},
         {"swatchContextMenu", &swatchContextMenu},
         {"swatchContextMenu2", &swatchContextMenu2},
         {"toneSlider", &toneSlider},

@@ -125,7 +125,8 @@ TEST_F(WorkingColoursTest, TypedInksGoThroughTheHost) {
 TEST_F(WorkingColoursTest, ATypedSecondColourMovesStripAndWheel) {
     services = identity;
     typed(colours.second.R).type("1");
-    EXPECT_EQ(calls, (std::vector<std::string>{"near", "near", "ok", "strip", "wheel", "ok"}));
+    EXPECT_EQ(calls,
+              (std::vector<std::string>{"near", "near", "ok", "markToneAndStrip", "strip", "wheel", "ok"}));
     EXPECT_EQ(colours.getLuminosity(), static_cast<float>(colours.getSecondColor().brightness()));
 }
 

@@ -32,7 +32,6 @@ namespace {
 using test::PdfDocument;
 using test::PdfPicture;
 
-/// The headless desktop with the toolkit's printing.
 class PrintingScreen : public test::HeadlessDesktop {
   public:
     StatusLine status;
@@ -53,7 +52,6 @@ std::uint32_t rgbOf(const Colour& c) {
     return byte(c.red()) << 16 | byte(c.green()) << 8 | byte(c.blue());
 }
 
-/// Without a screen, unless the caller chose another platform, and away from the person's own settings.
 class ToolkitTest : public testing::Test {
   protected:
     ToolkitTest() {
@@ -357,9 +355,9 @@ void inPrintDialog(std::function<void(QPrintDialog&)> person) {
 
 void printToFile(QPrintDialog& dialog, const std::string& path) {
     dialog.findChild<QLineEdit*>("filename")->setText(QString::fromStdString(path));
-    for (QAbstractButton* button : dialog.findChild<QDialogButtonBox*>()->buttons())
-        if (dialog.findChild<QDialogButtonBox*>()->buttonRole(button) == QDialogButtonBox::AcceptRole)
-            button->click();
+    const auto* box = dialog.findChild<QDialogButtonBox*>();
+    for (QAbstractButton* button : box->buttons())
+        if (box->buttonRole(button) == QDialogButtonBox::AcceptRole) button->click();
 }
 
 TEST_F(PrintedPdf, ThePrintDialogPrintsToAFile) {

@@ -58,7 +58,7 @@ class DialogOnServer {
     }
 
     TemporaryFolder folder; ///< holds swatches.aco, with forty swatches
-    XServer server;
+    XServer server{XServer::WhenAlone::stays, "2600x1600x24"}; ///< takes the dialog at every scale
     std::optional<ApplicationGuard> application;
     PickerRecord picker{};
     std::unique_ptr<GlobalRecord> record = std::make_unique<GlobalRecord>();

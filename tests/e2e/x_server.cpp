@@ -9,13 +9,13 @@ namespace chromalog::test {
 
 namespace {
 
-[[noreturn]] void becomeServer(int readyPipe, const char* whenAlone) {
+[[noreturn]] void becomeServer(int readyPipe, const char* whenAlone, const char* screen) {
     const int quiet = open("/dev/null", O_WRONLY);
     dup2(quiet, STDERR_FILENO);
     dup2(quiet, STDOUT_FILENO);
     const std::string descriptor = std::to_string(readyPipe);
-    execlp("Xvfb", "Xvfb", "-displayfd", descriptor.c_str(), "-screen", "0", "2600x1600x24", "-nolisten",
-           "tcp", whenAlone, static_cast<char*>(nullptr));
+    execlp("Xvfb", "Xvfb", "-displayfd", descriptor.c_str(), "-screen", "0", screen, "-nolisten", "tcp",
+           whenAlone, static_cast<char*>(nullptr));
     _exit(127);
 }
 
@@ -29,13 +29,13 @@ std::string readLine(int descriptor) {
 
 } // namespace
 
-XServer::XServer(WhenAlone whenAlone) {
+XServer::XServer(WhenAlone whenAlone, const char* screen) {
     int ready[2];
     if (pipe(ready) != 0) return;
     process_ = fork();
     if (process_ == 0) {
         close(ready[0]);
-        becomeServer(ready[1], whenAlone == WhenAlone::stays ? "-noreset" : "-reset");
+        becomeServer(ready[1], whenAlone == WhenAlone::stays ? "-noreset" : "-reset", screen);
     }
     close(ready[1]);
     const std::string number = process_ > 0 ? readLine(ready[0]) : "";

@@ -12,7 +12,8 @@ class XServer {
     /// What the server does when its last client goes: by default most servers forget everything.
     enum class WhenAlone { stays, startsAnew };
 
-    explicit XServer(WhenAlone = WhenAlone::stays);
+    /// `screen` as the server takes it: the dialog is laid out to fit.
+    explicit XServer(WhenAlone = WhenAlone::stays, const char* screen = "1800x1000x24");
     ~XServer();
     XServer(const XServer&) = delete;
     XServer& operator=(const XServer&) = delete;

@@ -27,8 +27,9 @@ std::optional<json> readState(const std::string& path) {
 
 /// Copies of a file, and what is said of them, tell when they were made.
 std::string withoutDates(const std::string& text) {
-    static const std::regex date(R"(\d{8}T\d{6}|\d{4}-\d\d-\d\d \d\d:\d\d(:\d\d)?)");
-    return std::regex_replace(text, date, "DATE");
+    static const std::regex date(R"(\d{8}T\d{6}(?=Z)|\d{4}-\d\d-\d\d \d\d:\d\d(:\d\d)?)");
+    static const std::regex numbered("DATEZ-\\d+"); // of several within a second
+    return std::regex_replace(std::regex_replace(text, date, "DATE"), numbered, "DATEZ");
 }
 
 /// Two copies that differ in their dates alone are told apart by their order.

@@ -52,11 +52,14 @@ std::map<std::string, std::set<std::string>> operations() {
     return found;
 }
 
-TEST(GoldenScripts, EveryScriptButOneComesToItsEnd) {
+TEST(GoldenScripts, ScriptsComeToTheirEndBarringThoseThatFailOnPurpose) {
+    // The second saves into a folder that is not there, which is told at its end.
+    const std::set<std::string> failing{"anywhere/errors", "anywhere/list_saving", "tests"};
     for (const auto& [name, record] : Store(GOLDEN_STATES).readAll())
-        for (const Part& part : record)
-            if (part.kind == Part::Kind::run && name != "anywhere/errors" && name != "tests")
-                EXPECT_EQ(part.value["err"], "") << name << ", " << part.title();
+        for (const Part& part : record) {
+            if (part.kind != Part::Kind::run || failing.contains(name)) continue;
+            EXPECT_EQ(part.value["err"], "") << name << ", " << part.title();
+        }
 }
 
 TEST(GoldenScripts, EveryCommandIsPlayed) {

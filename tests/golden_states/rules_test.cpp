@@ -155,7 +155,7 @@ TEST(GoldenCapture, FoldersAndMomentsAreNotKept) {
     std::ofstream(folder / "old") << "old";
     const Capture capture(folder.path());
     std::filesystem::create_directories(folder / "data");
-    for (const char* name : {"data/a.kept-20240501T134500Z", "data/a.kept-20240501T134501Z"})
+    for (const char* name : {"data/a.kept-20240501T134500Z", "data/a.kept-20240501T134500Z-2"})
         std::ofstream(folder / name) << name;
     const Record record = capture.after("run 1", {"--drive", folder / "script"}, "",
                                         {0, "", "kept 2024-05-01 13:45 in " + folder.path()});

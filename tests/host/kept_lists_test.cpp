@@ -161,19 +161,24 @@ TEST_F(KeptListsTest, WithoutAPlaceForThemTheListsAreNotStoredAndThatIsSaid) {
 
 TEST_F(KeptListsTest, AnotherPickOnTheSameListsIsSaid) {
     writePreferences(listsOf(3));
+    int opened[2];
+    ASSERT_EQ(::pipe(opened), 0);
+    const pid_t child = ::fork(); // another host
+    if (child == 0) {
+        char go = 0;
+        std::string said;
+        if (::read(opened[0], &go, 1) != 1) ::_exit(2);
+        pick([&](ChromalogControler&, HeadlessDesktop& d) { said = statusLine(d); });
+        ::_exit(said == "Another pick is open on the same lists" ? 0 : 1);
+    }
     pick([&](ChromalogControler&, HeadlessDesktop&) {
-        const pid_t child = ::fork(); // another host
-        if (child == 0) {
-            std::string said;
-            PickTest::prepare = nullptr;
-            data = 0;
-            pick([&](ChromalogControler&, HeadlessDesktop& d) { said = statusLine(d); });
-            ::_exit(said == "Another pick is open on the same lists" ? 0 : 1);
-        }
         int status = 1;
+        EXPECT_EQ(::write(opened[1], "!", 1), 1);
         ::waitpid(child, &status, 0);
         EXPECT_EQ(status, 0);
     });
+    ::close(opened[0]);
+    ::close(opened[1]);
     pick([&](ChromalogControler&, HeadlessDesktop& d) { EXPECT_EQ(statusLine(d), ""); });
 }
 

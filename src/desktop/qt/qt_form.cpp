@@ -103,7 +103,7 @@ DialogWindow* QtForm::window() const {
 std::vector<std::string> QtForm::connect(const FormOwner& owner) {
     std::vector<std::string> problems;
     for (const OutletEntry& entry : owner.outlets)
-        if (!connectOutlet(entry))
+        if (!connectOutlet(entry) && !entry.extra)
             problems.push_back("outlet " + std::string(entry.name) + " is not connected");
     for (QObject* sender : root_->findChildren<QObject*>())
         if (sender->property("action").isValid() && !connectAction(sender, owner))

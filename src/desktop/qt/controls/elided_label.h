@@ -32,8 +32,8 @@ class ElidedLabel : public QLabel {
     int lineHeight() const {
         ensurePolished();
         const QMargins around = contentsMargins();
-        return fontMetrics().size(Qt::TextSingleLine, asLine(text())).height() + 2 * margin() + around.top() +
-               around.bottom();
+        // Not the text's own: glyphs of another font would move the whole dialog.
+        return fontMetrics().lineSpacing() + 2 * margin() + around.top() + around.bottom();
     }
 };
 
