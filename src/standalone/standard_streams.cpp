@@ -35,14 +35,14 @@ std::string flushStandardOutput() {
 void say(std::string_view text) {
     const SizeLimitSignalBlock onlyFails;
     std::string line;
-    char before = 0;
-    for (const char byte : text) {
+    unsigned char before = 0;
+    for (const unsigned char byte : text) {
         if (isControl(byte, before)) {
             constexpr const char* digits = "0123456789abcdef";
-            if (before == '\xC2') line.pop_back();
-            line += {'\\', 'x', digits[(byte >> 4) & 15], digits[byte & 15]};
+            if (byte >= 0x80) line.pop_back(); // the first of the two
+            line += {'\\', 'x', digits[byte >> 4], digits[byte & 15]};
         } else {
-            line += byte;
+            line += static_cast<char>(byte);
         }
         before = byte;
     }

@@ -262,8 +262,8 @@ TEST(Program, AnErrorOfThePlugInIsShownAndNoColourPrinted) {
 TEST(Program, ControlCharactersInWhatIsSaidDoNotReachTheTerminal) {
     EXPECT_EQ(run({"--accept"}, "report controls").err,
               "chromalog: red \\x1b[31m\\x0d\\x0a\\x7f, \\x9b31m, \xc3\xa9\xc2\xa0\n");
-    const std::string wrongColour = run({"--color", "\x1b[31mred"}).err;
-    EXPECT_EQ(wrongColour, "chromalog: not a colour: \\x1b[31mred\n");
+    const std::string wrongColour = run({"--color", "\x1b[31mred\xc2\n"}).err;
+    EXPECT_EQ(wrongColour, "chromalog: not a colour: \\x1b[31mred\xc2\\x0a\n");
 }
 
 TEST(Program, VerboseTellsWhatIsUsed) {
