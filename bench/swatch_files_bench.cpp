@@ -1,8 +1,8 @@
 // Reading and writing swatch files, and looking up colour books, each beside what it is measured against.
 #include "prefs/file_io.h"
-#include "swatches/colour_book_folder.h"
 #include "swatches/formats/aco_reader.h"
 #include "swatches/formats/aco_writer.h"
+#include "swatches/formats/books_on_disk.h"
 
 #include <benchmark/benchmark.h>
 
@@ -92,7 +92,7 @@ void openReadClose(benchmark::State& state) {
 
 /// Limits: 14 times openReadClose, 0.4 of readThroughStdio.
 void readSwatchFile(benchmark::State& state) {
-    const ColourBookFolder noBooks("");
+    const BooksOnDisk noBooks("");
     swatchPath();
     for (auto _ : state) {
         const auto file = readDataFromFileAtURL(swatchPath());
@@ -135,7 +135,7 @@ void writeTheSameBytes(benchmark::State& state) {
 /// Limit: 10 times writeTheSameBytes. It writes to a temporary file that takes the place of the old one.
 void writeSwatchFile(benchmark::State& state) {
     const std::vector<std::uint8_t> file = swatchFile();
-    const ColourBookFolder noBooks("");
+    const BooksOnDisk noBooks("");
     readAcoRecords(file, readAcoHeader(file, 0), 0, list(), nullptr, noBooks);
     for (auto _ : state) {
         std::vector<std::uint8_t> data;
@@ -174,7 +174,7 @@ std::vector<BookKey> makeBook() {
 
 void readTheBookOnce(benchmark::State& state) {
     makeBook();
-    const ColourBookFolder books(folder().path());
+    const BooksOnDisk books(folder().path());
     for (auto _ : state) {
         const auto file = books.readBook(kBookFile);
         loadBook(*file, list(), nullptr);
@@ -185,7 +185,7 @@ void readTheBookOnce(benchmark::State& state) {
 /// Limit: 3 times readTheBookOnce. The host conversions come on top; a book of RGB colours needs none.
 void lookUp4999References(benchmark::State& state) {
     const std::vector<BookKey> keys = makeBook();
-    const ColourBookFolder books(folder().path());
+    const BooksOnDisk books(folder().path());
     for (auto _ : state) {
         BookLookup lookup(books, nullptr);
         for (const BookKey& key : keys)

@@ -55,28 +55,23 @@ void wheelPlain(benchmark::State& state) {
 }
 
 /// Stands in for the dialog between strip and wheel.
-class Dialog : public chromaticCircleDesk, public luminosityDesk {
+class Dialog {
   public:
-    chromaticCircleView wheel{*this};
-    luminosityView strip{*this};
+    WorkingColours colours{nullptr};
+    chromaticCircleView wheel{colours};
+    luminosityView strip{colours};
 
-    float getLuminosity() const override { return luminosity_; }
-    std::int16_t getHarmonyMode() const override { return 4; }
-    Colour getSecondColor() const override { return second_; }
-    void changeSecondColor(const Colour& c) override { second_ = c; }
-    float getAlpha() const override { return 55; }
-    void setAlpha(float) override {}
-    void setoppositeColor(const Colour& c, std::int16_t) override { benchmark::DoNotOptimize(c.red()); }
-    void setLuminosity(float l) override {
-        luminosity_ = l;
-        second_ = Colour::hsb(second_.hue(), second_.saturation(), l);
+    Dialog() {
+        colours.zeroInit();
+        colours.setSecondColor(Colour::hsb(0.3, 0.7, 1));
+        colours.setLuminosity(1);
+        colours.quadriOn();
+        colours.changed = [this](Cause cause) {
+            if (cause != Cause::luminosity) return;
+            wheel.drawOnce();
+            wheel.setHarmonyColors();
+        };
     }
-    void redrawCircle() override { wheel.drawOnce(); }
-    void setHarmonyColors() override { wheel.setHarmonyColors(); }
-
-  private:
-    float luminosity_ = 1;
-    Colour second_ = Colour::hsb(0.3, 0.7, 1);
 };
 
 void stripEventWithoutPainting(benchmark::State& state) {
@@ -85,7 +80,7 @@ void stripEventWithoutPainting(benchmark::State& state) {
     dialog.wheel.layOut({0, 0, size, size});
     dialog.strip.layOut({0, 0, 30, size});
     dialog.wheel.drawOnce();
-    dialog.wheel.setCursorWithColor(dialog.getSecondColor());
+    dialog.wheel.setCursorWithColor(dialog.colours.getSecondColor());
     std::int64_t event = 0;
     for (auto _ : state)
         dialog.strip.mouseDragged({{15, brightnessOf(++event) * size}});

@@ -1,7 +1,7 @@
 #include "prefs/file_io.h"
-#include "swatches/colour_book_folder.h"
 #include "swatches/formats/aco_reader.h"
 #include "swatches/formats/book_format.h"
+#include "swatches/formats/books_on_disk.h"
 
 #include <nlohmann/json.hpp>
 
@@ -39,7 +39,7 @@ json swatchFile(Bytes file) {
     const auto records = std::make_unique<FCOStruct[]>(kListCapacity);
     const ListRecords list(records.get(), kListCapacity);
     const AcoHeader header = readAcoHeader(file, 0);
-    const auto second = readAcoRecords(file, header, 0, list, unchanged, ColourBookFolder(""));
+    const auto second = readAcoRecords(file, header, 0, list, unchanged, BooksOnDisk(""));
     json out = json::array();
     for (const FCOStruct& r :
          list.first(static_cast<std::size_t>(heldCount(second.value_or(header.viewCount)))))

@@ -80,17 +80,4 @@ Colour colourFromInks(Inks c, ValueFields& fields, ColorServicesProc services) {
     return Colour::rgb(c[0] / 255.0f, c[1] / 255.0f, c[2] / 255.0f);
 }
 
-void bindValueFields(ValueFields& first, ValueFields& second, ValueFieldsDesk& desk) {
-    for (auto* f : {&first.R, &first.G, &first.B}) {
-        rgb1Text.bind(**f, desk);
-        (*f)->onEndEditing = [&desk] { desk.rgb1EditingEnded(); };
-    }
-    for (auto* f : {&first.C, &first.M, &first.Y, &first.K})
-        cmyk1Text.bind(**f, desk);
-    for (auto* f : {&second.R, &second.G, &second.B})
-        rgb2Text.bind(**f, desk);
-    for (auto* f : {&second.C, &second.M, &second.Y, &second.K})
-        cmyk2Text.bind(**f, desk);
-}
-
 } // namespace chromalog

@@ -36,33 +36,4 @@ Inks secondInks(const ValueFields&); ///< (100 − field) × 255 / 100 in intege
 /// Converts the inks to RGB through the host; the RGB fields take the three values directly.
 Colour colourFromInks(Inks, ValueFields&, ColorServicesProc services);
 
-/// What the value fields tell the dialog's controller about a person's edits.
-class ValueFieldsDesk {
-  public:
-    virtual ~ValueFieldsDesk() = default;
-    virtual void rgb1Changed() = 0;
-    virtual void rgb1EditingEnded() = 0; ///< of the first colour's red, green or blue
-    virtual void rgb2Changed() = 0;
-    virtual void cmyk1Changed() = 0;
-    virtual void cmyk2Changed() = 0;
-};
-
-/// A kind of value field: its class, and the message that it sends on every edit.
-struct ValueText {
-    const char* className;
-    void (ValueFieldsDesk::*changed)();
-
-    void bind(TextField& field, ValueFieldsDesk& desk) const {
-        field.setClassName(className);
-        field.onEdit = [&desk, changed = changed] { (desk.*changed)(); };
-    }
-};
-inline constexpr ValueText rgb1Text{"rgb1Text", &ValueFieldsDesk::rgb1Changed};
-inline constexpr ValueText rgb2Text{"rgb2Text", &ValueFieldsDesk::rgb2Changed};
-inline constexpr ValueText cmyk1Text{"cmyk1Text", &ValueFieldsDesk::cmyk1Changed};
-inline constexpr ValueText cmyk2Text{"cmyk2Text", &ValueFieldsDesk::cmyk2Changed};
-
-/// Makes the fields of both colours report their edits, and the first colour's RGB fields the end of one.
-void bindValueFields(ValueFields& first, ValueFields& second, ValueFieldsDesk&);
-
 } // namespace chromalog

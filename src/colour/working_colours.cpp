@@ -34,7 +34,45 @@ std::vector<OutletEntry> WorkingColours::table() {
         {"origHarmony", &origHarmony},
         {"origTrichrome", &origTrichrome},
         {"origQuadrichrome", &origQuadrichrome},
+        {"complementColor", &complementColor},
+        {"triHarmoni1Color", &triHarmoni1Color},
+        {"triHarmoni2Color", &triHarmoni2Color},
+        {"quadri1Color", &quadri1Color},
+        {"quadri2Color", &quadri2Color},
+        {"quadri3Color", &quadri3Color},
+        {"equi1Color", &equi1Color},
+        {"equi2Color", &equi2Color},
     };
+}
+
+std::vector<ActionEntry> WorkingColours::actions() {
+    return {
+        {"complementOn:", [this] { complementOn(); }},
+        {"harmoniquesOn:", [this] { harmoniquesOn(); }},
+        {"triComplementOn:", [this] { triComplementOn(); }},
+        {"quadriOn:", [this] { quadriOn(); }},
+    };
+}
+
+void WorkingColours::observeControls() {
+    const auto observe = [this](std::initializer_list<Outlet<TextField>*> fields, const char* className,
+                                void (WorkingColours::*edited)()) {
+        for (Outlet<TextField>* field : fields) {
+            (*field)->setClassName(className);
+            (*field)->whenEdited([this, edited] { (this->*edited)(); });
+        }
+    };
+    observe({&first.R, &first.G, &first.B}, "rgb1Text", &WorkingColours::rgb1Changed);
+    observe({&first.C, &first.M, &first.Y, &first.K}, "cmyk1Text", &WorkingColours::cmyk1Changed);
+    observe({&second.R, &second.G, &second.B}, "rgb2Text", &WorkingColours::rgb2Changed);
+    observe({&second.C, &second.M, &second.Y, &second.K}, "cmyk2Text", &WorkingColours::cmyk2Changed);
+    for (Outlet<TextField>* field : {&first.R, &first.G, &first.B})
+        (*field)->whenEditingEnds([this] { rgb1EditingEnded(); });
+    for (Outlet<ColorWell>* outlet : {&origFirstColor, &origSecondColor}) {
+        (*outlet)->setClassName("myWell");
+        (*outlet)->whenDropped(
+            [this, outlet](const DragInfo& drag) { setFirstAndSecondFromDrop(drag.source, **outlet); });
+    }
 }
 
 void WorkingColours::zeroInit() {
@@ -47,7 +85,7 @@ void WorkingColours::zeroInit() {
 void WorkingColours::showFirstColor() {
     origFirstColor->setColor(firstColor_);
     showRgb(first, firstColor_);
-    showCmyk(first, firstColor_, desk_.colorServices());
+    showCmyk(first, firstColor_, services_);
 }
 
 void WorkingColours::setAlpha(float radians) {
@@ -64,14 +102,53 @@ void WorkingColours::setLuminosity(float l) {
     updateSecondColor();
 }
 
+void WorkingColours::moveLuminosity(float l) {
+    setLuminosity(l);
+    changed(Cause::luminosity);
+}
+
+void WorkingColours::placeSecondColor() {
+    setLuminosity(static_cast<float>(secondColor_.brightness()));
+    changed(Cause::secondPlaced);
+}
+
+void WorkingColours::setHarmonyMode(std::int16_t mode) {
+    harmonyMode_ = mode;
+    changed(Cause::harmonyMode);
+}
+
+void WorkingColours::complementOn() {
+    setHarmonyMode(harmonyMode_ != 1 ? 1 : 0);
+}
+void WorkingColours::harmoniquesOn() {
+    setHarmonyMode(harmonyMode_ != 2 ? 2 : 0);
+}
+void WorkingColours::triComplementOn() {
+    setHarmonyMode(3);
+} // unlike the two above, no toggle: kept
+void WorkingColours::quadriOn() {
+    setHarmonyMode(4);
+}
+
+void WorkingColours::setoppositeColor(const Colour& colour, std::int16_t code) {
+    // The seventh is the wheel's second quadri point, and the complement stands among the four: names shift,
+    // kept.
+    const Outlet<ColorWell>* const wells[] = {&complementColor,  &equi1Color,       &equi2Color,
+                                              &triHarmoni1Color, &triHarmoni2Color, &quadri1Color,
+                                              &quadri3Color};
+    if (code < 1 || code > std::ssize(wells)) return;
+    (*wells[code - 1])->setColor(colour);
+    if (code == 1) quadri2Color->setColor(colour);
+}
+
 void WorkingColours::firstChanged() {
     origFirstColor->setColor(firstColor_);
-    desk_.setOkButton();
+    changed(Cause::firstColour);
 }
 
 void WorkingColours::rgb1Changed() {
     firstColor_ = colourFromRgbFields(first);
-    showCmyk(first, firstColor_, desk_.colorServices());
+    showCmyk(first, firstColor_, services_);
     firstChanged();
 }
 
@@ -80,32 +157,21 @@ void WorkingColours::rgb1EditingEnded() {
 }
 
 void WorkingColours::cmyk1Changed() {
-    firstColor_ = colourFromInks(firstInks(first), first, desk_.colorServices());
+    firstColor_ = colourFromInks(firstInks(first), first, services_);
     firstChanged();
 }
 
 void WorkingColours::rgb2Changed() {
     secondColor_ = colourFromRgbFields(second);
-    showCmyk(second, secondColor_, desk_.colorServices());
-    secondTyped();
+    showCmyk(second, secondColor_, services_);
+    origSecondColor->setColor(secondColor_);
+    changed(Cause::secondEntered);
 }
 
 void WorkingColours::cmyk2Changed() {
-    secondColor_ = colourFromInks(secondInks(second), second, desk_.colorServices());
-    secondTyped();
-}
-
-void WorkingColours::secondTyped() {
+    secondColor_ = colourFromInks(secondInks(second), second, services_);
     origSecondColor->setColor(secondColor_);
-    desk_.getNearFco();
-    refreshWheelAndStrip();
-    desk_.setOkButton();
-}
-
-void WorkingColours::refreshWheelAndStrip() {
-    setLuminosity(static_cast<float>(secondColor_.brightness()));
-    desk_.placeStripCursor();
-    desk_.redrawWheelAndPlace();
+    changed(Cause::secondEntered);
 }
 
 void WorkingColours::changeSecondColor(const Colour& colour) {
@@ -117,10 +183,8 @@ void WorkingColours::updateSecondColor() {
     for (auto* well : {&origComplement, &origHarmony, &origTrichrome, &origQuadrichrome, &origSecondColor})
         (*well)->setColor(secondColor_);
     showRgb(second, secondColor_);
-    showCmyk(second, secondColor_, desk_.colorServices());
-    desk_.getNearFco();
-    desk_.setOkButton();
-    desk_.markToneAndStrip(); // whatever changed it: a click on the chart picks what it would show anew
+    showCmyk(second, secondColor_, services_);
+    changed(Cause::secondColour);
 }
 
 void WorkingColours::setFirstColor(const FCOStruct& swatch, const std::string& name) {
@@ -129,27 +193,21 @@ void WorkingColours::setFirstColor(const FCOStruct& swatch, const std::string& n
     origFirstColor->setColor(firstColor_);
     colorName->setText(name);
     showRgb(first, firstColor_);
-    showCmyk(first, firstColor_, desk_.colorServices());
-    desk_.setOkButton();
+    showCmyk(first, firstColor_, services_);
+    changed(Cause::firstColour);
 }
 
 void WorkingColours::setFirstAndSecondFromDrop(const DragSource* source, const ColorWell& target) {
-    const ColorServicesProc services = desk_.colorServices();
     // An unconnected well has no colour to take.
     if (origFirstColor.connected()) firstColor_ = origFirstColor->color().withAlpha(1.0);
     if (origSecondColor.connected()) secondColor_ = origSecondColor->color().withAlpha(1.0);
     showRgb(first, firstColor_);
-    showCmyk(first, firstColor_, services);
+    showCmyk(first, firstColor_, services_);
     showRgb(second, secondColor_);
-    showCmyk(second, secondColor_, services);
-    if (origFirstColor.is(&target))
-        if (const auto name = desk_.selectedSwatchName(source)) colorName->setText(*name);
-    if (origSecondColor.is(&target)) {
-        desk_.getNearFco();
-        refreshWheelAndStrip();
-        desk_.markWheel();
-    }
-    desk_.setOkButton();
+    showCmyk(second, secondColor_, services_);
+    if (origFirstColor.is(&target) && nameOfDragged)
+        if (const auto name = nameOfDragged(source)) colorName->setText(*name);
+    changed(origSecondColor.is(&target) ? Cause::secondEntered : Cause::firstColour);
 }
 
 bool WorkingColours::isFirstColorId(const Colour& colour, int, std::string& name) const {

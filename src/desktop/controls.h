@@ -11,8 +11,8 @@
 
 namespace chromalog {
 
-/// The controls of a dialog. Each base is its own null object: an unconnected outlet does nothing and reads
-/// as zero or empty. The toolkit's controls override.
+/// The controls of a dialog. Each base is its own null object: an unconnected outlet does nothing, keeps
+/// nothing and reads as zero or empty. The toolkit's controls override.
 class Control {
   public:
     virtual ~Control() = default;
@@ -32,10 +32,10 @@ class TextField : public Control {
     virtual std::string text() const { return {}; }
     /// Called on every edit by a person (typing, paste, cut, clear, undo), never when the program sets the
     /// text.
-    std::function<void()> onEdit;
-    std::function<void()> onEndEditing; ///< after the field shows what was set meanwhile
+    virtual void whenEdited(std::function<void()>) {}
+    virtual void whenEditingEnds(std::function<void()>) {} ///< after the field shows what was set meanwhile
     /// Called in place of what Return does elsewhere (ending the edit, pressing OK), where it is set.
-    std::function<void()> onReturn;
+    virtual void whenReturnPressed(std::function<void()>) {}
 };
 
 class Button : public Control {
@@ -47,13 +47,14 @@ class Button : public Control {
     virtual int state() const { return 0; }
 };
 
-/// A colour well: shows a colour and drags it out. Where `onDrop` is set it takes a dropped one; others show
-/// what was computed.
+/// A colour well: shows a colour and drags it out. Where `whenDropped` is set it takes a dropped one; others
+/// show what was computed.
 class ColorWell : public Control, public DragSource {
   public:
     virtual void setColor(const Colour&) {}
     virtual Colour color() const { return {}; }
-    std::function<void(const DragInfo&)> onDrop; ///< after the well took the dropped colour
+    virtual void whenDropped(std::function<void(const DragInfo&)>) {
+    } ///< after the well took the dropped colour
 };
 
 class Slider : public Control {
@@ -119,8 +120,8 @@ class Window : public Control {
     virtual bool visible() const { return false; }
     virtual void makeKeyAndOrderFront() {}
     virtual void orderOut() {}
-    virtual void attachAsChildOf(Window&) {} ///< floats above it, and works while it is modal
-    std::function<void()> onClose;           ///< the close box or Escape
+    virtual void attachAsChildOf(Window&) {}          ///< floats above it, and works while it is modal
+    virtual void whenClosed(std::function<void()>) {} ///< by the close box or Escape
 };
 
 } // namespace chromalog

@@ -2,7 +2,6 @@
 
 #include "history/undo_labels.h"
 #include "host/global_record.h"
-#include "host/globals.h"
 
 namespace chromalog {
 namespace {
@@ -15,26 +14,17 @@ std::span<std::byte> bytesOf(GlobalRecord& record) {
 
 } // namespace
 
-ProtocolControler::ProtocolControler(HistoryDesk& desk) : desk_(desk) {
-    form_ = desk_.desktop().loadForm("ProtocolPanel", formOwner());
-    if (!form_) desk_.desktop().log("failed to load ProtocolPanel xib");
-    gProtocolController = this;
+ProtocolControler::ProtocolControler(HistoryParts parts) : parts_(std::move(parts)) {
+    form_ = parts_.desktop.loadForm("ProtocolPanel", formOwner());
+    if (!form_) parts_.desktop.log("failed to load ProtocolPanel xib");
     if (protocolWindow.connected()) {
         manager_.emplace([this](const UndoAction& action) { pushgData(action); });
-        protocolWindow->onClose = [this] { forceHideProtocolWindow(); };
-        protocolWindow->attachAsChildOf(desk_.getChromalogWindow());
+        protocolWindow->whenClosed([this] { forceHideProtocolWindow(); });
+        protocolWindow->attachAsChildOf(*parts_.dialog);
     }
-    desk_.record().undoLimit = kUndoLimit;
+    parts_.record.undoLimit = kUndoLimit;
     undoCount = 0;
-    desk_.desktop().log("Done with init protocolcontroler");
-}
-
-ProtocolControler::~ProtocolControler() {
-    if (gProtocolController == this) gProtocolController = nullptr;
-}
-
-ProtocolControler* ProtocolControler::protocolController() {
-    return gProtocolController;
+    parts_.desktop.log("Done with init protocolcontroler");
 }
 
 FormOwner ProtocolControler::formOwner() {
@@ -51,19 +41,19 @@ FormOwner ProtocolControler::formOwner() {
 }
 
 void ProtocolControler::setUndoablePosition(std::string_view label) {
-    desk_.savePrefs();
+    parts_.save();
     if (manager_) {
-        const auto snapshot = std::make_shared<Snapshot>(bytesOf(desk_.record()), manager_->latest());
-        manager_->setLevelLimit(desk_.record().undoLimit);
+        const auto snapshot = std::make_shared<Snapshot>(bytesOf(parts_.record), manager_->latest());
+        manager_->setLevelLimit(parts_.record.undoLimit);
         manager_->registerStep({snapshot, std::string(label)});
     }
     maxUndoSteps = ++undoCount;
-    desk_.disableRedo();
-    desk_.enableUndo();
+    parts_.redoButton->setEnabled(false);
+    parts_.undoButton->setEnabled(true);
 }
 
 void ProtocolControler::pushgData(const UndoAction& action) {
-    const std::span<std::byte> record = bytesOf(desk_.record());
+    const std::span<std::byte> record = bytesOf(parts_.record);
     manager_->registerStep({std::make_shared<Snapshot>(record, action.snapshot.get()), action.label});
     action.snapshot->restore(record);
 }
@@ -74,39 +64,39 @@ bool ProtocolControler::mayUndo() const {
 
 /// Counts are stored first: a clear, a deletion or a drop changed only the view's, and could not be redone.
 void ProtocolControler::undoOneStep() {
-    desk_.storeViewCounts();
+    parts_.storeViewCounts();
     manager_->undo();
     --undoCount; // with the swap, before what only shows it
-    desk_.restoreUndoUI();
+    parts_.showRecord();
 }
 
 void ProtocolControler::redoOneStep() {
-    desk_.storeViewCounts(); // also where there is nothing to redo: the views take them back below
+    parts_.storeViewCounts(); // also where there is nothing to redo: the views take them back below
     if (manager_) manager_->redo();
     ++undoCount;
-    desk_.restoreUndoUI();
-    desk_.makeActiveWindow();
+    parts_.showRecord();
+    parts_.dialog->makeKeyAndOrderFront();
 }
 
 void ProtocolControler::undoOutAction() {
     if (!mayUndo()) return;
     undoOneStep();
-    desk_.enableRedo();
-    if (undoCount < 1) desk_.disableUndo();
+    parts_.redoButton->setEnabled(true);
+    if (undoCount < 1) parts_.undoButton->setEnabled(false);
 }
 
 void ProtocolControler::undoAction() {
     if (!mayUndo()) return;
     undoOneStep();
-    desk_.makeActiveWindow();
-    desk_.enableRedo();
-    if (undoCount < 1) desk_.disableUndo();
+    parts_.dialog->makeKeyAndOrderFront();
+    parts_.redoButton->setEnabled(true);
+    if (undoCount < 1) parts_.undoButton->setEnabled(false);
 }
 
 void ProtocolControler::redoOutAction() {
     redoOneStep();
-    desk_.enableUndo();
-    if (undoCount >= maxUndoSteps) desk_.disableRedo();
+    parts_.undoButton->setEnabled(true);
+    if (undoCount >= maxUndoSteps) parts_.redoButton->setEnabled(false);
 }
 
 void ProtocolControler::redoAction() {
@@ -124,7 +114,7 @@ void ProtocolControler::endUndoableGroup() {
 }
 
 void ProtocolControler::shutDownProtocol() {
-    desk_.desktop().stopModal(1);
+    parts_.desktop.stopModal(1);
 }
 
 std::int64_t ProtocolControler::showProtocolWindow() {
@@ -132,7 +122,7 @@ std::int64_t ProtocolControler::showProtocolWindow() {
         protocolWindow->orderOut();
         return 0;
     }
-    protocolWindow->attachAsChildOf(desk_.getChromalogWindow());
+    protocolWindow->attachAsChildOf(*parts_.dialog);
     protocolWindow->makeKeyAndOrderFront();
     return 0;
 }

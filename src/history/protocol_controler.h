@@ -4,6 +4,7 @@
 #include "history/snapshot_stack.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -12,21 +13,15 @@ namespace chromalog {
 
 struct GlobalRecord;
 
-/// What the history asks of the dialog around it.
-class HistoryDesk {
-  public:
-    virtual ~HistoryDesk() = default;
-    virtual Desktop& desktop() = 0;
-    virtual GlobalRecord& record() = 0; ///< what is snapshotted, whole
-    virtual void savePrefs() = 0;
-    virtual void storeViewCounts() = 0; ///< the views' counts into the record, as savePrefs does
-    virtual void restoreUndoUI() = 0;   ///< shows the record after a swap
-    virtual void enableUndo() = 0;
-    virtual void disableUndo() = 0;
-    virtual void enableRedo() = 0;
-    virtual void disableRedo() = 0;
-    virtual void makeActiveWindow() = 0;
-    virtual Window& getChromalogWindow() = 0;
+/// What the history of a pick works on. All of it lives longer than the history.
+struct HistoryParts {
+    Desktop& desktop;
+    GlobalRecord& record; ///< what is snapshotted, whole
+    Outlet<Window>& dialog;
+    Outlet<Button>&undoButton, &redoButton;
+    std::function<void()> save;            ///< the record as it is, before it changes
+    std::function<void()> storeViewCounts; ///< the views' counts into the record, as saving does
+    std::function<void()> showRecord;      ///< after a swap
 };
 
 /// The history of one pick and its floating panel. Every change to the lists is announced before it is made;
@@ -34,12 +29,11 @@ class HistoryDesk {
 /// steps are only counted.
 class ProtocolControler {
   public:
-    explicit ProtocolControler(HistoryDesk&); ///< loads the panel and stores itself in gProtocolController
-    ~ProtocolControler();
+    explicit ProtocolControler(HistoryParts); ///< loads the panel
     ProtocolControler(const ProtocolControler&) = delete;
     ProtocolControler& operator=(const ProtocolControler&) = delete;
 
-    static ProtocolControler* protocolController();
+    static ProtocolControler* protocolController(); ///< of the pick that runs; null outside one
 
     void setUndoablePosition(std::string_view label); ///< before a change; the label is localised already
     /// The swap itself: what the record holds becomes the inverse, `action` goes over the record.
@@ -73,7 +67,7 @@ class ProtocolControler {
     void undoOneStep();
     void redoOneStep();
 
-    HistoryDesk& desk_;
+    HistoryParts parts_;
     Outlet<Window> protocolWindow;
     Outlet<TextView> undoView;
     Outlet<TextView> redoView;

@@ -1,16 +1,20 @@
 #include "host/chromalog_controler.h"
 
-#include "colour/colour_text.h"
+#include "host/earlier_lists.h"
 #include "host/globals.h"
-#include "host/host_conversion.h"
-#include "host/list_name.h"
-
-#include <cmath>
+#include "host/host_side.h"
+#include "print/chart_printing.h"
+#include "print/list_printing.h"
+#include "swatches/name_text.h"
 
 namespace chromalog {
 namespace {
 
 constexpr std::int16_t kUsesSecondColor = 1;
+
+template <typename Entry> void append(std::vector<Entry>& all, const std::vector<Entry>& more) {
+    all.insert(all.end(), more.begin(), more.end());
+}
 
 } // namespace
 
@@ -19,23 +23,68 @@ ChromalogControler* ChromalogControler::chromalogControler() {
 }
 
 ChromalogControler::ChromalogControler(GlobalRecord& data, Desktop& desktop)
-    : data_(data), desktop_(desktop) {
+    : data_(data), desktop_(desktop), colours_(data.pickerRecord->colorServices),
+      panels_(data, desktop, outlets_.chromalogWindow, data.pickerRecord->colorServices, *this) {
     gChromalogControler = this;
     loadForm();
     zeroInit();
-    degradeView_.setPrinting(false);
-    toneView_.setPrinting(false);
     loadPrefs();
-    takeHostColour();
+    colours_.setSecondColor(takeHostColour(*data_.pickerRecord));
     startLists();
     placeSecondColour();
-    history_ = std::make_unique<ProtocolControler>(static_cast<HistoryDesk&>(*this));
-    history_->forceHideProtocolWindow();
+    startHistory();
 }
 
 ChromalogControler::~ChromalogControler() {
     desktop_.statusLine().onChange = nullptr;
+    gProtocolController = nullptr;
     if (gChromalogControler == this) gChromalogControler = nullptr;
+}
+
+void ChromalogControler::loadForm() {
+    colours_.changed = [this](Cause cause) { colourChanged(cause); };
+    colours_.nameOfDragged = [this](const DragSource* source) { return panels_.selectedName(source); };
+    form_ = desktop_.loadForm("chromalogWindow", formOwner());
+    if (!form_) desktop_.log("failed to load prismaticaDialog xib");
+    colours_.observeControls();
+    outlets_.chromalogWindow->whenClosed([this] { cancelPressed(); });
+    StatusLine& status = desktop_.statusLine();
+    status.onChange = [this, &status] { outlets_.statusLine->setText(status.text()); };
+}
+
+FormOwner ChromalogControler::formOwner() {
+    FormOwner owner{outlets_.table(), actions()};
+    append(owner.outlets, colours_.table());
+    append(owner.outlets, views_.table());
+    append(owner.outlets, panels_.table());
+    append(owner.actions, colours_.actions());
+    append(owner.actions, views_.actions());
+    append(owner.actions, panels_.actions());
+    return owner;
+}
+
+std::vector<ActionEntry> ChromalogControler::actions() {
+    const auto step = [this](std::string_view label) { setUndoablePosition(label); };
+    return {
+        {"okPressed:", [this] { okPressed(); }},
+        {"cancelPressed:", [this] { cancelPressed(); }},
+        {"toggleSecondColor:", [this] { toggleSecondColor(); }},
+        {"writeToSwatch:",
+         [this] { panels_.commands.writeToSwatch(colours_.getFirstColor(), colours_.colorName->text()); }},
+        {"doUndo:", [this] { history_->undoOutAction(); }},
+        {"doRedo:", [this] { history_->redoOutAction(); }},
+        {"bringBackLists:",
+         [this, step] { EarlierLists(panels_.one, panels_.two, desktop_, stored_.path(), step).run(); }},
+        {"showProtocolWindow", [this] { history_->showProtocolWindow(); }},
+        {"dumpUndo", [this] { history_->dumpUndo(); }},
+        {"setupPrintPage:", [this] { desktop_.runPageLayout(*outlets_.chromalogWindow); }},
+        {"printFirstSwatch:", [this] { printList(panels_.one); }},
+        {"printSecondSwatch:", [this] { printList(panels_.two); }},
+        {"printToneOrDegrade:",
+         [this] {
+             printToneOrDegrade(views_.gradient, views_.tone, views_.toneOrDegrade->state(), desktop_);
+         }},
+    };
 }
 
 void ChromalogControler::zeroInit() {
@@ -44,48 +93,83 @@ void ChromalogControler::zeroInit() {
     data_.swatchName2[0] = 0;
 }
 
-void ChromalogControler::takeHostColour() {
-    PickParms& parms = pickParms();
-    std::int16_t c[4];
-    for (int i = 0; i < 4; ++i)
-        c[i] = static_cast<std::int16_t>(parms.colorComponents[i] >> 8);
-    parms.resultSpace = plugIncolorServicesRGBSpace;
-    // A failure leaves the components as they are, and they are used as they stand.
-    if (parms.sourceSpace != plugIncolorServicesRGBSpace)
-        HostCSConvertColor(colorServices(), parms.sourceSpace, plugIncolorServicesRGBSpace, c);
-    colours_.setSecondColor(Colour::rgb(c[0] / 255.0, c[1] / 255.0, c[2] / 255.0));
+void ChromalogControler::loadPrefs() {
+    if (!stored_.open(data_, desktop_.optionKeyHeld())) return;
+    panels_.takeStoredCounts();
+    for (SwatchPanel* panel : panels_.both())
+        if (panel->storedName[0] != 0) panel->showStoredName();
+}
+
+void ChromalogControler::savePrefs(Flush flush) {
+    panels_.storeViewCounts();
+    stored_.save(data_, flush);
 }
 
 void ChromalogControler::startLists() {
-    for (int twice = 0; twice < 2; ++twice) {
-        swatch1_.setSwatchList(data_.swatchList1);
-        swatch2_.setSwatchList(data_.swatchList2);
-    }
-    swatch1_.setNumberOfColors(data_.numColors1);
-    swatch2_.setNumberOfColors(data_.numColors2);
-    outlets_.toneOrDegrade->setState(0);
-    switchTone();
-    search_.observeFields();
-    swatch1_.initFromControler();
-    swatch2_.initFromControler();
+    panels_.start();
+    views_.start();
+    panels_.search.observeFields();
+    for (SwatchPanel* panel : panels_.both())
+        panel->view.initFromControler();
 }
 
 void ChromalogControler::placeSecondColour() {
-    const auto brightness = [this] { return static_cast<float>(colours_.getSecondColor().brightness()); };
+    const Colour& second = colours_.getSecondColor();
     colours_.showFirstColor();
-    setLuminosity(brightness());
-    redrawCircle();
-    chromaView_.setCursorWithColor(colours_.getSecondColor());
-    setHarmonyColors();
+    colours_.setLuminosity(static_cast<float>(second.brightness()));
+    views_.redrawCircle();
+    views_.wheel.setCursorWithColor(second);
+    views_.wheel.setHarmonyColors();
     outlets_.undoButton->setEnabled(false);
     outlets_.redoButton->setEnabled(false);
-    swatch1_.setNeedsDisplay();
-    swatch2_.setNeedsDisplay();
+    panels_.setNeedsDisplay();
     setOkButton();
-    setLuminosity(brightness());
-    placeStripCursor();
-    redrawWheelAndPlace();
-    chromaView_.setNeedsDisplay();
+    colours_.placeSecondColor();
+}
+
+void ChromalogControler::startHistory() {
+    HistoryParts parts{desktop_,
+                       data_,
+                       outlets_.chromalogWindow,
+                       outlets_.undoButton,
+                       outlets_.redoButton,
+                       [this] { savePrefs(Flush::later); },
+                       [this] { panels_.storeViewCounts(); },
+                       [this] { panels_.showRecord(); }};
+    history_ = std::make_unique<ProtocolControler>(std::move(parts));
+    gProtocolController = history_.get();
+    history_->forceHideProtocolWindow();
+}
+
+void ChromalogControler::colourChanged(Cause cause) {
+    const Colour& second = colours_.getSecondColor();
+    switch (cause) {
+    case Cause::firstColour:
+        setOkButton();
+        break;
+    case Cause::secondColour:
+        panels_.showNearest(second);
+        setOkButton();
+        views_.tone.setNeedsDisplay(); // a click on the chart picks what it would show anew
+        views_.strip.setNeedsDisplay();
+        break;
+    case Cause::secondEntered:
+        panels_.showNearest(second);
+        colours_.placeSecondColor();
+        setOkButton();
+        break;
+    case Cause::secondPlaced:
+        views_.place(second);
+        break;
+    case Cause::luminosity:
+        views_.redrawCircle();
+        views_.wheel.setHarmonyColors(); // read from the rebuilt picture
+        break;
+    case Cause::harmonyMode:
+        views_.wheel.setHarmonyColors();
+        views_.wheel.setNeedsDisplay();
+        break;
+    }
 }
 
 std::int64_t ChromalogControler::showWindow() {
@@ -98,10 +182,6 @@ std::int64_t ChromalogControler::showWindow() {
     const std::int64_t code = desktop_.runModal(window);
     window.orderOut();
     return code;
-}
-
-void ChromalogControler::makeActiveWindow() {
-    outlets_.chromalogWindow->makeKeyAndOrderFront();
 }
 
 void ChromalogControler::setOkButton() {
@@ -121,12 +201,8 @@ void ChromalogControler::okPressed() {
         toggleSecondColor();
         return;
     }
-    const Colour& chosen =
-        data_.useSecondColor == kUsesSecondColor ? colours_.getSecondColor() : colours_.getFirstColor();
-    std::uint16_t* components = pickParms().colorComponents; // the fourth stays as it was
-    components[0] = wordOf(chosen.red());
-    components[1] = wordOf(chosen.green());
-    components[2] = wordOf(chosen.blue());
+    const bool second = data_.useSecondColor == kUsesSecondColor;
+    returnColour(*data_.pickerRecord, second ? colours_.getSecondColor() : colours_.getFirstColor());
     desktop_.stopModal(0); // first: the pick ends also where the lists cannot be saved
     savePrefs(Flush::toDisk);
 }
@@ -137,23 +213,21 @@ void ChromalogControler::cancelPressed() {
     outlets_.chromalogWindow->orderOut();
 }
 
-void ChromalogControler::savePrefs(Flush flush) {
-    storeViewCounts();
-    stored_.save(data_, flush);
+void ChromalogControler::printList(SwatchPanel& panel) {
+    printSwatchList(panel.view, printOptions_, data_.pickerRecord->colorServices, desktop_);
+    gPrintOptionController = nullptr;
 }
 
-void ChromalogControler::loadPrefs() {
-    if (!stored_.open(data_, desktop_.optionKeyHeld())) return;
-    swatch1_.setNumberOfColors(data_.numColors1);
-    swatch2_.setNumberOfColors(data_.numColors2);
-    if (data_.swatchName1[0] != 0) showListName(1);
-    if (data_.swatchName2[0] != 0) showListName(2);
+void ChromalogControler::setUndoablePosition(std::string_view labelKey) {
+    if (history_) history_->setUndoablePosition(desktop_.localized(labelKey));
 }
 
-void ChromalogControler::showListName(int number) {
-    std::uint8_t* field = number == 1 ? data_.swatchName1 : data_.swatchName2;
-    if (const auto name = terminatedListName(ListNameField(field, 257)))
-        (number == 1 ? outlets_.swatch1Name : outlets_.swatch2Name)->setText(*name);
+void ChromalogControler::setFirstColor(const FCOStruct& swatch) {
+    colours_.setFirstColor(swatch, macRomanToUtf8(zeroTerminatedName(swatch)));
+}
+
+std::string ChromalogControler::hostBooks() {
+    return chromalog::hostBooks(*data_.pickerRecord, desktop_);
 }
 
 } // namespace chromalog

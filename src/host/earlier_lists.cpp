@@ -1,6 +1,7 @@
 #include "host/earlier_lists.h"
 
 #include "history/undo_labels.h"
+#include "host/global_record.h"
 #include "prefs/file_io.h"
 #include "prefs/kept_copies.h"
 #include "prefs/preferences_file.h"
@@ -10,10 +11,13 @@
 
 namespace chromalog {
 
-EarlierLists::EarlierLists(ListCommandsDesk& desk, const std::string& preferences) : desk_(desk) {
-    form_ = desk_.desktop().loadForm("EarlierLists", owner());
-    if (!form_) desk_.desktop().log("failed to load the form EarlierLists");
-    earlierListsWindow->onClose = [this] { desk_.desktop().stopModal(0); };
+EarlierLists::EarlierLists(SwatchPanel& one, SwatchPanel& two, Desktop& desktop,
+                           const std::string& preferences,
+                           std::function<void(std::string_view)> setUndoablePosition)
+    : panels_{&one, &two}, desktop_(desktop), setUndoablePosition_(std::move(setUndoablePosition)) {
+    form_ = desktop_.loadForm("EarlierLists", owner());
+    if (!form_) desktop_.log("failed to load the form EarlierLists");
+    earlierListsWindow->whenClosed([this] { desktop_.stopModal(0); });
     readCopies(preferences);
     show();
 }
@@ -24,9 +28,9 @@ FormOwner EarlierLists::owner() {
              {"earlierListsNote", &earlierListsNote},
              {"bringBackList1", &bringBackList1},
              {"bringBackList2", &bringBackList2}},
-            {{"bringBackList1:", [this] { bringBack(ListNumber::one); }},
-             {"bringBackList2:", [this] { bringBack(ListNumber::two); }},
-             {"closeEarlierLists:", [this] { desk_.desktop().stopModal(0); }}}};
+            {{"bringBackList1:", [this] { bringBack(0); }},
+             {"bringBackList2:", [this] { bringBack(1); }},
+             {"closeEarlierLists:", [this] { desktop_.stopModal(0); }}}};
 }
 
 void EarlierLists::readCopies(const std::string& preferences) {
@@ -52,33 +56,28 @@ void EarlierLists::show() {
 
 void EarlierLists::run() {
     if (!earlierListsWindow.connected()) return;
-    desk_.desktop().runModal(*earlierListsWindow);
+    desktop_.runModal(*earlierListsWindow);
     earlierListsWindow->orderOut();
 }
 
-void EarlierLists::bringBack(ListNumber which) {
+void EarlierLists::bringBack(int list) {
     const int row = earlierLists->selectedRow();
     if (row < 0 || row >= static_cast<int>(copies_.size())) return;
     const Copy& copy = copies_[static_cast<std::size_t>(row)];
-    const int index = which == ListNumber::one ? 0 : 1;
-    const ListsSummary::List& told = copy.summary.lists[index];
-    desk_.setUndoablePosition(undo_label::earlierLists);
+    const ListsSummary::List& told = copy.summary.lists[list];
+    setUndoablePosition_(undo_label::earlierLists);
 
-    const ListParts list = desk_.list(which);
-    const ListRecords records = list.view.records();
-    std::memcpy(records.data(), copy.file.data() + kFileLists[index], records.size_bytes());
-    std::memcpy(list.storedName, copy.file.data() + kFileNames[index], sizeof list.storedName);
-    list.storedCount = static_cast<std::int16_t>(told.count);
-    list.view.setNumberOfColors(list.storedCount);
-    list.view.setName(told.name);
-    list.view.setScrollSize();
-    list.view.setSelectedColor(0);
-    list.view.setStartColor(0);
-    list.scroller.setVerticalScroller(0);
-    list.nameField.setText(told.name);
-    list.view.setNeedsDisplay();
-    list.view.announceChange();
-    earlierListsNote->setText("List " + std::to_string(index + 1) + " is back. Undo takes it away again.");
+    SwatchPanel& panel = *panels_[static_cast<std::size_t>(list)];
+    std::memcpy(panel.records.data(), copy.file.data() + kFileLists[list], panel.records.size_bytes());
+    std::memcpy(panel.storedName.data(), copy.file.data() + kFileNames[list],
+                sizeof(GlobalRecord::swatchName1));
+    panel.storedCount = static_cast<std::int16_t>(told.count);
+    panel.view.setNumberOfColors(panel.storedCount);
+    panel.view.setName(told.name);
+    panel.nameField->setText(told.name);
+    panel.showFromTheTop();
+    panel.redisplay();
+    earlierListsNote->setText("List " + std::to_string(list + 1) + " is back. Undo takes it away again.");
 }
 
 } // namespace chromalog

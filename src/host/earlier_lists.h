@@ -2,11 +2,14 @@
 
 #include "desktop/desktop.h"
 #include "prefs/lists_summary.h"
-#include "swatches/list_commands.h"
+#include "swatches/swatch_panel.h"
 
+#include <array>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace chromalog {
@@ -16,7 +19,9 @@ namespace chromalog {
 /// recording a step may itself replace one of them.
 class EarlierLists {
   public:
-    EarlierLists(ListCommandsDesk&, const std::string& preferences);
+    /// `setUndoablePosition` records a step.
+    EarlierLists(SwatchPanel& one, SwatchPanel& two, Desktop&, const std::string& preferences,
+                 std::function<void(std::string_view labelKey)> setUndoablePosition);
     void run(); ///< returns when it is closed
 
   private:
@@ -28,9 +33,11 @@ class EarlierLists {
     FormOwner owner();
     void readCopies(const std::string& preferences);
     void show();
-    void bringBack(ListNumber);
+    void bringBack(int list);
 
-    ListCommandsDesk& desk_;
+    const std::array<SwatchPanel*, 2> panels_;
+    Desktop& desktop_;
+    const std::function<void(std::string_view)> setUndoablePosition_;
     std::vector<Copy> copies_;
     Outlet<Window> earlierListsWindow;
     Outlet<RowList> earlierLists;

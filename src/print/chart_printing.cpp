@@ -1,6 +1,6 @@
 #include "print/chart_printing.h"
 
-#include "desktop/on_paper.h"
+#include "views/chart_pages.h"
 
 namespace chromalog {
 namespace {
@@ -23,20 +23,20 @@ class ChartsPrinting {
 
 } // namespace
 
-void printToneOrDegrade(chartView& gradient, chartView& tone, int toneOrDegrade, Desktop& desktop) {
-    chartView& chosen = toneOrDegrade == 1 ? tone : gradient;
+void printToneOrDegrade(degradeView& gradient, toneView& tone, int toneOrDegrade, Desktop& desktop) {
+    const bool chosenTone = toneOrDegrade == 1;
     const auto layOut = [&](const PrintInfo& info) -> PrintPages {
         const Size area = info.printable(), page = info.page();
         if (area.w <= 0 || area.h <= 0) return {};
-        const auto paint = [&, area, page](int, Canvas& canvas) {
+        const auto paint = [&, page](int, Canvas& canvas) {
             const ChartsPrinting flags(gradient, tone);
-            const OnPaper paper(chosen, {chosen.frame().x, chosen.frame().y, area.w, area.h},
-                                {0, 0, page.w, page.h});
-            chosen.drawRect(canvas);
+            if (!chosenTone) return paintPage(degradePage(gradient.corners(), page), canvas);
+            canvas.fillRect({0, 0, page.w, page.h}); // in the canvas's current colour, as on the screen: kept
+            paintPage(tonePage(tone.circle(), tone.middle(), page), canvas);
         };
         return {1, page, paint};
     };
-    desktop.runPrintOperation({toneOrDegrade == 1 ? "Tone chart" : "Gradient", layOut});
+    desktop.runPrintOperation({chosenTone ? "Tone chart" : "Gradient", layOut});
 }
 
 } // namespace chromalog

@@ -1,18 +1,14 @@
 #pragma once
 
+#include "desktop/desktop.h"
 #include "host/host_conversion.h"
-#include "print/print_option_controller.h"
+#include "print/print_options.h"
 #include "swatches/swatch_list_view.h"
 
 namespace chromalog {
 
-/// What the print actions ask of the main controller.
-class PrintDesk : public PrintOptionDesk {
-  public:
-    virtual ColorServicesProc colorServices() const = 0;
-};
-
 /// The print action of a list: the options dialog, then the print operation, whatever the dialog returned.
-void printSwatchList(CSwatchList&, PrintDesk&);
+/// The sheets are painted as they were laid out, whatever the dialog behind shows meanwhile.
+void printSwatchList(const CSwatchList&, PrintOptions&, ColorServicesProc, Desktop&);
 
 } // namespace chromalog

@@ -1,23 +1,17 @@
 #include "print/print_option_controller.h"
 
-#include "host/globals.h"
-#include "print/print_options.h"
-
 namespace chromalog {
 
-PrintOptionController* PrintOptionController::printOptionController() {
-    return gPrintOptionController;
-}
-
-PrintOptionController::PrintOptionController(PrintOptionDesk& desk) : desk_(desk) {
-    form_ = desk_.desktop().loadForm("SwatchPrintOptions", owner());
-    if (!form_) desk_.desktop().log("failed to load SwatchPrintOptions xib");
-    printOptionWindow->onClose = [this] { ok(); };
-    buttonMatrix->selectRow(desk_.getMyPrintSize());
-    NameCheck->setState(desk_.isNameToPrint());
-    RGBCheck->setState(desk_.isRGBToPrint());
-    CMYKCheck->setState(desk_.isCMYKToPrint());
-    desk_.desktop().log("Done with init variantecontroler");
+PrintOptionController::PrintOptionController(PrintOptions& options, Desktop& desktop)
+    : options_(options), desktop_(desktop) {
+    form_ = desktop_.loadForm("SwatchPrintOptions", owner());
+    if (!form_) desktop_.log("failed to load SwatchPrintOptions xib");
+    printOptionWindow->whenClosed([this] { ok(); });
+    buttonMatrix->selectRow(options_.printSize);
+    NameCheck->setState(options_.printName);
+    RGBCheck->setState(options_.printRGB);
+    CMYKCheck->setState(options_.printCMYK);
+    desktop_.log("Done with init variantecontroler");
 }
 
 FormOwner PrintOptionController::owner() {
@@ -35,7 +29,7 @@ FormOwner PrintOptionController::owner() {
 
 std::int64_t PrintOptionController::showVarianteWindow() {
     if (!printOptionWindow.connected()) return 0;
-    const std::int64_t code = desk_.desktop().runModal(*printOptionWindow);
+    const std::int64_t code = desktop_.runModal(*printOptionWindow);
     printOptionWindow->orderOut();
     return code;
 }
@@ -43,23 +37,23 @@ std::int64_t PrintOptionController::showVarianteWindow() {
 void PrintOptionController::chooseSize() {
     const std::string title = buttonMatrix->selectedTitle();
     for (std::int16_t size = 0; const PrintSize& known : kPrintSizes) {
-        if (title == known.title) desk_.setSwatchPrintsize(size);
+        if (title == known.title) options_.printSize = size;
         ++size;
     }
 }
 
 void PrintOptionController::putName() {
-    desk_.setPrintAttributes(0, NameCheck->state() == 1);
+    options_.setPrintAttributes(0, NameCheck->state() == 1);
 }
 void PrintOptionController::putRGB() {
-    desk_.setPrintAttributes(1, RGBCheck->state() == 1);
+    options_.setPrintAttributes(1, RGBCheck->state() == 1);
 }
 void PrintOptionController::putCMYK() {
-    desk_.setPrintAttributes(2, CMYKCheck->state() == 1);
+    options_.setPrintAttributes(2, CMYKCheck->state() == 1);
 }
 
 void PrintOptionController::ok() {
-    desk_.desktop().stopModal(1);
+    desktop_.stopModal(1);
 }
 
 } // namespace chromalog

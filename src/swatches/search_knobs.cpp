@@ -14,84 +14,59 @@ std::string foundText(std::int64_t hits) {
 
 } // namespace
 
-std::vector<OutletEntry> SearchKnobs::table() {
-    return {{"findColor1", &findColor1}, {"findColor2", &findColor2}, {"seachStep1", &seachStep1},
-            {"seachStep2", &seachStep2}, {"found1", &found1},         {"found2", &found2}};
-}
-
 void SearchKnobs::observeFields() {
-    for (Outlet<TextField>* outlet : {&findColor1, &findColor2}) {
-        if (!outlet->connected()) continue;
-        TextField& field = **outlet;
-        field.onEdit = [this, &field] { searchTextDidChange(field); };
-        field.onReturn = [this, &field] { nextHit(field); };
+    for (SwatchPanel* panel : {&one_, &two_}) {
+        panel->searchField->whenEdited([this, panel] { searchTextDidChange(*panel); });
+        panel->searchField->whenReturnPressed([this, panel] { nextHit(*panel); });
     }
 }
 
-void SearchKnobs::searchTextDidChange(const TextField& field) {
+void SearchKnobs::searchTextDidChange(SwatchPanel& panel) {
     if (queryStartTimer_) {
         queryStartTimer_->fireIn(kTypingPause);
         return;
     }
-    timedField_ = &field;
+    timed_ = &panel;
     queryStartTimer_ = desktop_.startTimer(kTypingPause, [this] { startNewSearchQuery(); });
 }
 
 void SearchKnobs::startNewSearchQuery() {
-    if (findColor1.is(timedField_))
-        swatch1_.queryForColorsByName(findColor1->text());
-    else
-        swatch2_.queryForColorsByName(findColor2->text());
-    timedField_ = nullptr;
+    if (timed_) timed_->view.queryForColorsByName(timed_->searchField->text());
+    timed_ = nullptr;
     queryStartTimer_.reset();
 }
 
-void SearchKnobs::nextHit(const TextField& field) {
+void SearchKnobs::nextHit(SwatchPanel& panel) {
     if (queryStartTimer_) return startNewSearchQuery();
-    const bool first = findColor1.is(&field);
-    const auto hits = static_cast<std::int64_t>((first ? swatch1_ : swatch2_).hits().size());
+    const std::int64_t hits = std::ssize(panel.view.hits());
     if (hits < 1) return;
-    Stepper& stepper = first ? *seachStep1 : *seachStep2;
+    Stepper& stepper = *panel.hitStepper;
     if (hits > 1) {
         const std::int64_t next = (static_cast<std::int64_t>(stepper.value()) + 1) % hits;
         stepper.configure(0, static_cast<double>(hits - 1), 1, static_cast<double>(next), true);
     }
-    first ? jumpFirst() : jumpSecond();
-}
-
-void SearchKnobs::activateKnobs(const CSwatchList& view, double hits) {
-    const auto count = static_cast<std::int64_t>(hits);
-    &view == &swatch1_ ? activateKnob1(count) : activateKnob2(count);
+    jump(panel);
 }
 
 /// Whether there are several hits. The stepper keeps its value where there are not: kept, a single hit may so
 /// be missed.
-bool SearchKnobs::setUpStepper(Stepper& stepper, TextField& found, std::int64_t hits) {
+bool SearchKnobs::setUpStepper(SwatchPanel& panel, std::int64_t hits) {
     const bool several = hits >= 2;
-    stepper.setEnabled(several);
-    found.setEnabled(several);
-    if (several) stepper.configure(0, static_cast<double>(hits - 1), 1, 0, true);
+    panel.hitStepper->setEnabled(several);
+    panel.found->setEnabled(several);
+    if (several) panel.hitStepper->configure(0, static_cast<double>(hits - 1), 1, 0, true);
     return several;
 }
 
-void SearchKnobs::activateKnob1(std::int64_t hits) {
-    const bool several = setUpStepper(*seachStep1, *found1, hits);
-    if (several || hits == 1) jumpFirst();
-    found1->setText(foundText(hits));
+void SearchKnobs::activateKnobs(SwatchPanel& panel, double hits) {
+    const auto count = static_cast<std::int64_t>(hits);
+    const bool several = setUpStepper(panel, count);
+    if (several || count == 1) jump(panel);
+    panel.found->setText(foundText(count));
 }
 
-void SearchKnobs::activateKnob2(std::int64_t hits) {
-    const bool several = setUpStepper(*seachStep2, *found2, hits);
-    if (several || hits == 1) jumpSecond();
-    found2->setText(foundText(hits));
-}
-
-void SearchKnobs::jumpFirst() {
-    swatch1_.jumpToColor(static_cast<std::int64_t>(seachStep1->value()));
-}
-
-void SearchKnobs::jumpSecond() {
-    swatch2_.jumpToColor(static_cast<std::int64_t>(seachStep2->value()));
+void SearchKnobs::jump(SwatchPanel& panel) {
+    panel.view.jumpToColor(static_cast<std::int64_t>(panel.hitStepper->value()));
 }
 
 } // namespace chromalog

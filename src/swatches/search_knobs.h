@@ -1,46 +1,38 @@
 #pragma once
 
 #include "desktop/desktop.h"
-#include "swatches/swatch_list_view.h"
+#include "swatches/swatch_panel.h"
 
+#include <cstdint>
 #include <memory>
-#include <vector>
 
 namespace chromalog {
 
-/// The controls that search the two lists by name as one types: a field, a stepper through the hits and a
-/// label with their number for each list.
+/// Searches the two lists by name as one types: a field, a stepper through the hits and a label with their
+/// number for each list.
 class SearchKnobs {
   public:
-    SearchKnobs(Desktop& desktop, CSwatchList& swatch1, CSwatchList& swatch2)
-        : desktop_(desktop), swatch1_(swatch1), swatch2_(swatch2) {}
+    SearchKnobs(Desktop& desktop, SwatchPanel& one, SwatchPanel& two)
+        : desktop_(desktop), one_(one), two_(two) {}
 
-    Outlet<TextField> findColor1, findColor2;
-    Outlet<Stepper> seachStep1, seachStep2;
-    Outlet<TextField> found1, found2;
-
-    std::vector<OutletEntry> table();
     void observeFields(); ///< after the outlets are connected
 
-    /// Searches 0.25 s after the last keystroke. A timer that waits keeps the field that it was started for.
-    void searchTextDidChange(const TextField&);
+    /// Searches 0.25 s after the last keystroke. A timer that waits keeps the list that it was started for.
+    void searchTextDidChange(SwatchPanel&);
     void startNewSearchQuery();
     /// Return in a search field: the next hit, round and round; a search that still waits runs now instead.
-    void nextHit(const TextField&);
+    void nextHit(SwatchPanel&);
 
-    void activateKnobs(const CSwatchList&, double hits);
-    void activateKnob1(std::int64_t hits);
-    void activateKnob2(std::int64_t hits);
-    void jumpFirst();
-    void jumpSecond();
+    void activateKnobs(SwatchPanel&, double hits); ///< after a search
+    void jump(SwatchPanel&);                       ///< to the hit of the stepper
 
   private:
-    static bool setUpStepper(Stepper&, TextField& found, std::int64_t hits);
+    static bool setUpStepper(SwatchPanel&, std::int64_t hits);
 
     Desktop& desktop_;
-    CSwatchList& swatch1_;
-    CSwatchList& swatch2_;
-    const TextField* timedField_ = nullptr; ///< what the timer carries
+    SwatchPanel& one_;
+    SwatchPanel& two_;
+    SwatchPanel* timed_ = nullptr; ///< what the timer carries
     std::unique_ptr<Timer> queryStartTimer_;
 };
 

@@ -36,8 +36,8 @@ void CSwatchList::mouseDragged(const MouseEvent& event) {
     drag.pasteboard.colourType = drag.pasteboard.textType = true;
     drag.pasteboard.colour = colour;
     drag.pasteboard.text = macRomanToUtf8(zeroTerminatedName(*record));
-    desk_.desktop().setGeneralPasteboard(drag.pasteboard);
-    desk_.desktop().beginDrag(drag);
+    delegate_.desktop().setGeneralPasteboard(drag.pasteboard);
+    delegate_.desktop().beginDrag(drag);
 }
 
 DragOperation CSwatchList::draggingEntered(const DragInfo& info) {
@@ -45,7 +45,7 @@ DragOperation CSwatchList::draggingEntered(const DragInfo& info) {
 }
 
 bool CSwatchList::performDragOperation(const DragInfo& info) {
-    desk_.setUndoablePosition(undo_label::colorDeleted); // whatever the drop then does: kept
+    delegate_.setUndoablePosition(undo_label::colorDeleted); // whatever the drop then does: kept
     const std::int16_t drop = std::max<std::int16_t>(geometry::rowAtPoint(info.location), 0);
     if (!info.pasteboard.colourType || !info.pasteboard.colour) return true;
     const Colour& colour = *info.pasteboard.colour;
@@ -64,7 +64,7 @@ bool CSwatchList::performDragOperation(const DragInfo& info) {
 StoredName CSwatchList::droppedName(const Pasteboard& pasteboard, const Colour& colour, int place) const {
     if (pasteboard.textType) return StoredName(pasteboard.text.value_or(""));
     std::string name = "New Color";
-    desk_.isFirstColorId(colour, static_cast<std::int16_t>(place), name);
+    delegate_.isFirstColorId(colour, static_cast<std::int16_t>(place), name);
     StoredName stored(name);
     stored.length = 9; // for any name: kept
     return stored;
@@ -80,7 +80,7 @@ void CSwatchList::insertDropped(const Pasteboard& pasteboard, const Colour& colo
 
 void CSwatchList::refuseDropped(const FCOStruct* near) {
     const std::string name = near ? macRomanToUtf8(zeroTerminatedName(*near)) : std::string();
-    desk_.desktop().runAlert({"Thist color exists !", shownAsFormat(name), "ok"});
+    delegate_.desktop().runAlert({"Thist color exists !", shownAsFormat(name), "ok"});
 }
 
 } // namespace chromalog

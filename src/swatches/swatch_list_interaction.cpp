@@ -46,7 +46,7 @@ void CSwatchList::mouseDown(const MouseEvent& event) {
 
 void CSwatchList::rightMouseDown(const MouseEvent& event) {
     selectcolor = geometry::rowAtPoint(event.location); // shown and made the first colour by neither: kept
-    desk_.menu(*this).popUp(*this, event.location);
+    delegate_.menu(*this).popUp(*this, event.location);
 }
 
 bool CSwatchList::keyDown(const KeyEvent& event) {
@@ -67,7 +67,7 @@ void CSwatchList::selectByKey(int row) {
     selectRow(static_cast<std::int16_t>(row));
     const std::optional<Rect> clip = superviewBounds();
     if (!clip) return;
-    ScrollView& scroller = desk_.scroller(*this);
+    ScrollView& scroller = delegate_.scroller(*this);
     const double top = geometry::kRowPitch * row;
     const double bottom = top + geometry::kRowPitch + geometry::kMargin;
     const double offset = scroller.verticalScroller() * std::max(0.0, frame().h - clip->h);
@@ -79,7 +79,7 @@ void CSwatchList::selectByKey(int row) {
 
 void CSwatchList::deleteEntry() {
     if (selectcolor >= nfcocolors) return;
-    desk_.setUndoablePosition(undo_label::colorDeleted);
+    delegate_.setUndoablePosition(undo_label::colorDeleted);
     deleteRecord(records(), nfcocolors, selectcolor);
     --nfcocolors;
     contentsChanged();
@@ -87,7 +87,7 @@ void CSwatchList::deleteEntry() {
 
 bool CSwatchList::addFcoColor(const Colour& colour, std::int16_t position) {
     if (nfcocolors >= kListCapacity) {
-        desk_.desktop().runAlert(limitAlert(nfcocolors + 1));
+        delegate_.desktop().runAlert(limitAlert(nfcocolors + 1));
         return false;
     }
     const int place = insertGap(records(), nfcocolors, position);

@@ -16,24 +16,26 @@ void CSwatchList::sortSwatchList(std::string_view key) {
 void CSwatchList::queryForColorsByName(std::string_view text) {
     sens = 1;
     LastShown = 0;
-    lostAndFound = findByName(records(), desk_.list1Records(), nfcocolors, text);
+    lostAndFound = findByName(records(), delegate_.list1Records(), nfcocolors, text);
     LAFindex = 0;
     LAFCount = lostAndFound.size();
-    desk_.activateKnobs(*this, static_cast<double>(LAFCount));
+    delegate_.activateKnobs(*this, static_cast<double>(LAFCount));
 }
 
 void CSwatchList::jumpToColor(std::int64_t hit) {
     const bool backwards = static_cast<std::int64_t>(LastShown) > hit;
-    if (backwards != (sens != 0)) desk_.desktop().playSound("Frog"); // also at the first jump after a search
+    if (backwards != (sens != 0))
+        delegate_.desktop().playSound("Frog"); // also at the first jump after a search
     sens = backwards;
     LastShown = static_cast<std::uint64_t>(hit);
     if (hit < 0 || hit >= std::ssize(lostAndFound)) { // a stepper may hold a value of an earlier search
-        desk_.desktop().log("jumpToColor: hit " + std::to_string(hit) + " of " + std::to_string(LAFCount));
+        delegate_.desktop().log("jumpToColor: hit " + std::to_string(hit) + " of " +
+                                std::to_string(LAFCount));
         return;
     }
     const FoundEntry& entry = lostAndFound[static_cast<std::size_t>(hit)];
     selectcolor = static_cast<std::int16_t>(entry.position);
-    ScrollView& scroller = desk_.scroller(*this);
+    ScrollView& scroller = delegate_.scroller(*this);
     scroller.setVerticalScroller(entry.scrollValue);
     logScrollValue(entry.scrollValue);
     scroller.scrollToPoint({bounds().x, entry.scrollValue * bounds().h});

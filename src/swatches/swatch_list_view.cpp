@@ -22,7 +22,7 @@ void CSwatchList::initWithFrame(const Rect& frame) {
 void CSwatchList::initFromControler() {
     lostAndFound.clear();
     lostAndFound.reserve(25);
-    desk_.setFirstColor(*this, selectcolor);
+    delegate_.setFirstColor(*this, selectcolor);
     setScrollSize();
 }
 
@@ -42,7 +42,7 @@ void CSwatchList::setScrollPos(float position) {
 }
 
 void CSwatchList::logScrollValue(double value) const {
-    desk_.desktop().log("ScrollValue : ," + fixedText(value));
+    delegate_.desktop().log("ScrollValue : ," + fixedText(value));
 }
 
 RGBColor CSwatchList::bufferColorOf(const FCOStruct& record) {
@@ -59,7 +59,7 @@ void CSwatchList::objRGBToCGColor(const RGBColor& color, float (&output)[4]) {
 
 void CSwatchList::selectRow(std::int16_t row) {
     selectcolor = row;
-    desk_.setFirstColor(*this, selectcolor);
+    delegate_.setFirstColor(*this, selectcolor);
     setNeedsDisplay();
     announceChange();
 }
@@ -69,12 +69,8 @@ void CSwatchList::saveSwatches(std::vector<std::uint8_t>& data) const {
 }
 
 void CSwatchList::drawRect(Canvas& canvas) {
-    if (nfcocolors <= 0) return;
-    if (!canvas.drawsToScreen()) {
-        PrintRect(canvas);
-        return;
-    }
-    desk_.desktop().log("DrawSwatches Oy= ," + fixedText(frame().y) + " HY ," + fixedText(frame().h));
+    if (nfcocolors <= 0 || !canvas.drawsToScreen()) return; // paper gets pages of its own
+    delegate_.desktop().log("DrawSwatches Oy= ," + fixedText(frame().y) + " HY ," + fixedText(frame().h));
     canvas.setLineWidth(1);
     canvas.setStroke(Colour());
     canvas.setFill(Colour());

@@ -6,7 +6,6 @@
 #include "swatches/search.h"
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,9 +21,9 @@ struct RGBColor {
 };
 
 /// What a swatch list asks of the dialog around it.
-class CSwatchListDesk {
+class CSwatchListDelegate {
   public:
-    virtual ~CSwatchListDesk() = default;
+    virtual ~CSwatchListDelegate() = default;
     virtual Desktop& desktop() = 0;
     /// The list's swatch becomes the first working colour; only list 1 feeds it.
     virtual void setFirstColor(CSwatchList&, std::int16_t index) = 0;
@@ -43,7 +42,7 @@ class CSwatchListDesk {
 /// selection are stored as told; every access to a record is held to the array.
 class CSwatchList : public View {
   public:
-    explicit CSwatchList(CSwatchListDesk& desk) : desk_(desk) {}
+    explicit CSwatchList(CSwatchListDelegate& delegate) : delegate_(delegate) {}
 
     void initWithFrame(const Rect& frame);
     void initFromControler(); ///< after the array and the count are set
@@ -79,9 +78,6 @@ class CSwatchList : public View {
     void drawRect(Canvas&) override;
     /// Appends the whole list as a swatch file of version 2.
     void saveSwatches(std::vector<std::uint8_t>& data) const;
-    /// Draws the list on paper, a sheet at a time, as the print job that set `onPaper` laid it out.
-    void PrintRect(Canvas&);
-    std::function<void(Canvas&)> onPaper;
 
     // Editing by mouse, keyboard and drags.
     void selectRow(std::int16_t row); ///< as a click does: selection, first colour, redisplay
@@ -124,7 +120,7 @@ class CSwatchList : public View {
     void drawRow(Canvas&, int row, FCOStruct&);
     void logScrollValue(double) const;
 
-    CSwatchListDesk& desk_;
+    CSwatchListDelegate& delegate_;
     RGBColor BufferColor;                 ///< scratch: the row being drawn or dragged
     std::int16_t nfcocolors = 0;          ///< the view's own count
     std::int16_t selectcolor = 0;         ///< selected row, not range-checked

@@ -25,10 +25,6 @@ PrintCell chartCell(const Rect& cell, const Colour& colour) {
     return printed;
 }
 
-Size sizeOf(const Rect& r) {
-    return {r.w, r.h};
-}
-
 } // namespace
 
 PrintPage degradePage(const GradientCorners& corners, Size page) {
@@ -49,16 +45,6 @@ PrintPage tonePage(const ToneCircle& circle, const Colour& second, Size page) {
             printed.cells.push_back(chartCell({k * cell.w, j * cell.h, cell.w, cell.h},
                                               k == 0 ? second : toneCell(circle, second, k, j)));
     return printed;
-}
-
-void degradeView::printRect(Canvas& canvas) {
-    paintPage(degradePage(corners(), sizeOf(bounds())), canvas);
-}
-
-void toneView::printRect(Canvas& canvas) {
-    const Colour second = desk_.getSecondColor();
-    const ToneCircle circle = toneCircle(desk_.getToneShadeValue() / 100, second, desk_.absoluteTone());
-    paintPage(tonePage(circle, second, sizeOf(bounds())), canvas);
 }
 
 } // namespace chromalog

@@ -16,7 +16,7 @@ Rect squareAround(Point p, double side) {
 } // namespace
 
 void chartView::pick(Point p) {
-    selectedColor_ = chartDesk_.desktop().capture(*this).colourAt(p.x, bounds().h - p.y);
+    selectedColor_ = desktop_.capture(*this).colourAt(p.x, bounds().h - p.y);
     announceChange();
 }
 
@@ -34,8 +34,8 @@ void chartView::mouseDragged(const MouseEvent& event) {
     drag.image = {{image.w, image.h}, *selectedColor_, false, {image.x, image.y}};
     drag.pasteboard.colourType = true; // no text: it would name the swatch that a list makes of the colour
     drag.pasteboard.colour = selectedColor_;
-    chartDesk_.desktop().setGeneralPasteboard(drag.pasteboard);
-    chartDesk_.desktop().beginDrag(drag);
+    desktop_.setGeneralPasteboard(drag.pasteboard);
+    desktop_.beginDrag(drag);
 }
 
 bool chartView::keyDown(const KeyEvent& event) {

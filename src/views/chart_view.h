@@ -7,23 +7,15 @@
 
 namespace chromalog {
 
-/// What a chart asks of the dialog.
-class chartDesk {
-  public:
-    virtual ~chartDesk() = default;
-    virtual Desktop& desktop() = 0;
-};
-
 /// A chart of colours that a click picks and a drag carries away. Picks read the view's own picture, so that
 /// whatever lies under the pointer can be picked; the working colours do not change.
 class chartView : public View {
   public:
-    explicit chartView(chartDesk& desk) : chartDesk_(desk) {}
+    explicit chartView(Desktop& desktop) : desktop_(desktop) {}
 
     bool isFlipped() const override { return isPrinting_; }
     bool isPrinting() const { return isPrinting_; }
     void setPrinting(bool printing) { isPrinting_ = printing; }
-    virtual void printRect(Canvas&) = 0; ///< the chart as a page of labelled patches
     const std::optional<Colour>& selectedColor() const {
         return selectedColor_;
     } ///< nothing until the first pick
@@ -45,7 +37,7 @@ class chartView : public View {
   private:
     void pick(Point);
 
-    chartDesk& chartDesk_;
+    Desktop& desktop_;
     std::optional<Colour> selectedColor_;
     bool isPrinting_ = false;
 };

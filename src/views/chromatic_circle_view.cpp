@@ -50,7 +50,7 @@ Outline outlineOf(std::int16_t mode, const HarmonyPoints& h) {
 } // namespace
 
 void chromaticCircleView::drawOnce() {
-    brightness_ = desk_.getLuminosity();
+    brightness_ = colours_.getLuminosity();
     picture_.render(wholePixels(bounds().w), brightness_);
     rendered_ = true;
 }
@@ -74,7 +74,7 @@ void chromaticCircleView::drawRect(Canvas& canvas) {
 }
 
 Path chromaticCircleView::markers() const {
-    const Outline outline = outlineOf(desk_.getHarmonyMode(), harmony_);
+    const Outline outline = outlineOf(colours_.getHarmonyMode(), harmony_);
     Path path;
     path.oval(squareAround(selectedPoint_, selectedRadius));
     for (Point p : outline.rings)
@@ -102,8 +102,8 @@ Colour chromaticCircleView::getColorAtPoint(Point p) const {
 
 void chromaticCircleView::setHarmonyColors() {
     const Size size{bounds().w, bounds().h};
-    desk_.setAlpha(harmonyAngle(size, selectedPoint_));
-    harmony_ = harmonyPoints(size, selectedPoint_, desk_.getAlpha());
+    colours_.setAlpha(harmonyAngle(size, selectedPoint_));
+    harmony_ = harmonyPoints(size, selectedPoint_, colours_.getAlpha());
     struct Read {
         Point point;
         std::int16_t code;
@@ -111,7 +111,7 @@ void chromaticCircleView::setHarmonyColors() {
     for (const Read& read : {Read{harmony_.opposite, 1}, Read{harmony_.balance1, 4},
                              Read{harmony_.balance2, 5}, Read{harmony_.equi1, 2}, Read{harmony_.equi2, 3},
                              Read{harmony_.quadri1, 6}, Read{harmony_.quadri2, 7}})
-        desk_.setoppositeColor(getColorAtPoint(read.point), read.code);
+        colours_.setoppositeColor(getColorAtPoint(read.point), read.code);
 }
 
 void chromaticCircleView::setCursorWithColor(const Colour& colour) {
@@ -127,7 +127,7 @@ void chromaticCircleView::setCursorWithColor(const Colour& colour) {
 void chromaticCircleView::sizeChanged() {
     if (!rendered_) return; // nothing was placed yet
     drawOnce();
-    setCursorWithColor(desk_.getSecondColor());
+    setCursorWithColor(colours_.getSecondColor());
 }
 
 void chromaticCircleView::pick(Point p) {
@@ -138,7 +138,7 @@ void chromaticCircleView::pick(Point p) {
     const double dx = c - p.x, dy = c - p.y;
     if (!(c > std::sqrt(dx * dx + dy * dy))) return;
     selectedPoint_ = p;
-    desk_.changeSecondColor(pixelAt(p.x, row));
+    colours_.changeSecondColor(pixelAt(p.x, row));
     setHarmonyColors();
     setNeedsDisplay();
     announceChange();
@@ -161,7 +161,7 @@ Accessible chromaticCircleView::accessible() const {
     Accessible a;
     a.role = Accessible::Role::colourChooser;
     a.name = "Color wheel";
-    a.value = accessibleColour(desk_.getSecondColor());
+    a.value = accessibleColour(colours_.getSecondColor());
     a.description =
         "Hue and saturation of the second color. Arrow keys move the point, with Shift ten times as far.";
     return a;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "colour/harmony.h"
+#include "colour/working_colours.h"
 #include "desktop/view.h"
 #include "views/wheel_picture.h"
 
@@ -8,26 +9,12 @@
 
 namespace chromalog {
 
-/// What the wheel asks of the dialog.
-class chromaticCircleDesk {
-  public:
-    virtual ~chromaticCircleDesk() = default;
-    virtual float getLuminosity() const = 0; ///< brightness of the disc; may lie outside 0..1
-    virtual std::int16_t getHarmonyMode() const = 0;
-    virtual Colour getSecondColor() const = 0;
-    virtual void changeSecondColor(const Colour&) = 0; ///< a pick
-    virtual float getAlpha() const = 0;                ///< the spread angle in degrees
-    virtual void setAlpha(float radians) = 0;          ///< the selected point's angle; never read back
-    virtual void setoppositeColor(const Colour&,
-                                  std::int16_t code) = 0; ///< a harmony colour for the well of that code
-};
-
 /// The colour wheel: hue around the centre, saturation outwards, at the dialog's brightness. Picks and
 /// harmony colours are read from its own picture at one pixel a point; the screen gets a picture at its own
 /// scale.
 class chromaticCircleView : public View {
   public:
-    explicit chromaticCircleView(chromaticCircleDesk& desk) : desk_(desk) {}
+    explicit chromaticCircleView(WorkingColours& colours) : colours_(colours) {}
 
     void drawOnce(); ///< renders the picture at the dialog's brightness
     void drawRect(Canvas&) override;
@@ -54,7 +41,7 @@ class chromaticCircleView : public View {
     const Bitmap& shownPicture(double scale);
     Path markers() const;
 
-    chromaticCircleDesk& desk_;
+    WorkingColours& colours_;
     Point selectedPoint_; ///< stands for the second working colour
     HarmonyPoints harmony_;
     WheelPicture picture_;      ///< one pixel a point

@@ -34,7 +34,7 @@ Colour gradientCell(const GradientCorners& c, int row, int column) {
 }
 
 void degradeView::drawRect(Canvas& canvas) {
-    if (!canvas.drawsToScreen()) return printRect(canvas);
+    if (!canvas.drawsToScreen()) return; // paper gets pages of its own
     const double side = frame().w / gradientCells;
     for (int row = 0; row < gradientCells; ++row)
         for (int column = 0; column < gradientCells; ++column) {

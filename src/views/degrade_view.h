@@ -4,8 +4,6 @@
 
 namespace chromalog {
 
-using degradeDesk = chartDesk;
-
 constexpr int gradientCells = 16; ///< a side
 
 /// The four corners of the blend. The names are mirrored against the screen: UL shows at the top right, UR at
@@ -23,11 +21,10 @@ Colour gradientCell(const GradientCorners&, int row, int column);
 /// The gradient: 16 × 16 cells blended between four corner colours, which drops replace.
 class degradeView : public chartView {
   public:
-    explicit degradeView(degradeDesk& desk) : chartView(desk) {}
+    explicit degradeView(Desktop& desktop) : chartView(desktop) {}
 
     const char* className() const override { return "degradeView"; }
     void drawRect(Canvas&) override;
-    void printRect(Canvas&) override;
     const GradientCorners& corners() const { return corners_; }
 
     bool acceptsColourDrags() const override { return true; }

@@ -14,7 +14,7 @@ constexpr int cells = 100;
 } // namespace
 
 void luminosityView::drawRect(Canvas& canvas) {
-    const Colour second = desk_.getSecondColor();
+    const Colour second = colours_.getSecondColor();
     const auto hue = static_cast<float>(second.hue());
     const auto saturation = static_cast<float>(second.saturation());
     const auto brightness = static_cast<float>(second.brightness());
@@ -44,14 +44,12 @@ void luminosityView::pick(Point p) {
 
 void luminosityView::setBrightness(float brightness) {
     setNeedsDisplay();
-    desk_.setLuminosity(brightness);
-    desk_.redrawCircle();
-    desk_.setHarmonyColors(); // read from the rebuilt picture
+    colours_.moveLuminosity(brightness);
     announceChange();
 }
 
 double luminosityView::percent() const {
-    return std::round(desk_.getSecondColor().brightness() * 100);
+    return std::round(colours_.getSecondColor().brightness() * 100);
 }
 
 bool luminosityView::keyDown(const KeyEvent& event) {
@@ -74,7 +72,7 @@ Accessible luminosityView::accessible() const {
     Accessible a;
     a.role = Accessible::Role::slider;
     a.name = "Luminosity";
-    a.value = accessibleColour(desk_.getSecondColor());
+    a.value = accessibleColour(colours_.getSecondColor());
     a.description = "Brightness of the second color in percent. Arrow keys change it by 1, with Shift by 10.";
     a.range = {percent(), 0, 100, 1};
     return a;

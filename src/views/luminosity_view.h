@@ -1,24 +1,15 @@
 #pragma once
 
+#include "colour/working_colours.h"
 #include "desktop/view.h"
 
 namespace chromalog {
-
-/// What the strip asks of the dialog.
-class luminosityDesk {
-  public:
-    virtual ~luminosityDesk() = default;
-    virtual Colour getSecondColor() const = 0;
-    virtual void setLuminosity(float) = 0; ///< not held to 0..1
-    virtual void redrawCircle() = 0;
-    virtual void setHarmonyColors() = 0;
-};
 
 /// The luminosity strip: the second colour's hue and saturation at 100 levels of brightness, black at the
 /// bottom.
 class luminosityView : public View {
   public:
-    explicit luminosityView(luminosityDesk& desk) : desk_(desk) {}
+    explicit luminosityView(WorkingColours& colours) : colours_(colours) {}
 
     const char* className() const override { return "luminosityView"; }
     void drawRect(Canvas&) override;
@@ -36,7 +27,7 @@ class luminosityView : public View {
     void setBrightness(float);
     double percent() const; ///< of full brightness, whole
 
-    luminosityDesk& desk_;
+    WorkingColours& colours_;
 };
 
 } // namespace chromalog

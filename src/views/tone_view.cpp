@@ -62,16 +62,21 @@ Colour toneCell(const ToneCircle& circle, const Colour& second, int ring, int se
     return Colour::rgb(cell[0], cell[1], cell[2]);
 }
 
+ToneCircle toneView::circle() const {
+    const float tone = static_cast<float>(toneSlider->value());
+    return toneCircle(tone / 100, middle(), absOrRel->state() == 1);
+}
+
 void toneView::drawRect(Canvas& canvas) {
-    canvas.fillRect(bounds()); // in the canvas's current colour
-    if (!canvas.drawsToScreen()) return printRect(canvas);
+    canvas.fillRect(bounds());           // in the canvas's current colour
+    if (!canvas.drawsToScreen()) return; // paper gets pages of its own
     canvas.setFill(Colour::rgb(0.9, 0.9, 0.9));
     canvas.fillRect(bounds());
     canvas.setLineWidth(outlineWidth);
     const float radius = static_cast<float>(bounds().h / 2);
     const Point centre{radius, radius};
-    const Colour second = desk_.getSecondColor();
-    const ToneCircle circle = toneCircle(desk_.getToneShadeValue() / 100, second, desk_.absoluteTone());
+    const Colour second = middle();
+    const ToneCircle circle = this->circle();
     Path cell;
     for (int ring = toneRings; ring >= 1; --ring) {
         const double inner = radius * ring / 8;

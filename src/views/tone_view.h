@@ -1,18 +1,11 @@
 #pragma once
 
+#include "colour/working_colours.h"
 #include "views/chart_view.h"
 
 #include <array>
 
 namespace chromalog {
-
-/// What the tone chart asks of the dialog.
-class toneDesk : public chartDesk {
-  public:
-    virtual Colour getSecondColor() const = 0;
-    virtual bool absoluteTone() const = 0;
-    virtual float getToneShadeValue() const = 0; ///< the slider's value; 100 is the full tone
-};
 
 constexpr int toneRings = 7;
 constexpr int toneSectors = 32;
@@ -30,11 +23,17 @@ Colour toneCell(const ToneCircle&, const Colour& second, int ring, int sector);
 /// The tone chart: seven rings of 32 sectors around the second colour.
 class toneView : public chartView {
   public:
-    explicit toneView(toneDesk& desk) : chartView(desk), desk_(desk) {}
+    toneView(WorkingColours& colours, Desktop& desktop) : chartView(desktop), colours_(colours) {}
+
+    Outlet<Button> absOrRel;   ///< state 1: absolute
+    Outlet<Slider> toneSlider; ///< 100 is the full tone
 
     const char* className() const override { return "toneView"; }
     void drawRect(Canvas&) override;
-    void printRect(Canvas&) override;
+
+    // What it shows: the disc in its middle, and the eight colours around.
+    Colour middle() const { return colours_.getSecondColor(); }
+    ToneCircle circle() const;
 
   protected:
     void moveCell(int right, int up) override; ///< up: the next ring outwards; right: clockwise
@@ -43,7 +42,7 @@ class toneView : public chartView {
     const char* accessibleName() const override { return "Tone chart"; }
 
   private:
-    toneDesk& desk_;
+    WorkingColours& colours_;
     int ring_ = 0, sector_ = 0; ///< where the keyboard stands; ring 0 is the disc in the middle
 };
 

@@ -1,8 +1,8 @@
 #include "colour/working_colours.h"
 
-#include "support/headless_controls.h"
+#include "support/headless_colours.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <memory>
 #include <vector>
@@ -11,7 +11,10 @@ namespace chromalog {
 namespace {
 
 using test::HeadlessColorWell;
+using test::HeadlessColours;
 using test::HeadlessTextField;
+using testing::ElementsAre;
+using testing::IsEmpty;
 
 /// A host whose inks are 255 - value and whose black is always 255: easy to tell apart.
 std::int16_t inverting(ColorServicesInfo* info) {
@@ -26,48 +29,16 @@ std::int16_t identity(ColorServicesInfo*) {
     return 0;
 }
 
-class WorkingColoursTest : public testing::Test, public WorkingColoursDesk {
-  public:
-    ColorServicesProc services = nullptr;
-    std::vector<std::string> calls;
-    const DragSource* listSource = nullptr;
+HeadlessTextField& typed(Outlet<TextField>& field) {
+    return static_cast<HeadlessTextField&>(*field);
+}
 
-    ColorServicesProc colorServices() const override { return services; }
-    void setOkButton() override { calls.push_back("ok"); }
-    void getNearFco() override { calls.push_back("near"); }
-    void placeStripCursor() override { calls.push_back("strip"); }
-    void redrawWheelAndPlace() override { calls.push_back("wheel"); }
-    void markWheel() override { calls.push_back("markWheel"); }
-    void markToneAndStrip() override { calls.push_back("markToneAndStrip"); }
-    std::optional<std::string> selectedSwatchName(const DragSource* source) override {
-        if (source && source == listSource) return "Selected";
-        return std::nullopt;
-    }
+HeadlessColorWell& well(Outlet<ColorWell>& outlet) {
+    return static_cast<HeadlessColorWell&>(*outlet);
+}
 
-  protected:
-    void SetUp() override {
-        for (OutletEntry& entry : colours.table()) {
-            if (auto* field = std::get_if<Outlet<TextField>*>(&entry.target)) {
-                fields.push_back(std::make_unique<HeadlessTextField>());
-                (*field)->connect(fields.back().get());
-            } else {
-                wells.push_back(std::make_unique<HeadlessColorWell>());
-                std::get<Outlet<ColorWell>*>(entry.target)->connect(wells.back().get());
-            }
-        }
-        bindValueFields(colours.first, colours.second, colours);
-        colours.zeroInit();
-    }
-    static HeadlessTextField& typed(Outlet<TextField>& field) {
-        return static_cast<HeadlessTextField&>(*field);
-    }
-
-    WorkingColours colours{*this};
-    std::vector<std::unique_ptr<HeadlessTextField>> fields;
-    std::vector<std::unique_ptr<HeadlessColorWell>> wells;
-};
-
-TEST_F(WorkingColoursTest, StartWithTheirDefaults) {
+TEST(WorkingColoursTest, StartWithTheirDefaults) {
+    HeadlessColours colours;
     colours.showFirstColor();
     EXPECT_EQ(colours.first.R->text(), "229");
     EXPECT_EQ(colours.first.G->text(), "76");
@@ -76,19 +47,23 @@ TEST_F(WorkingColoursTest, StartWithTheirDefaults) {
     EXPECT_EQ(colours.getSecondColor().green(), 0.7);
 }
 
-TEST_F(WorkingColoursTest, EveryKeystrokeRebuildsTheColour) {
-    std::vector<double> reds;
-    typed(colours.first.R).onEdit = [&] {
-        colours.rgb1Changed();
+TEST(WorkingColoursTest, EveryKeystrokeRebuildsTheColour) {
+    HeadlessColours colours;
+    std::vector<double> reds, shown;
+    std::vector<Cause> causes;
+    colours.changed = [&](Cause cause) {
+        causes.push_back(cause);
         reds.push_back(colours.getFirstColor().red());
+        shown.push_back(colours.origFirstColor->color().red());
     };
     typed(colours.first.R).type("255");
-    EXPECT_EQ(reds, (std::vector<double>{2 / 255.0, 25 / 255.0, 1.0}));
-    EXPECT_EQ(calls, (std::vector<std::string>{"ok", "ok", "ok"}));
-    EXPECT_EQ(colours.origFirstColor->color().red(), 1.0);
+    EXPECT_THAT(reds, ElementsAre(2 / 255.0, 25 / 255.0, 1.0));
+    EXPECT_EQ(shown, reds) << "the well shows it before the dialog follows";
+    EXPECT_THAT(causes, ElementsAre(Cause::firstColour, Cause::firstColour, Cause::firstColour));
 }
 
-TEST_F(WorkingColoursTest, WithoutHostServicesTheInksShowTheInvertedValues) {
+TEST(WorkingColoursTest, WithoutHostServicesTheInksShowTheInvertedValues) {
+    HeadlessColours colours;
     typed(colours.first.R).type("255");
     typed(colours.first.G).type("128");
     typed(colours.first.B).type("0");
@@ -98,7 +73,8 @@ TEST_F(WorkingColoursTest, WithoutHostServicesTheInksShowTheInvertedValues) {
     EXPECT_EQ(colours.first.K->text(), "100");
 }
 
-TEST_F(WorkingColoursTest, TheTwoColoursRoundTypedInksDifferently) {
+TEST(WorkingColoursTest, TheTwoColoursRoundTypedInksDifferently) {
+    HeadlessColours colours;
     struct Row {
         const char* text;
         int first, second;
@@ -112,8 +88,8 @@ TEST_F(WorkingColoursTest, TheTwoColoursRoundTypedInksDifferently) {
     }
 }
 
-TEST_F(WorkingColoursTest, TypedInksGoThroughTheHost) {
-    services = inverting;
+TEST(WorkingColoursTest, TypedInksGoThroughTheHost) {
+    HeadlessColours colours(inverting);
     for (auto* f : {&colours.first.C, &colours.first.M, &colours.first.Y, &colours.first.K})
         (*f)->setText("0");
     typed(colours.first.C).type("40");
@@ -122,16 +98,15 @@ TEST_F(WorkingColoursTest, TypedInksGoThroughTheHost) {
     EXPECT_EQ(colours.getFirstColor().red(), static_cast<double>(102 / 255.0f));
 }
 
-TEST_F(WorkingColoursTest, ATypedSecondColourMovesStripAndWheel) {
-    services = identity;
+TEST(WorkingColoursTest, ATypedSecondColourMovesStripAndWheel) {
+    HeadlessColours colours(identity);
     typed(colours.second.R).type("1");
-    EXPECT_EQ(calls,
-              (std::vector<std::string>{"near", "near", "ok", "markToneAndStrip", "strip", "wheel", "ok"}));
+    EXPECT_THAT(colours.causes, ElementsAre(Cause::secondEntered, Cause::secondColour, Cause::secondPlaced));
     EXPECT_EQ(colours.getLuminosity(), static_cast<float>(colours.getSecondColor().brightness()));
 }
 
-TEST_F(WorkingColoursTest, TypedValuesDoNotDrift) {
-    services = identity;
+TEST(WorkingColoursTest, TypedValuesDoNotDrift) {
+    HeadlessColours colours(identity);
     for (int v = 0; v < 256; ++v) {
         typed(colours.second.R).type(std::to_string(v));
         typed(colours.second.R).endEditing();
@@ -139,8 +114,8 @@ TEST_F(WorkingColoursTest, TypedValuesDoNotDrift) {
     }
 }
 
-TEST_F(WorkingColoursTest, WhenEditingEndsTheFirstColoursFieldsShowIt) {
-    services = inverting;
+TEST(WorkingColoursTest, WhenEditingEndsTheFirstColoursFieldsShowIt) {
+    HeadlessColours colours(inverting);
     struct Row {
         const char* typedText;
         const char* shown;
@@ -157,8 +132,8 @@ TEST_F(WorkingColoursTest, WhenEditingEndsTheFirstColoursFieldsShowIt) {
         }
 }
 
-TEST_F(WorkingColoursTest, TheFirstColoursInksStayAsTypedWhenEditingEnds) {
-    services = inverting;
+TEST(WorkingColoursTest, TheFirstColoursInksStayAsTypedWhenEditingEnds) {
+    HeadlessColours colours(inverting);
     for (auto* field : {&colours.first.C, &colours.first.M, &colours.first.Y, &colours.first.K}) {
         typed(*field).type("33.7x");
         const std::string red = colours.first.R->text();
@@ -168,7 +143,8 @@ TEST_F(WorkingColoursTest, TheFirstColoursInksStayAsTypedWhenEditingEnds) {
     }
 }
 
-TEST_F(WorkingColoursTest, EveryTypedValueOfTheFirstColourStaysWhenEditingEnds) {
+TEST(WorkingColoursTest, EveryTypedValueOfTheFirstColourStaysWhenEditingEnds) {
+    HeadlessColours colours;
     for (int v = 0; v < 256; ++v) {
         typed(colours.first.R).type(std::to_string(v));
         typed(colours.first.R).endEditing();
@@ -176,15 +152,16 @@ TEST_F(WorkingColoursTest, EveryTypedValueOfTheFirstColourStaysWhenEditingEnds) 
     }
 }
 
-TEST_F(WorkingColoursTest, TheFieldBeingTypedInKeepsItsTextUntilEditingEnds) {
-    services = identity;
+TEST(WorkingColoursTest, TheFieldBeingTypedInKeepsItsTextUntilEditingEnds) {
+    HeadlessColours colours(identity);
     typed(colours.second.C).type("33.7x");
     EXPECT_EQ(colours.second.C->text(), "33.7x");
     typed(colours.second.C).endEditing();
     EXPECT_NE(colours.second.C->text(), "33.7x");
 }
 
-TEST_F(WorkingColoursTest, BrightnessZeroAndBackKeepsHueAndSaturation) {
+TEST(WorkingColoursTest, BrightnessZeroAndBackKeepsHueAndSaturation) {
+    HeadlessColours colours;
     colours.setSecondColor(Colour::rgb(0.2, 0.4, 0.8));
     colours.setLuminosity(0);
     EXPECT_EQ(colours.getSecondColor().brightness(), 0);
@@ -193,7 +170,8 @@ TEST_F(WorkingColoursTest, BrightnessZeroAndBackKeepsHueAndSaturation) {
     EXPECT_NEAR(colours.getSecondColor().blue(), 0.8, 1e-7);
 }
 
-TEST_F(WorkingColoursTest, LuminosityOutsideTheRangeIsKeptWhileTheColourIsClamped) {
+TEST(WorkingColoursTest, LuminosityOutsideTheRangeIsKeptWhileTheColourIsClamped) {
+    HeadlessColours colours;
     colours.setLuminosity(1.25f);
     EXPECT_EQ(colours.getLuminosity(), 1.25f);
     EXPECT_EQ(colours.getSecondColor().brightness(), 1.0);
@@ -202,23 +180,26 @@ TEST_F(WorkingColoursTest, LuminosityOutsideTheRangeIsKeptWhileTheColourIsClampe
     EXPECT_EQ(colours.getSecondColor().brightness(), 0.0);
 }
 
-TEST_F(WorkingColoursTest, TheSpreadIs55WhateverAngleWasReported) {
+TEST(WorkingColoursTest, TheSpreadIs55WhateverAngleWasReported) {
+    HeadlessColours colours;
     colours.setAlpha(3.14159274f);
     EXPECT_EQ(colours.getAlpha(), 55.0f);
     EXPECT_NEAR(colours.lastAlpha(), 180.0f, 1e-4);
 }
 
-TEST_F(WorkingColoursTest, AColourFromTheWheelIsMadeOpaqueAndShownEverywhere) {
+TEST(WorkingColoursTest, AColourFromTheWheelIsMadeOpaqueAndShownEverywhere) {
+    HeadlessColours colours;
     colours.changeSecondColor(Colour::rgb(0.5, 0.25, 0.75, 0.5));
     EXPECT_EQ(colours.getSecondColor().alpha(), 1.0);
     for (auto* well : {&colours.origSecondColor, &colours.origComplement, &colours.origHarmony,
                        &colours.origTrichrome, &colours.origQuadrichrome})
         EXPECT_TRUE((*well)->color().sameRgb(colours.getSecondColor()));
     EXPECT_EQ(colours.second.R->text(), "127");
-    EXPECT_EQ(calls, (std::vector<std::string>{"near", "ok", "markToneAndStrip"}));
+    EXPECT_THAT(colours.causes, ElementsAre(Cause::secondColour));
 }
 
-TEST_F(WorkingColoursTest, ASwatchBecomesTheFirstColourInSinglePrecision) {
+TEST(WorkingColoursTest, ASwatchBecomesTheFirstColourInSinglePrecision) {
+    HeadlessColours colours;
     FCOStruct swatch{};
     swatch.SRed = 0x1'0000'8000; // only the low 32 bits count, unsigned
     swatch.SGreen = -1;          // what an edited white holds: far above 1, held to 1
@@ -229,28 +210,134 @@ TEST_F(WorkingColoursTest, ASwatchBecomesTheFirstColourInSinglePrecision) {
     EXPECT_EQ(colours.colorName->text(), "Name");
 }
 
-TEST_F(WorkingColoursTest, ADropOnTheFirstWellTakesTheNameOfAListAlone) {
+/// Knows the selected swatch of one source.
+std::function<std::optional<std::string>(const DragSource*)> selectedIn(const DragSource& list) {
+    return [&list](const DragSource* source) -> std::optional<std::string> {
+        if (source == &list) return "Selected";
+        return std::nullopt;
+    };
+}
+
+TEST(WorkingColoursTest, ADropOnTheFirstWellTakesTheNameOfAListAlone) {
+    HeadlessColours colours;
+    const DragSource list;
+    colours.nameOfDragged = selectedIn(list);
     colours.colorName->setText("Before");
-    auto& well = static_cast<HeadlessColorWell&>(*colours.origFirstColor);
-    well.setColor(Colour::rgb(0.1, 0.2, 0.3, 0.5));
-    colours.setFirstAndSecondFromDrop(&well, well);
+    HeadlessColorWell& first = well(colours.origFirstColor);
+    first.setColor(Colour::rgb(0.1, 0.2, 0.3, 0.5));
+    colours.setFirstAndSecondFromDrop(&first, first);
     EXPECT_EQ(colours.colorName->text(), "Before");
     EXPECT_EQ(colours.getFirstColor().alpha(), 1.0);
     EXPECT_EQ(colours.getFirstColor().green(), 0.2);
-    listSource = colours.origSecondColor.operator->();
-    colours.setFirstAndSecondFromDrop(listSource, well);
+    colours.setFirstAndSecondFromDrop(&list, first);
     EXPECT_EQ(colours.colorName->text(), "Selected");
+    EXPECT_THAT(colours.causes, ElementsAre(Cause::firstColour, Cause::firstColour));
 }
 
-TEST_F(WorkingColoursTest, ADropOnTheSecondWellMovesWheelAndStrip) {
-    auto& well = static_cast<HeadlessColorWell&>(*colours.origSecondColor);
-    well.setColor(Colour::rgb(0.1, 0.2, 0.3));
-    colours.setFirstAndSecondFromDrop(nullptr, well);
-    EXPECT_EQ(calls, (std::vector<std::string>{"near", "near", "ok", "markToneAndStrip", "strip", "wheel",
-                                               "markWheel", "ok"}));
+TEST(WorkingColoursTest, ADropOnTheSecondWellMovesWheelAndStrip) {
+    HeadlessColours colours;
+    HeadlessColorWell& second = well(colours.origSecondColor);
+    second.setColor(Colour::rgb(0.1, 0.2, 0.3));
+    colours.setFirstAndSecondFromDrop(nullptr, second);
+    EXPECT_THAT(colours.causes, ElementsAre(Cause::secondEntered, Cause::secondColour, Cause::secondPlaced));
+    EXPECT_EQ(colours.getLuminosity(), 0.3f);
 }
 
-TEST_F(WorkingColoursTest, OnlyTheExactFirstColourGivesItsName) {
+TEST(WorkingColoursTest, ADropOnTheSecondWellTakesNoName) {
+    HeadlessColours colours;
+    const DragSource list;
+    colours.nameOfDragged = selectedIn(list);
+    colours.colorName->setText("Before");
+    well(colours.origSecondColor).drop(Colour::rgb(0.1, 0.2, 0.3), &list);
+    EXPECT_EQ(colours.colorName->text(), "Before");
+}
+
+TEST(WorkingColoursTest, BothWellsTellWhereADropCameFromAfterTheyTookTheColour) {
+    HeadlessColours colours;
+    const DragSource source;
+    const Colour dropped = Colour::rgb(0.1, 0.2, 0.3);
+    std::vector<const DragSource*> asked;
+    colours.nameOfDragged = [&](const DragSource* from) -> std::optional<std::string> {
+        asked.push_back(from);
+        EXPECT_TRUE(colours.origFirstColor->color().sameRgb(dropped));
+        return "Selected";
+    };
+    well(colours.origFirstColor).drop(dropped, &source);
+    EXPECT_THAT(asked, ElementsAre(&source));
+    EXPECT_TRUE(colours.getFirstColor().sameRgb(dropped));
+    EXPECT_EQ(colours.colorName->text(), "Selected");
+    EXPECT_FALSE(colours.getSecondColor().sameRgb(dropped));
+    EXPECT_THAT(colours.causes, ElementsAre(Cause::firstColour));
+    well(colours.origSecondColor).drop(dropped, &source);
+    EXPECT_TRUE(colours.getSecondColor().sameRgb(dropped));
+    EXPECT_EQ(colours.causes.at(1), Cause::secondEntered);
+}
+
+TEST(WorkingColoursTest, OnlyTheTwoColoursOwnWellsTakeDrops) {
+    HeadlessColours colours;
+    for (const auto& [name, control] : colours.wells)
+        EXPECT_EQ(static_cast<bool>(control->onDrop), name == "origFirstColor" || name == "origSecondColor")
+            << name;
+}
+
+TEST(WorkingColoursTest, UnconnectedOutletsAreLeftAlone) {
+    WorkingColours colours(nullptr);
+    colours.observeControls();
+    const Colour before = colours.getFirstColor();
+    const HeadlessColorWell stranger;
+    colours.setFirstAndSecondFromDrop(nullptr, stranger); // an unconnected well has no colour to take
+    EXPECT_TRUE(colours.getFirstColor().sameRgb(before));
+    const auto told = std::make_shared<int>();
+    Outlet<TextField> field;
+    field->whenEdited([told] {});
+    field->whenEditingEnds([told] {});
+    field->whenReturnPressed([told] {});
+    Outlet<ColorWell>()->whenDropped([told](const DragInfo&) {});
+    Outlet<Window>()->whenClosed([told] {});
+    EXPECT_EQ(told.use_count(), 1) << "what stands for an unconnected control keeps nothing";
+}
+
+TEST(WorkingColoursTest, HarmonyCodesReachTheirWells) {
+    HeadlessColours colours;
+    const char* const wells[] = {"complementColor",  "equi1Color",   "equi2Color",  "triHarmoni1Color",
+                                 "triHarmoni2Color", "quadri1Color", "quadri3Color"};
+    for (std::int16_t code = -1; code <= 8; ++code) {
+        colours.shown.clear();
+        colours.setoppositeColor(Colour::rgb(0.25, 0.5, 0.75), code);
+        if (code == 1)
+            EXPECT_THAT(colours.shown, ElementsAre("complementColor", "quadri2Color"));
+        else if (code > 1 && code < 8)
+            EXPECT_THAT(colours.shown, ElementsAre(wells[code - 1]));
+        else
+            EXPECT_THAT(colours.shown, IsEmpty()) << code;
+    }
+}
+
+TEST(WorkingColoursTest, EachPressOfAHarmonyButtonIsFollowed) {
+    HeadlessColours colours;
+    std::vector<int> modes;
+    colours.changed = [&](Cause cause) {
+        EXPECT_EQ(cause, Cause::harmonyMode);
+        modes.push_back(colours.getHarmonyMode());
+    };
+    for (auto press : {&WorkingColours::complementOn, &WorkingColours::harmoniquesOn,
+                       &WorkingColours::triComplementOn, &WorkingColours::quadriOn}) {
+        (colours.*press)();
+        (colours.*press)();
+    }
+    EXPECT_THAT(modes, ElementsAre(1, 0, 2, 0, 3, 3, 4, 4));
+}
+
+TEST(WorkingColoursTest, TheStripSetsTheLuminosityBeforeTheWheelFollows) {
+    HeadlessColours colours;
+    colours.moveLuminosity(0.25f);
+    EXPECT_THAT(colours.causes, ElementsAre(Cause::secondColour, Cause::luminosity));
+    EXPECT_EQ(colours.getLuminosity(), 0.25f);
+    EXPECT_EQ(colours.getSecondColor().brightness(), 0.25);
+}
+
+TEST(WorkingColoursTest, OnlyTheExactFirstColourGivesItsName) {
+    HeadlessColours colours;
     std::string name = "untouched";
     EXPECT_FALSE(colours.isFirstColorId(Colour::rgb(0.9, 0.3, 0.1000001), 0, name));
     EXPECT_EQ(name, "untouched");

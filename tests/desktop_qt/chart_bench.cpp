@@ -1,6 +1,7 @@
 // Redrawing the tone chart and the gradient beside as many plain filled paths and rectangles of the toolkit.
 #include "desktop/qt/application_guard.h"
 #include "desktop/qt/paint_canvas.h"
+#include "support/headless_colours.h"
 #include "support/headless_desktop.h"
 #include "views/degrade_view.h"
 #include "views/tone_view.h"
@@ -21,23 +22,24 @@ struct Offscreen {
     Offscreen() { setenv("QT_QPA_PLATFORM", "offscreen", 0); }
 };
 
-class Charts : Offscreen, public toneDesk {
-  public:
-    toneView tone{*this};
-    degradeView gradient{*this};
-
-    Charts() {
-        tone.layOut({0, 0, kSide, kSide});
-        gradient.layOut({0, 0, kSide, kSide});
-    }
-    Desktop& desktop() override { return desktop_; }
-    Colour getSecondColor() const override { return Colour::rgb(0.2, 0.4, 0.8); }
-    bool absoluteTone() const override { return false; }
-    float getToneShadeValue() const override { return 60; }
-
+class Charts : Offscreen {
   private:
     ApplicationGuard application_;
     test::HeadlessDesktop desktop_;
+    test::HeadlessColours colours_;
+    test::HeadlessSlider slider_;
+
+  public:
+    toneView tone{colours_, desktop_};
+    degradeView gradient{desktop_};
+
+    Charts() {
+        colours_.setSecondColor(Colour::rgb(0.2, 0.4, 0.8));
+        slider_.setValue(60);
+        tone.toneSlider.connect(&slider_);
+        tone.layOut({0, 0, kSide, kSide});
+        gradient.layOut({0, 0, kSide, kSide});
+    }
 };
 
 void redraw(benchmark::State& state, View& view) {

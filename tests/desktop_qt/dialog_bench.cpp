@@ -5,6 +5,7 @@
 #include "desktop/qt/drags.h"
 #include "desktop/qt/qt_desktop.h"
 #include "desktop/qt/view_widget.h"
+#include "host/abi/picker_record.h"
 #include "host/chromalog_controler.h"
 #include "support/temporary_folder.h"
 
@@ -44,7 +45,7 @@ class Dialog : Offscreen {
         desktop = std::make_unique<QtDesktop>(settings);
         controler = std::make_unique<ChromalogControler>(*record, *desktop);
         view("chromaView").setMinimumSize(512, 512);
-        controler->getChromalogWindow().makeKeyAndOrderFront();
+        view("chromalogWindow").show();
         paint();
     }
 
@@ -87,9 +88,10 @@ void drop(benchmark::State& state) {
         dialog.drop(target, {20, 60}, data);
         dialog.paint();
         state.PauseTiming();
-        if (dialog.controler->list(1).getNumberOfColors() != kCount + 1) state.SkipWithError("not inserted");
-        dialog.controler->list(1).setSelectedColor(2);
-        dialog.controler->list(1).deleteEntry();
+        CSwatchList& list = dialog.controler->panels().one.view;
+        if (list.getNumberOfColors() != kCount + 1) state.SkipWithError("not inserted");
+        list.setSelectedColor(2);
+        list.deleteEntry();
         dialog.paint();
         state.ResumeTiming();
     }

@@ -10,6 +10,7 @@
 #include "desktop/qt/drags.h"
 #include "desktop/qt/drive/locate.h"
 #include "desktop/qt/drive/prompts.h"
+#include "host/abi/picker_record.h"
 #include "host/chromalog_controler.h"
 
 #include <QDragEnterEvent>
@@ -102,7 +103,7 @@ TEST_F(DialogTest, TheWellsOfTheWorkingColoursAloneTakeDrops) {
 
 TEST_F(DialogTest, EveryWellGivesItsColourByDrag) {
     int wells = 0;
-    controler->getChromalogWindow().makeKeyAndOrderFront();
+    desktop.widget("chromalogWindow")->show();
     for (auto* well : desktop.widget("chromalogWindow")->findChildren<ColorWellWidget*>()) {
         QTest::mousePress(well, Qt::LeftButton, {}, {9, 9});
         QMouseEvent move(QEvent::MouseMove, QPointF(30, 9), well->mapToGlobal(QPointF(30, 9)), Qt::NoButton,

@@ -156,7 +156,7 @@ TEST_F(DragTest, AWellTakesADropAndTellsIt) {
     ColorWellWidget well;
     well.resize(40, 60);
     DragInfo told;
-    well.onDrop = [&](const DragInfo& info) { told = info; };
+    well.whenDropped([&](const DragInfo& info) { told = info; });
     const ColourMime mime({true, false, exact, std::nullopt}, &source);
     EXPECT_TRUE(dropOn(well, &mime));
     EXPECT_TRUE(well.color().sameRgb(exact));
@@ -171,7 +171,7 @@ TEST_F(DragTest, ADroppedColourRemembersNoHueAndSaturation) {
     const Colour black = Colour::hsb(0.25, 0.5, 0);
     ASSERT_EQ(black.hue(), 0.25);
     ColorWellWidget well;
-    well.onDrop = [](const DragInfo&) {};
+    well.whenDropped([](const DragInfo&) {});
     const ColourMime mime({true, false, black, std::nullopt}, &source);
     EXPECT_TRUE(dropOn(well, &mime));
     EXPECT_TRUE(well.color().sameRgb(black));
@@ -199,7 +199,7 @@ TEST_F(DragTest, AWellDragsItsColourOutAndAClickOnlyFocuses) {
 
 TEST_F(DragTest, AWellDoesNotTakeItsOwnColour) {
     ColorWellWidget well;
-    well.onDrop = [](const DragInfo&) {};
+    well.whenDropped([](const DragInfo&) {});
     const ColourMime mime({true, false, exact, std::nullopt}, &well);
     EXPECT_FALSE(dropOn(well, &mime));
 }

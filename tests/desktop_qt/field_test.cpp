@@ -39,8 +39,8 @@ class FieldTest : public DesktopTest {
         ok.setDefault(true);
         QObject::connect(&ok, &QPushButton::clicked, [this] { ++oks; });
         dialog.onClose = [this] { ++closes; };
-        field.onEdit = [this] { edits.push_back(field.text()); };
-        field.onEndEditing = [this] { ++ends; };
+        field.whenEdited([this] { edits.push_back(field.text()); });
+        field.whenEditingEnds([this] { ++ends; });
         dialog.show();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
         edit.setFocus();
@@ -153,7 +153,7 @@ TEST_F(FieldTest, AnEditElsewhereThanInTheFocusLeavesItFollowing) {
 
 TEST_F(FieldTest, TheEndOfAnEditIsToldOnceTheFieldShowsWhatWasSet) {
     std::string shown;
-    field.onEndEditing = [&] { shown = field.text(), ++ends; };
+    field.whenEditingEnds([&] { shown = field.text(), ++ends; });
     QTest::keyClicks(&edit, "300");
     field.setText("255");
     EXPECT_EQ(ends, 0);
@@ -209,7 +209,7 @@ TEST_F(FieldTest, EscapeClosesTheDialogOnce) {
 
 TEST_F(FieldTest, ASearchFieldKeepsReturnAndEscapeClearsItFirst) {
     int returns = 0;
-    field.onReturn = [&] { ++returns; };
+    field.whenReturnPressed([&] { ++returns; });
     QTest::keyClicks(&edit, "b");
     QTest::keyClick(&edit, Qt::Key_Return);
     QTest::keyClick(&edit, Qt::Key_Enter);

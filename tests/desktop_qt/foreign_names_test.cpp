@@ -6,6 +6,7 @@
 
 #include "desktop/qt/controls/plain_text.h"
 #include "desktop/qt/convert.h"
+#include "host/abi/picker_record.h"
 #include "host/chromalog_controler.h"
 
 #include <QAccessible>

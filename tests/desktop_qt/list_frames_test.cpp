@@ -1,7 +1,7 @@
 // The lines of a list are whole on screens whose scale is no whole number, wherever the list stands and
 // however far it is scrolled.
 #include "desktop_qt/desktop_fixture.h"
-#include "desktop_qt/list_desk.h"
+#include "desktop_qt/list_delegate.h"
 
 #include "desktop/qt/controls/list_scroll_area.h"
 #include "desktop/qt/drags.h"
@@ -129,9 +129,9 @@ class ListFrames : ScreenScale, public DesktopTest, public testing::WithParamInt
     }
 
     QtDesktop desktop{settings()};
-    ListDesk desk;
+    ListDelegate delegate;
     std::unique_ptr<FCOStruct[]> records;
-    CSwatchList list{desk};
+    CSwatchList list{delegate};
     QWidget window;
     ListScrollArea area{&window};
     ViewWidget* content = new ViewWidget(&area);

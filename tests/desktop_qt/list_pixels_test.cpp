@@ -1,6 +1,6 @@
 // A swatch list shows the same pixels whatever part of it is painted, and text that was laid out once shows
 // as text that is laid out anew.
-#include "desktop_qt/list_desk.h"
+#include "desktop_qt/list_delegate.h"
 
 #include "desktop/qt/application_guard.h"
 #include "desktop/qt/line_cache.h"
@@ -61,8 +61,8 @@ class ListPixels : public testing::Test, Offscreen {
     int height() const { return int(list.frame().h); }
 
     ApplicationGuard application;
-    test::ListDesk desk;
-    CSwatchList list{desk};
+    test::ListDelegate delegate;
+    CSwatchList list{delegate};
     std::unique_ptr<FCOStruct[]> records;
     LineCache lines;
 };

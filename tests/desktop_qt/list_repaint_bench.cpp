@@ -31,7 +31,7 @@ struct Offscreen {
     Offscreen() { ::setenv("QT_QPA_PLATFORM", "offscreen", 0); }
 };
 
-class QuietDesk : public CSwatchListDesk {
+class QuietDelegate : public CSwatchListDelegate {
   public:
     test::HeadlessDesktop screen;
     ScrollView noScroller;
@@ -82,8 +82,8 @@ struct ShownList : Offscreen {
 
     ApplicationGuard application;
     std::unique_ptr<FCOStruct[]> records;
-    QuietDesk desk;
-    CSwatchList list{desk};
+    QuietDelegate delegate;
+    CSwatchList list{delegate};
     ListScrollArea area;
     ViewWidget* widget = new ViewWidget;
 };

@@ -174,7 +174,10 @@ TEST_F(MishapTest, NoEventOfAViewLetsAnythingOutAndTheDialogLivesOn) {
 }
 
 TEST_F(MishapTest, NoSlotTimerOrAnswerOfAPanelLetsAnythingOut) {
-    action = field->onEdit = field->onReturn = window->onClose = runOut;
+    action = runOut;
+    field->whenEdited(runOut);
+    field->whenReturnPressed(runOut);
+    window->whenClosed(runOut);
     inLoop([&] {
         EXPECT_NO_THROW(press());
         EXPECT_EQ(failures(), 1);

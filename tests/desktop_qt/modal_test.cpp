@@ -103,11 +103,11 @@ TEST_F(ModalTest, RunningNoWindowReturnsAtOnce) {
 
 TEST_F(ModalTest, TheCloseBoxIsOneClose) {
     int closes = 0;
-    window->onClose = [&] {
+    window->whenClosed([&] {
         ++closes;
         window->orderOut();
         desktop.stopModal(0);
-    };
+    });
     later([&] { dialog()->close(); });
     desktop.runModal(*window);
     EXPECT_EQ(closes, 1);

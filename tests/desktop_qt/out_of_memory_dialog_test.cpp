@@ -77,7 +77,8 @@ class OutOfMemoryDialog : public PickTest {
     Lists lists() const {
         Lists told;
         for (int number : {1, 2})
-            for (const FCOStruct& swatch : dialog->list(number).shownRecords())
+            for (const FCOStruct& swatch :
+                 dialog->panels().both()[static_cast<std::size_t>(number - 1)]->view.shownRecords())
                 told[number - 1].push_back(std::string(nameBytes(swatch)) + ' ' +
                                            std::to_string(swatch.SRed) + ' ' + std::to_string(swatch.SGreen));
         return told;
@@ -86,8 +87,9 @@ class OutOfMemoryDialog : public PickTest {
     void restore(const GlobalRecord& record, const std::array<std::int16_t, 2>& counts) {
         std::memcpy(static_cast<void*>(&dialog->record()), &record, sizeof record);
         for (int number : {1, 2}) {
-            dialog->list(number).setNumberOfColors(counts[number - 1]);
-            dialog->list(number).setSelectedColor(1);
+            dialog->panels().both()[static_cast<std::size_t>(number - 1)]->view.setNumberOfColors(
+                counts[number - 1]);
+            dialog->panels().both()[static_cast<std::size_t>(number - 1)]->view.setSelectedColor(1);
         }
     }
 
@@ -95,7 +97,8 @@ class OutOfMemoryDialog : public PickTest {
     void sweep(const char* what, const std::function<void()>& prepareWork,
                const std::function<void()>& work) {
         const auto start = std::make_unique<GlobalRecord>(dialog->record());
-        const std::array counts{dialog->list(1).getNumberOfColors(), dialog->list(2).getNumberOfColors()};
+        const std::array counts{dialog->panels().one.view.getNumberOfColors(),
+                                dialog->panels().two.view.getNumberOfColors()};
         if (prepareWork) prepareWork();
         const Lists before = lists();
         work();

@@ -28,12 +28,6 @@ class PrintingScreen : public test::HeadlessDesktop {
     PrintOutcome runPrintOperation(const PrintJob& job) override { return jobs.run(job, nullptr); }
 };
 
-class PrintDialogDesk : public test::PrintingDialog {
-  public:
-    PrintingScreen paper;
-    Desktop& desktop() override { return paper; }
-};
-
 struct Offscreen {
     Offscreen() { setenv("QT_QPA_PLATFORM", "offscreen", 0); }
     test::TemporaryFolder folder;
@@ -48,14 +42,15 @@ struct Setting : Offscreen {
 
 void printList(benchmark::State& state) {
     Setting setting;
-    PrintDialogDesk desk;
-    desk.options = {0, 1, 1, 1};
-    CSwatchList list(desk);
+    PrintingScreen paper;
+    test::PrintingDialog dialog;
+    dialog.options = {0, 1, 1, 1};
+    CSwatchList list(dialog);
     list.setSwatchList(setting.records.data());
     list.setNumberOfColors(kCount);
     for (auto _ : state) {
-        desk.paper.jobs.nextPdf = setting.file;
-        printSwatchList(list, desk);
+        paper.jobs.nextPdf = setting.file;
+        printSwatchList(list, dialog.options, dialog.services, paper);
     }
 }
 

@@ -6,6 +6,7 @@
 #include "print/chart_printing.h"
 #include "print/page_layout.h"
 #include "print/print_support.h"
+#include "support/headless_colours.h"
 #include "support/temporary_folder.h"
 #include "views/chart_pages.h"
 
@@ -41,12 +42,6 @@ class PrintingScreen : public test::HeadlessDesktop {
     PrintOutcome runPrintOperation(const PrintJob& job) override { return outcome = jobs.run(job, nullptr); }
 };
 
-class PrintDialogDesk : public test::PrintingDialog {
-  public:
-    PrintingScreen paper;
-    Desktop& desktop() override { return paper; }
-};
-
 std::uint32_t rgbOf(const Colour& c) {
     const auto byte = [](double v) { return static_cast<std::uint32_t>(v * 255 + 0.5); };
     return byte(c.red()) << 16 | byte(c.green()) << 8 | byte(c.blue());
@@ -63,7 +58,7 @@ class ToolkitTest : public testing::Test {
     std::unique_ptr<ApplicationGuard> application;
 };
 
-class PrintedPdf : public ToolkitTest, public toneDesk {
+class PrintedPdf : public ToolkitTest {
   protected:
     void SetUp() override {
         if (!PdfDocument::readersInstalled()) GTEST_SKIP() << "needs poppler-utils and qpdf";
@@ -73,23 +68,23 @@ class PrintedPdf : public ToolkitTest, public toneDesk {
                 test::swatch("Swatch" + std::to_string(i), i % 256 * 257, i / 256 * 257, 128 * 257));
         list.setSwatchList(records.data());
         list.setFrame({0, 0, 200, 400});
-        desk.paper.clock = {5, 4, 3, 2, 0, 126, 0, 0, 0, 0, nullptr};
+        paper.clock = {5, 4, 3, 2, 0, 126, 0, 0, 0, 0, nullptr};
+        colours.setSecondColor(second);
+        absOrRel.setState(1);
+        tone.absOrRel.connect(&absOrRel);
+        tone.toneSlider.connect(&slider);
     }
-    Desktop& desktop() override { return desk.paper; }
-    Colour getSecondColor() const override { return Colour::rgb(0.1, 0.7, 0.3); }
-    bool absoluteTone() const override { return true; }
-    float getToneShadeValue() const override { return 50; }
 
-    PrintInfo& info() { return desk.paper.jobs.info; }
+    PrintInfo& info() { return paper.jobs.info; }
     PdfDocument print(int count) {
-        desk.paper.jobs.nextPdf = pdf;
+        paper.jobs.nextPdf = pdf;
         list.setNumberOfColors(static_cast<std::int16_t>(count));
-        printSwatchList(list, desk);
+        printSwatchList(list, dialog.options, dialog.services, paper);
         return PdfDocument(pdf);
     }
     PdfDocument printChart(int toneOrDegrade) {
-        desk.paper.jobs.nextPdf = pdf;
-        printToneOrDegrade(gradient, tone, toneOrDegrade, desk.paper);
+        paper.jobs.nextPdf = pdf;
+        printToneOrDegrade(gradient, tone, toneOrDegrade, paper);
         return PdfDocument(pdf);
     }
     /// A colour's rectangle on the page in points from the paper's corner, found by its pixels.
@@ -110,10 +105,15 @@ class PrintedPdf : public ToolkitTest, public toneDesk {
     test::TemporaryFolder folder;
     std::string pdf = folder / "out.pdf";
     std::vector<FCOStruct> records;
-    PrintDialogDesk desk;
-    CSwatchList list{desk};
-    toneView tone{*this};
-    degradeView gradient{*this};
+    PrintingScreen paper;
+    test::PrintingDialog dialog;
+    CSwatchList list{dialog};
+    const Colour second = Colour::rgb(0.1, 0.7, 0.3);
+    test::HeadlessColours colours;
+    test::HeadlessButton absOrRel;
+    test::HeadlessSlider slider; ///< stands at 50
+    toneView tone{colours, paper};
+    degradeView gradient{paper};
 };
 
 TEST_F(PrintedPdf, PageCountsFollowPaperSizeAndScale) {
@@ -149,7 +149,7 @@ TEST_F(PrintedPdf, PageCountsFollowPaperSizeAndScale) {
     };
     for (const auto& c : cases) {
         info() = c.info;
-        desk.options.printSize = c.size;
+        dialog.options.printSize = c.size;
         const PdfDocument document = print(c.count);
         EXPECT_TRUE(document.valid());
         EXPECT_EQ(document.pages(), c.pages) << c.name << " " << c.count;
@@ -202,7 +202,7 @@ TEST_F(PrintedPdf, EightBitValuesOfAllKindsAreExact) {
 }
 
 TEST_F(PrintedPdf, TextIsRealAndStandsOnItsBaseline) {
-    desk.options = {0, 1, 1, 1};
+    dialog.options = {0, 1, 1, 1};
     const PdfDocument document = print(100);
     const auto words = document.words(1);
     const auto wordAt = [&](const std::string& text) {
@@ -277,8 +277,7 @@ TEST_F(PrintedPdf, OfTheToneChartOnlyThePageIsPrinted) {
     EXPECT_TRUE(document.valid());
     ASSERT_EQ(document.pages(), 1);
     std::vector<PrintCell> seen;
-    for (const PrintCell& cell :
-         tonePage(toneCircle(0.5F, getSecondColor(), true), getSecondColor(), {540, 720}).cells)
+    for (const PrintCell& cell : tonePage(toneCircle(0.5F, second, true), second, {540, 720}).cells)
         if (cell.patch.x < 539 && cell.patch.y < 719) seen.push_back(cell);
     EXPECT_EQ(sortedWords(document), sortedWords(seen));
     const PdfPicture picture = document.picture(1, 72);
@@ -293,9 +292,9 @@ TEST_F(PrintedPdf, ACancelledJobLeavesNoFileAndAnOlderOneAlone) {
     for (const bool older : {false, true}) {
         if (older) print(1);
         const auto before = older ? readDataFromFileAtURL(pdf) : std::nullopt;
-        desk.paper.jobs.nextPdf = pdf;
+        paper.jobs.nextPdf = pdf;
         int painted = 0;
-        const PrintOutcome outcome = desk.paper.jobs.run(
+        const PrintOutcome outcome = paper.jobs.run(
             {"cancelled",
              [&](const PrintInfo& info) {
                  return PrintPages{50, info.page(), [&](int, Canvas&) {
@@ -316,11 +315,11 @@ TEST_F(PrintedPdf, ACancelledJobLeavesNoFileAndAnOlderOneAlone) {
 TEST_F(PrintedPdf, AJobThatCannotBeWrittenLeavesNothing) {
     pdf = folder / "missing/out.pdf";
     print(10);
-    EXPECT_EQ(desk.paper.outcome, PrintOutcome::failed);
-    EXPECT_EQ(desk.paper.status.text(), "out.pdf was not written: No such file or directory");
+    EXPECT_EQ(paper.outcome, PrintOutcome::failed);
+    EXPECT_EQ(paper.status.text(), "out.pdf was not written: No such file or directory");
     pdf = folder.path();
     print(10);
-    EXPECT_EQ(desk.paper.outcome, PrintOutcome::failed);
+    EXPECT_EQ(paper.outcome, PrintOutcome::failed);
     EXPECT_EQ(folder.entries(), 0);
     EXPECT_EQ(list.frame(), (Rect{0, 0, 200, 400}));
 }
@@ -336,12 +335,12 @@ TEST_F(PrintedPdf, OnAFullDiskAnOlderFileStays) {
     print(1000);
     ::setrlimit(RLIMIT_FSIZE, &old);
     ::signal(SIGXFSZ, handler);
-    EXPECT_EQ(desk.paper.outcome, PrintOutcome::failed);
-    EXPECT_EQ(desk.paper.status.text(), "out.pdf was not written: File too large");
+    EXPECT_EQ(paper.outcome, PrintOutcome::failed);
+    EXPECT_EQ(paper.status.text(), "out.pdf was not written: File too large");
     EXPECT_EQ(readDataFromFileAtURL(pdf), before);
     EXPECT_EQ(folder.entries(), 1);
     print(1);
-    EXPECT_EQ(desk.paper.status.text(), "");
+    EXPECT_EQ(paper.status.text(), "");
 }
 
 /// What a person does in the print dialog when it opens.
@@ -363,8 +362,8 @@ void printToFile(QPrintDialog& dialog, const std::string& path) {
 TEST_F(PrintedPdf, ThePrintDialogPrintsToAFile) {
     inPrintDialog([&](QPrintDialog& dialog) { printToFile(dialog, pdf); });
     list.setNumberOfColors(77);
-    printSwatchList(list, desk);
-    EXPECT_EQ(desk.paper.outcome, PrintOutcome::printed);
+    printSwatchList(list, dialog.options, dialog.services, paper);
+    EXPECT_EQ(paper.outcome, PrintOutcome::printed);
     EXPECT_EQ(PdfDocument(pdf).pages(), 2);
 }
 
@@ -376,8 +375,8 @@ TEST_F(PrintedPdf, OfThreePagesTheSecondAloneCanBePrinted) {
         printToFile(dialog, pdf);
     });
     list.setNumberOfColors(160);
-    printSwatchList(list, desk);
-    EXPECT_EQ(desk.paper.outcome, PrintOutcome::printed);
+    printSwatchList(list, dialog.options, dialog.services, paper);
+    EXPECT_EQ(paper.outcome, PrintOutcome::printed);
     const PdfDocument document(pdf);
     ASSERT_EQ(document.pages(), 1);
     std::string footer;
@@ -389,8 +388,8 @@ TEST_F(PrintedPdf, OfThreePagesTheSecondAloneCanBePrinted) {
 TEST_F(PrintedPdf, ThePrintDialogCanBeCancelled) {
     inPrintDialog([](QPrintDialog& dialog) { dialog.reject(); });
     list.setNumberOfColors(77);
-    printSwatchList(list, desk);
-    EXPECT_EQ(desk.paper.outcome, PrintOutcome::cancelled);
+    printSwatchList(list, dialog.options, dialog.services, paper);
+    EXPECT_EQ(paper.outcome, PrintOutcome::cancelled);
     EXPECT_EQ(folder.entries(), 0);
     EXPECT_EQ(list.frame(), (Rect{0, 0, 200, 400}));
     EXPECT_EQ(list.bounds(), (Rect{0, 0, 200, 400}));

@@ -3,6 +3,7 @@
 
 #include "desktop/qt/controls/simple_controls.h"
 #include "desktop/qt/controls/status_label.h"
+#include "host/abi/picker_record.h"
 #include "host/chromalog_controler.h"
 
 #include <QAccessible>

@@ -7,6 +7,7 @@
 #include "desktop/qt/application_guard.h"
 #include "desktop/qt/drive/commands.h"
 #include "desktop/qt/qt_desktop.h"
+#include "host/abi/picker_record.h"
 #include "host/chromalog_controler.h"
 
 #include <QApplication>
@@ -45,7 +46,9 @@ class DialogOnServer {
         desktop = std::make_unique<QtDesktop>(settings);
         controler = std::make_unique<ChromalogControler>(*record, *desktop);
         commands = std::make_unique<drive::Commands>(*desktop, *controler, nullptr);
-        controler->getChromalogWindow().makeKeyAndOrderFront();
+        window().show();
+        window().raise();
+        window().activateWindow();
         return QTest::qWaitForWindowActive(&window());
     }
 
@@ -57,7 +60,7 @@ class DialogOnServer {
         commands->perform(std::get<drive::Script>(script).at(0));
     }
 
-    TemporaryFolder folder; ///< holds swatches.aco, with forty swatches
+    TemporaryFolder folder;                                    ///< holds swatches.aco, with forty swatches
     XServer server{XServer::WhenAlone::stays, "2600x1600x24"}; ///< takes the dialog at every scale
     std::optional<ApplicationGuard> application;
     PickerRecord picker{};

@@ -36,8 +36,8 @@ class OnTheScreen : protected DialogOnServer, public testing::TestWithParam<cons
     }
 
     void scrollTo(double y) {
-        for (const int list : {1, 2})
-            controler->listScroller(list).scrollToPoint({0, y});
+        for (SwatchPanel* panel : controler->panels().both())
+            panel->scroller->scrollToPoint({0, y});
         compare("scrolled to " + std::to_string(y));
     }
 

@@ -69,17 +69,20 @@ class TypedPanels : protected DialogOnServer, public testing::Test {
         EXPECT_EQ(ok->count(), 0) << "a Return was left over";
         const QWidget* button = drive::controlSending("complementOn:");
         ASSERT_NE(button, nullptr) << "a panel has the input";
-        const auto mode = controler->getHarmonyMode();
+        const auto mode = controler->colours().getHarmonyMode();
         const QPoint at = button->mapToGlobal(button->rect().center());
         act({{"Chromalog",
               "mousemove " + std::to_string(at.x()) + ' ' + std::to_string(at.y()) + " click 1 key Return"}});
         waitForHands();
-        EXPECT_NE(controler->getHarmonyMode(), mode) << "the click went elsewhere";
+        EXPECT_NE(controler->colours().getHarmonyMode(), mode) << "the click went elsewhere";
         EXPECT_EQ(ok->count(), 1) << "the Return went elsewhere";
         ok->clear();
     }
 
-    int rows(int list) const { return controler->list(list).getNumberOfColors(); }
+    int rows(int list) const {
+        const SwatchPanels& panels = controler->panels();
+        return (list == 1 ? panels.one : panels.two).view.getNumberOfColors();
+    }
 
     QProcess hands; ///< a person's, from another process
     std::optional<QSignalSpy> ok;

@@ -2,7 +2,6 @@
 
 #include "history/undo_labels.h"
 #include "host/global_record.h"
-#include "host/globals.h"
 #include "support/headless_desktop.h"
 
 #include <gmock/gmock.h>
@@ -13,6 +12,7 @@
 namespace chromalog {
 namespace {
 
+using test::HeadlessButton;
 using test::HeadlessDesktop;
 using test::HeadlessTextView;
 using test::HeadlessWindow;
@@ -20,13 +20,43 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::SizeIs;
 
+/// Tells when it comes to the front.
+class DialogWindow : public HeadlessWindow {
+  public:
+    explicit DialogWindow(std::vector<std::string>& calls) : calls_(calls) {}
+    void makeKeyAndOrderFront() override {
+        HeadlessWindow::makeKeyAndOrderFront();
+        calls_.emplace_back("makeKeyAndOrderFront");
+    }
+
+  private:
+    std::vector<std::string>& calls_;
+};
+
 /// A dialog of which the history sees a record, two counts and two buttons.
-class HistoryTest : public testing::Test, public HistoryDesk {
+class HistoryTest : public testing::Test {
   protected:
-    HistoryTest() { start(); }
+    HistoryTest() {
+        dialog.connect(&window);
+        undoOutlet.connect(&undoButton);
+        redoOutlet.connect(&redoButton);
+        undoButton.setEnabled(false);
+        redoButton.setEnabled(false);
+        start();
+    }
     void start() {
         history.reset();
-        history = std::make_unique<ProtocolControler>(*this);
+        history =
+            std::make_unique<ProtocolControler>(HistoryParts{platform, *data, dialog, undoOutlet, redoOutlet,
+                                                             [this] {
+                                                                 storeViewCounts();
+                                                                 calls.emplace_back("save");
+                                                             },
+                                                             [this] { storeViewCounts(); },
+                                                             [this] {
+                                                                 viewCount = data->numColors1;
+                                                                 calls.emplace_back("showRecord");
+                                                             }});
     }
     void startWithoutPanel() {
         platform.missingForms = {"ProtocolPanel"};
@@ -40,31 +70,16 @@ class HistoryTest : public testing::Test, public HistoryDesk {
     HeadlessWindow& panel() {
         return platform.forms.at("ProtocolPanel")->outlet<HeadlessWindow>("protocolWindow");
     }
-
-    Desktop& desktop() override { return platform; }
-    GlobalRecord& record() override { return *data; }
-    void savePrefs() override {
-        storeViewCounts();
-        calls.push_back("savePrefs");
-    }
-    void storeViewCounts() override { data->numColors1 = viewCount; }
-    void restoreUndoUI() override {
-        viewCount = data->numColors1;
-        calls.push_back("restoreUndoUI");
-    }
-    void enableUndo() override { undoEnabled = true; }
-    void disableUndo() override { undoEnabled = false; }
-    void enableRedo() override { redoEnabled = true; }
-    void disableRedo() override { redoEnabled = false; }
-    void makeActiveWindow() override { calls.push_back("makeActiveWindow"); }
-    Window& getChromalogWindow() override { return window; }
+    void storeViewCounts() { data->numColors1 = viewCount; }
 
     HeadlessDesktop platform;
-    HeadlessWindow window;
+    std::vector<std::string> calls;
+    DialogWindow window{calls};
+    HeadlessButton undoButton, redoButton;
+    Outlet<Window> dialog;
+    Outlet<Button> undoOutlet, redoOutlet;
     std::unique_ptr<GlobalRecord> data = std::make_unique<GlobalRecord>();
     std::int16_t viewCount = 0;
-    bool undoEnabled = false, redoEnabled = false;
-    std::vector<std::string> calls;
     std::unique_ptr<ProtocolControler> history;
 };
 
@@ -73,19 +88,15 @@ TEST_F(HistoryTest, StartsEmptyWithALimitOfTwenty) {
     start();
     EXPECT_EQ(data->undoLimit, 20);
     EXPECT_EQ(history->undoSteps(), 0);
-    EXPECT_EQ(gProtocolController, history.get());
-    EXPECT_EQ(ProtocolControler::protocolController(), history.get());
     EXPECT_THAT(platform.logLines, Contains("Done with init protocolcontroler"));
-    history.reset();
-    EXPECT_EQ(gProtocolController, nullptr);
 }
 
 TEST_F(HistoryTest, AChangeSavesThePreferencesFirstAndEnablesUndo) {
-    redoEnabled = true;
+    redoButton.setEnabled(true);
     changeCount(7);
-    EXPECT_THAT(calls, ElementsAre("savePrefs"));
-    EXPECT_TRUE(undoEnabled);
-    EXPECT_FALSE(redoEnabled);
+    EXPECT_THAT(calls, ElementsAre("save"));
+    EXPECT_TRUE(undoButton.enabled());
+    EXPECT_FALSE(redoButton.enabled());
     EXPECT_EQ(history->undoSteps(), 1);
     EXPECT_EQ(history->undoStepsAtMost(), 1);
 }
@@ -141,19 +152,19 @@ TEST_F(HistoryTest, After21ChangesAnd20UndosAnotherPressDoesNothingAndTheButtonS
     for (int i = 0; i < 20; ++i)
         history->undoOutAction();
     EXPECT_EQ(viewCount, 1);
-    EXPECT_TRUE(undoEnabled);
+    EXPECT_TRUE(undoButton.enabled());
     calls.clear();
     history->undoOutAction();
     EXPECT_THAT(calls, SizeIs(0));
     EXPECT_EQ(history->undoSteps(), 1);
-    EXPECT_TRUE(undoEnabled);
+    EXPECT_TRUE(undoButton.enabled());
 }
 
 TEST_F(HistoryTest, UndoDisablesItsButtonAtTheLastStepAndEnablesRedo) {
     changeCount(1);
     history->undoOutAction();
-    EXPECT_FALSE(undoEnabled);
-    EXPECT_TRUE(redoEnabled);
+    EXPECT_FALSE(undoButton.enabled());
+    EXPECT_TRUE(redoButton.enabled());
 }
 
 TEST_F(HistoryTest, RedoFromTheMainWindowDisablesItsButtonAtTheCeiling) {
@@ -162,31 +173,31 @@ TEST_F(HistoryTest, RedoFromTheMainWindowDisablesItsButtonAtTheCeiling) {
     history->undoOutAction();
     history->undoOutAction();
     history->redoOutAction();
-    EXPECT_TRUE(redoEnabled);
+    EXPECT_TRUE(redoButton.enabled());
     history->redoOutAction();
-    EXPECT_FALSE(redoEnabled);
-    EXPECT_TRUE(undoEnabled);
+    EXPECT_FALSE(redoButton.enabled());
+    EXPECT_TRUE(undoButton.enabled());
 }
 
 TEST_F(HistoryTest, RedoFromThePanelChangesNoButton) {
     changeCount(1);
     history->undoAction();
     history->redoAction();
-    EXPECT_TRUE(redoEnabled);
-    EXPECT_FALSE(undoEnabled);
+    EXPECT_TRUE(redoButton.enabled());
+    EXPECT_FALSE(undoButton.enabled());
 }
 
 TEST_F(HistoryTest, ThePanelsControlsGiveTheFocusBackToTheDialog) {
     changeCount(1);
     calls.clear();
     history->undoAction();
-    EXPECT_THAT(calls, ElementsAre("restoreUndoUI", "makeActiveWindow"));
+    EXPECT_THAT(calls, ElementsAre("showRecord", "makeKeyAndOrderFront"));
     calls.clear();
     history->redoAction();
-    EXPECT_THAT(calls, ElementsAre("restoreUndoUI", "makeActiveWindow"));
+    EXPECT_THAT(calls, ElementsAre("showRecord", "makeKeyAndOrderFront"));
     calls.clear();
     history->undoOutAction();
-    EXPECT_THAT(calls, ElementsAre("restoreUndoUI"));
+    EXPECT_THAT(calls, ElementsAre("showRecord"));
 }
 
 TEST_F(HistoryTest, WithoutThePanelStepsAreOnlyCounted) {
@@ -195,7 +206,7 @@ TEST_F(HistoryTest, WithoutThePanelStepsAreOnlyCounted) {
     viewCount = 3;
     changeCount(0);
     EXPECT_EQ(history->undoSteps(), 1);
-    EXPECT_TRUE(undoEnabled);
+    EXPECT_TRUE(undoButton.enabled());
     EXPECT_EQ(history->manager(), nullptr);
     history->undoOutAction();
     EXPECT_EQ(viewCount, 0);

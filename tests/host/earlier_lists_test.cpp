@@ -78,21 +78,21 @@ TEST_F(EarlierListsTest, EachListComesBackAsOneStepOfUndo) {
     writePreferences(lists(1, "Now", 1, "Then"));
     pick([](ChromalogControler& c, HeadlessDesktop& d) {
         openPanel(d, [](HeadlessForm& panel) { panel.send("bringBackList1:"); });
-        EXPECT_EQ(c.list(1).getNumberOfColors(), 2);
+        EXPECT_EQ(c.panels().one.view.getNumberOfColors(), 2);
         EXPECT_EQ(c.record().numColors1, 2);
         EXPECT_EQ(c.record().swatchList1[0].Namen[1], 'F');
-        EXPECT_EQ(c.list(1).getSwatchName(), "Flat.aco");
+        EXPECT_EQ(c.panels().one.view.getSwatchName(), "Flat.aco");
         EXPECT_EQ(control<HeadlessTextField>(d, "swatch1Name").text(), "Flat.aco");
         EXPECT_EQ(c.record().swatchName1[0], 8);
-        EXPECT_EQ(c.list(2).getNumberOfColors(), 1) << "the other list stays";
+        EXPECT_EQ(c.panels().two.view.getNumberOfColors(), 1) << "the other list stays";
         EXPECT_THAT(c.history().manager()->undoNames(), ElementsAre("!Earlier Lists!"));
         EXPECT_EQ(c.history().undoSteps(), 1);
-        c.doUndo();
-        EXPECT_EQ(c.list(1).getNumberOfColors(), 1);
+        c.history().undoOutAction();
+        EXPECT_EQ(c.panels().one.view.getNumberOfColors(), 1);
         EXPECT_EQ(control<HeadlessTextField>(d, "swatch1Name").text(), "Now");
         EXPECT_EQ(c.record().swatchList1[0].Namen[1], 'N');
-        c.doRedo();
-        EXPECT_EQ(c.list(1).getNumberOfColors(), 2);
+        c.history().redoOutAction();
+        EXPECT_EQ(c.panels().one.view.getNumberOfColors(), 2);
     });
 }
 
@@ -104,9 +104,9 @@ TEST_F(EarlierListsTest, BothListsComeBackThoughTheFirstStepReplacesTheCopy) {
             panel.send("bringBackList1:");
             panel.send("bringBackList2:");
         });
-        EXPECT_EQ(c.list(1).getNumberOfColors(), 2);
-        EXPECT_EQ(c.list(2).getNumberOfColors(), 3);
-        EXPECT_EQ(c.list(2).getSwatchName(), "Other.aco");
+        EXPECT_EQ(c.panels().one.view.getNumberOfColors(), 2);
+        EXPECT_EQ(c.panels().two.view.getNumberOfColors(), 3);
+        EXPECT_EQ(c.panels().two.view.getSwatchName(), "Other.aco");
         EXPECT_EQ(c.history().undoSteps(), 2);
     });
 }
@@ -119,8 +119,8 @@ TEST_F(EarlierListsTest, AForeignCopyIsHeldToWhatAListCanHave) {
             panel.outlet<HeadlessRowList>("earlierLists").selected = 7;
             panel.send("bringBackList2:");
         });
-        EXPECT_EQ(c.list(1).getNumberOfColors(), 0) << "a negative count";
-        EXPECT_EQ(c.list(2).getNumberOfColors(), 0) << "no such row";
+        EXPECT_EQ(c.panels().one.view.getNumberOfColors(), 0) << "a negative count";
+        EXPECT_EQ(c.panels().two.view.getNumberOfColors(), 0) << "no such row";
         EXPECT_EQ(c.history().undoSteps(), 1);
     });
 }

@@ -46,6 +46,8 @@ class KeptListsTest : public PickTest {
         fs::remove(preferences());
         writePreferences(bytes);
     }
+    /// As every recorded change does before it is made.
+    static void store(ChromalogControler& c) { c.history().setUndoablePosition("step"); }
     std::string statusLine(HeadlessDesktop& d) { return control<HeadlessTextField>(d, "statusLine").text(); }
     /// As a person who owns the file and may write it, but not read it.
     void makeUnreadable() {
@@ -67,7 +69,7 @@ TEST_F(KeptListsTest, APickWithoutTroubleSaysNothing) {
     writePreferences(listsOf(3));
     pick([&](ChromalogControler& c, HeadlessDesktop& d) {
         EXPECT_EQ(statusLine(d), "");
-        c.savePrefs();
+        store(c);
         EXPECT_EQ(statusLine(d), "");
     });
     EXPECT_THAT(copies(), ElementsAre("before"));
@@ -78,9 +80,9 @@ TEST_F(KeptListsTest, CancelDoesNotReplaceListsThatCouldNotBeRead) {
     writePreferences(listsOf(3));
     prepare = [this](HeadlessDesktop&) { makeUnreadable(); };
     pick([&](ChromalogControler& c, HeadlessDesktop& d) {
-        EXPECT_EQ(c.list(1).getNumberOfColors(), 0);
+        EXPECT_EQ(c.panels().one.view.getNumberOfColors(), 0);
         EXPECT_EQ(statusLine(d), "The stored lists could not be read: Permission denied");
-        c.savePrefs();
+        store(c);
         EXPECT_THAT(statusLine(d), StartsWith("Unread lists were kept (kept-2"));
     });
     becomeOneself();
@@ -94,7 +96,7 @@ TEST_F(KeptListsTest, ListsThatAnotherProgramStoredMeanwhileAreKept) {
     writePreferences(listsOf(3));
     pick([&](ChromalogControler& c, HeadlessDesktop& d) {
         writeForeign(listsOf(5));
-        c.savePrefs();
+        store(c);
         EXPECT_THAT(statusLine(d), StartsWith("Unread lists were kept"));
     });
     ASSERT_EQ(copies().size(), 1u);
@@ -106,7 +108,7 @@ TEST_F(KeptListsTest, PicksOfOneHostRunKeepOnlyTheFileBefore) {
     writePreferences(listsOf(3));
     for (int i = 0; i < 3; ++i)
         pick([&](ChromalogControler& c, HeadlessDesktop& d) {
-            c.savePrefs();
+            store(c);
             EXPECT_EQ(statusLine(d), "");
         });
     EXPECT_THAT(copies(), ElementsAre("before"));
@@ -121,7 +123,7 @@ TEST_F(KeptListsTest, WhereSkippedListsCannotBeKeptNothingIsWritten) {
     fs::create_directory(preferences().string() + ".skipped");
     prepare = [](HeadlessDesktop& d) { d.optionHeld = true; };
     pick([&](ChromalogControler& c, HeadlessDesktop& d) {
-        c.savePrefs();
+        store(c);
         EXPECT_THAT(statusLine(d), StartsWith("The lists were not stored: what is there cannot be kept"));
     });
     EXPECT_EQ(coloursOf(""), 3);
@@ -132,11 +134,11 @@ TEST_F(KeptListsTest, AFailureIsTakenBackWhenTheListsAreStoredAfterAll) {
     pick([&](ChromalogControler& c, HeadlessDesktop& d) {
         fs::remove_all(preferences());
         fs::create_directory(preferences());
-        c.savePrefs();
+        store(c);
         EXPECT_EQ(statusLine(d), "The lists were not stored: Is a directory");
         EXPECT_THAT(d.alerts, IsEmpty());
         fs::remove(preferences());
-        c.savePrefs();
+        store(c);
         EXPECT_EQ(statusLine(d), "");
     });
 }
@@ -154,7 +156,7 @@ TEST_F(KeptListsTest, WithoutAPlaceForThemTheListsAreNotStoredAndThatIsSaid) {
     pick([&](ChromalogControler& c, HeadlessDesktop& d) {
         EXPECT_EQ(statusLine(d), "The lists are not stored: there is no home folder");
         d.status.takeBack(StatusLine::About::storing);
-        c.savePrefs();
+        store(c);
         EXPECT_EQ(statusLine(d), "") << "said once";
     });
 }
@@ -197,7 +199,7 @@ TEST_F(KeptListsTest, AFileThatCannotBeReadOrWrittenIsSaid) {
         d.answerPanel((applications / "saved").string());
         EXPECT_EQ(statusLine(d), "");
         EXPECT_THAT(d.alerts, IsEmpty());
-        EXPECT_EQ(c.list(1).getNumberOfColors(), 0);
+        EXPECT_EQ(c.panels().one.view.getNumberOfColors(), 0);
     });
 }
 

@@ -39,9 +39,10 @@ class ListActions : public PickTest {
         send(action);
         desktop->answerPanel(file(name, builder));
     }
+    SwatchPanel& panel(int list) { return list == 1 ? controler->panels().one : controler->panels().two; }
     std::vector<std::string> names(int list) {
         std::vector<std::string> all;
-        for (const FCOStruct& record : controler->list(list).shownRecords())
+        for (const FCOStruct& record : panel(list).view.shownRecords())
             all.emplace_back(nameBytes(record));
         return all;
     }
@@ -137,7 +138,7 @@ TEST_F(ListActions, UndoRestoresTheChoiceOfColourButNotTheButtonsTitle) {
         send("doUndo:");
         EXPECT_EQ(controler->record().useSecondColor, 0);
         EXPECT_EQ(control<HeadlessButton>(*desktop, "okButton").title(), "Use 2nd color");
-        controler->setOkButton();
+        control<HeadlessTextField>(*desktop, "firstR").type("1"); // whatever refreshes it
         EXPECT_EQ(control<HeadlessButton>(*desktop, "okButton").title(), "Use 1st color");
     });
 }
@@ -146,7 +147,7 @@ TEST_F(ListActions, AClearLeavesTheStoredCountUntilThePreferencesAreSaved) {
     dialog([&] {
         load("loadSwatch2:", "one.aco", {"a", "b"});
         send("killSwatch2:");
-        EXPECT_EQ(controler->list(2).getNumberOfColors(), 0);
+        EXPECT_EQ(panel(2).view.getNumberOfColors(), 0);
         EXPECT_EQ(controler->record().numColors2, 2);
         controler->cancelPressed();
     });
@@ -160,7 +161,7 @@ TEST_F(ListActions, ABookSetsTheStoredCountAloneAndTheNextStepOverwritesIt) {
         send("loadASE:");
         desktop->answerPanel(file("Book.acb", book));
         EXPECT_EQ(controler->record().numColors1, 2);
-        EXPECT_EQ(controler->list(1).getNumberOfColors(), 0);
+        EXPECT_EQ(panel(1).view.getNumberOfColors(), 0);
         EXPECT_EQ(controler->history().undoSteps(), 0);
         send("sortAlpha1:");
         EXPECT_EQ(controler->record().numColors1, 0);
@@ -171,13 +172,13 @@ TEST_F(ListActions, EditDeleteAndWriteWorkOnTheSelectedSwatch) {
     dialog([&] {
         load("loadSwatch1:", "one.aco", {"red", "brick", "rust"});
         load("loadSwatch2:", "two.aco", {"x", "y"});
-        controler->list(1).setSelectedColor(2);
+        panel(1).view.setSelectedColor(2);
         send("editSwatch:");
         EXPECT_EQ(text("colorName"), "rust");
-        controler->list(1).setSelectedColor(9);
+        panel(1).view.setSelectedColor(9);
         send("editSwatch:");
         EXPECT_EQ(text("colorName"), "rust") << "past the count there is no swatch";
-        controler->list(1).setSelectedColor(0);
+        panel(1).view.setSelectedColor(0);
         send("writeToSwatch:");
         EXPECT_THAT(names(1), ElementsAre("rust", "brick", "rust"));
         EXPECT_EQ(controler->record().swatchList1[0].SRed, -1);
@@ -234,15 +235,15 @@ TEST_F(ListActions, TypingInASearchFieldFindsAfterAPause) {
         control<HeadlessTextField>(*desktop, "findColor1").type("Blue");
         desktop->advance(0.3);
         EXPECT_EQ(text("found1"), " 2 found");
-        EXPECT_EQ(controler->list(1).getSelected(), 0);
+        EXPECT_EQ(panel(1).view.getSelected(), 0);
         control<HeadlessStepper>(*desktop, "seachStep1").current = 1;
         send("jumpFirst:");
-        EXPECT_EQ(controler->list(1).getSelected(), 2);
+        EXPECT_EQ(panel(1).view.getSelected(), 2);
         EXPECT_THAT(desktop->sounds, ElementsAre("Frog"));
         load("loadSwatch2:", "two.aco", {"a", "b"});
         control<HeadlessTextField>(*desktop, "findColor2").type("b");
         desktop->advance(0.3);
-        EXPECT_EQ(controler->list(2).getSelected(), 1);
+        EXPECT_EQ(panel(2).view.getSelected(), 1);
         send("jumpSecond:");
         EXPECT_EQ(text("found2"), " 1 found");
     });
@@ -259,12 +260,12 @@ TEST_F(ListActions, ASearchThatWaitsEndsWithThePick) {
 TEST_F(ListActions, ADropOfTheFirstColourTakesItsName) {
     dialog([&] {
         load("loadSwatch1:", "one.aco", {"Twelve chars"});
-        controler->list(1).mouseDown({{10, 10}});
+        panel(1).view.mouseDown({{10, 10}});
         DragInfo info;
         info.location = {10, 10};
         info.pasteboard.colourType = true;
         info.pasteboard.colour = controler->colours().getFirstColor();
-        controler->list(2).performDragOperation(info);
+        panel(2).view.performDragOperation(info);
         EXPECT_THAT(names(2), ElementsAre("Twelve ch"));
         EXPECT_EQ(controler->history().undoSteps(), 3) << "one step for the drop";
         send("doUndo:");

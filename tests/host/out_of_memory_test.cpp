@@ -30,12 +30,12 @@ void PrintTo(const ToldList& list, std::ostream* out) {
 }
 
 ToldList tell(ChromalogControler& dialog, int number) {
-    const GlobalRecord& data = dialog.record();
-    const CSwatchList& view = dialog.list(number);
-    const std::uint8_t* name = number == 1 ? data.swatchName1 : data.swatchName2;
+    const SwatchPanel& panel = *dialog.panels().both()[static_cast<std::size_t>(number - 1)];
+    const CSwatchList& view = panel.view;
+    const std::uint8_t* name = panel.storedName.data();
     ToldList told{{},
                   view.getNumberOfColors(),
-                  number == 1 ? data.numColors1 : data.numColors2,
+                  panel.storedCount,
                   view.getSwatchName(),
                   std::string(name + 1, name + 1 + name[0])};
     for (const FCOStruct& swatch : view.shownRecords())
@@ -97,7 +97,7 @@ class OutOfMemory : public PickTest {
         DragInfo info;
         info.location = {10, y};
         info.pasteboard = {true, text.has_value(), Colour::rgb(0.1, 0.9, 0.4), text};
-        return [this, info] { dialog->list(1).performDragOperation(info); };
+        return [this, info] { dialog->panels().one.view.performDragOperation(info); };
     }
     void load(const std::string& action, const std::string& name) {
         send(action);

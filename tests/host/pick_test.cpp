@@ -105,6 +105,18 @@ TEST_F(PickTest, OptionOkFlipsTheChoiceAndStaysOpen) {
     EXPECT_EQ(record.pickParms.colorComponents[0], 0) << "the offered black, as the second colour";
 }
 
+TEST_F(PickTest, TheSharedPointersAreThoseOfThePickThatRuns) {
+    pick([&](ChromalogControler& c, HeadlessDesktop&) {
+        EXPECT_EQ(gData, &globals());
+        EXPECT_EQ(ChromalogControler::chromalogControler(), &c);
+        EXPECT_EQ(ProtocolControler::protocolController(), &c.history());
+        EXPECT_EQ(gProtocolController, &c.history());
+    });
+    EXPECT_EQ(gData, nullptr);
+    EXPECT_EQ(ChromalogControler::chromalogControler(), nullptr);
+    EXPECT_EQ(ProtocolControler::protocolController(), nullptr);
+}
+
 TEST_F(PickTest, AChoiceOf2ReadsAsTheSecondColourAndReturnsTheFirst) {
     pick();
     globals().useSecondColor = 2;
@@ -119,13 +131,13 @@ TEST_F(PickTest, AChoiceOf2ReadsAsTheSecondColourAndReturnsTheFirst) {
 
 TEST_F(PickTest, ASecondPickSeesTheListsOfTheFirstEvenWithOption) {
     pick([](ChromalogControler& c, HeadlessDesktop&) {
-        c.list(1).setNumberOfColors(3);
+        c.panels().one.view.setNumberOfColors(3);
         c.record().swatchList1[2].SRed = 77;
         c.record().swatchName1[0] = 4;
     });
     prepare = [](HeadlessDesktop& d) { d.optionHeld = true; };
     pick([](ChromalogControler& c, HeadlessDesktop&) {
-        EXPECT_EQ(c.list(1).getNumberOfColors(), 3);
+        EXPECT_EQ(c.panels().one.view.getNumberOfColors(), 3);
         EXPECT_EQ(c.record().swatchList1[2].SRed, 77);
         EXPECT_EQ(c.record().swatchName1[0], 0) << "names are cleared in every pick";
     });
@@ -133,7 +145,7 @@ TEST_F(PickTest, ASecondPickSeesTheListsOfTheFirstEvenWithOption) {
 
 TEST_F(PickTest, AListGivesItsFirstRowAsTheFirstColour) {
     pick([](ChromalogControler& c, HeadlessDesktop&) {
-        c.list(1).setNumberOfColors(1);
+        c.panels().one.view.setNumberOfColors(1);
         c.record().swatchList1[0].SBlue = 65535;
         c.record().swatchList1[0].Namen[0] = 1;
         c.record().swatchList1[0].Namen[1] = 'B';
@@ -146,9 +158,9 @@ TEST_F(PickTest, AListGivesItsFirstRowAsTheFirstColour) {
 
 TEST_F(PickTest, AClickInList2DoesNotChangeTheFirstColour) {
     pick([](ChromalogControler& c, HeadlessDesktop&) {
-        c.list(2).setNumberOfColors(1);
+        c.panels().two.view.setNumberOfColors(1);
         c.record().swatchList2[0].SGreen = 65535;
-        c.list(2).mouseDown({{10, 10}, false, false});
+        c.panels().two.view.mouseDown({{10, 10}, false, false});
         EXPECT_TRUE(c.colours().getFirstColor().sameRgb(Colour::rgb(0.9, 0.3, 0.1)));
     });
 }
@@ -200,14 +212,14 @@ TEST_F(PickTest, TheCloseBoxIsCancel) {
 
 TEST_F(PickTest, TheGradientShowsAtTheStart) {
     pick([](ChromalogControler& c, HeadlessDesktop& d) {
-        EXPECT_TRUE(c.tone().hidden());
-        EXPECT_FALSE(c.gradient().hidden());
+        EXPECT_TRUE(c.views().tone.hidden());
+        EXPECT_FALSE(c.views().gradient.hidden());
         EXPECT_TRUE(control<HeadlessSlider>(d, "toneSlider").hidden());
         EXPECT_TRUE(control<HeadlessButton>(d, "absOrRel").hidden());
         control<HeadlessButton>(d, "toneOrDegrade").setState(1);
-        c.switchTone();
-        EXPECT_FALSE(c.tone().hidden());
-        EXPECT_TRUE(c.gradient().hidden());
+        d.forms.at("chromalogWindow")->send("switchTone:");
+        EXPECT_FALSE(c.views().tone.hidden());
+        EXPECT_TRUE(c.views().gradient.hidden());
         EXPECT_FALSE(control<HeadlessSlider>(d, "toneSlider").hidden());
     });
 }
@@ -222,9 +234,9 @@ TEST_F(PickTest, HarmonyModesToggleAsTheyShould) {
         for (const Row& row : {Row{"complementOn:", 1, 0}, Row{"harmoniquesOn:", 2, 0},
                                Row{"triComplementOn:", 3, 3}, Row{"quadriOn:", 4, 4}}) {
             form.send(row.action);
-            EXPECT_EQ(c.getHarmonyMode(), row.once) << row.action;
+            EXPECT_EQ(c.colours().getHarmonyMode(), row.once) << row.action;
             form.send(row.action);
-            EXPECT_EQ(c.getHarmonyMode(), row.twice) << row.action;
+            EXPECT_EQ(c.colours().getHarmonyMode(), row.twice) << row.action;
         }
     });
 }

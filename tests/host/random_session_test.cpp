@@ -46,8 +46,8 @@ class Session {
             const int reach =
                 whole ? kListCapacity : std::min(kListCapacity, std::max(model.shown[i], 60) + 2);
             ASSERT_EQ(std::memcmp(lists[i], model.now.lists[i].data(), reach * sizeof(FCOStruct)), 0) << last;
-            ASSERT_EQ(dialog_.list(i + 1).getNumberOfColors(), model.shown[i]) << last;
-            ASSERT_EQ(dialog_.list(i + 1).getSelected(), model.selected[i]) << last;
+            ASSERT_EQ(view(i).getNumberOfColors(), model.shown[i]) << last;
+            ASSERT_EQ(view(i).getSelected(), model.selected[i]) << last;
             const std::uint8_t* name = i == 0 ? data.swatchName1 : data.swatchName2;
             ASSERT_EQ(std::string(reinterpret_cast<const char*>(name) + 1, name[0]), model.now.storedNames[i])
                 << last;
@@ -81,7 +81,8 @@ class Session {
   private:
     int pick(std::size_t below) { return static_cast<int>(random_() % below); }
     bool chance(int percent) { return pick(100) < percent; }
-    CSwatchList& view() { return dialog_.list(list_ + 1); }
+    CSwatchList& view(int list) { return (list == 0 ? dialog_.panels().one : dialog_.panels().two).view; }
+    CSwatchList& view() { return view(list_); }
     void send(const std::string& action) {
         last = action + std::to_string(list_ + 1) + ":";
         desktop_.forms.at("chromalogWindow")->send(last);

@@ -26,8 +26,8 @@ TEST_F(ShownNames, AnUndoAsksTheCountsAndNotTheLengthsOfTheNames) {
     pick([](ChromalogControler& dialog, HeadlessDesktop& desktop) {
         GlobalRecord& record = dialog.record();
         for (const int full : {1, 2}) {
-            dialog.list(1).setNumberOfColors(full == 1 ? 3 : 0);
-            dialog.list(2).setNumberOfColors(full == 2 ? 3 : 0);
+            dialog.panels().one.view.setNumberOfColors(full == 1 ? 3 : 0);
+            dialog.panels().two.view.setNumberOfColors(full == 2 ? 3 : 0);
             store(record.swatchName1, "stored 1");
             store(record.swatchName2, "stored 2");
             nameField(desktop, 1).setText("shown 1");
@@ -42,7 +42,7 @@ TEST_F(ShownNames, AnUndoAsksTheCountsAndNotTheLengthsOfTheNames) {
 TEST_F(ShownNames, AnUndoShowsTheEmptyNameOfAListThatHoldsColours) {
     pick([](ChromalogControler& dialog, HeadlessDesktop& desktop) {
         for (const int list : {1, 2}) {
-            dialog.list(list).setNumberOfColors(3);
+            (list == 1 ? dialog.panels().one : dialog.panels().two).view.setNumberOfColors(3);
             nameField(desktop, list).setText("shown");
         }
         sortAndUndo(desktop);
@@ -57,12 +57,12 @@ TEST_F(ShownNames, TheNameOfAListsColourEndsAtItsFirstZero) {
         store(dialog.record().swatchList2[0].Namen, std::string_view("two\0and more", 12));
         auto& name = control<HeadlessTextField>(desktop, "colorName");
         auto& well = control<HeadlessColorWell>(desktop, "origFirstColor");
-        dialog.list(1).setNumberOfColors(1);
-        dialog.list(1).mouseDown({{10, 10}});
+        dialog.panels().one.view.setNumberOfColors(1);
+        dialog.panels().one.view.mouseDown({{10, 10}});
         EXPECT_EQ(name.text(), "one") << "clicked";
-        well.drop(Colour::rgb(1, 0, 0), &dialog.list(2));
+        well.drop(Colour::rgb(1, 0, 0), &dialog.panels().two.view);
         EXPECT_EQ(name.text(), "two") << "dropped";
-        well.drop(Colour::rgb(1, 0, 0), &dialog.list(1));
+        well.drop(Colour::rgb(1, 0, 0), &dialog.panels().one.view);
         EXPECT_EQ(name.text(), "one") << "dropped";
     });
 }
@@ -72,7 +72,8 @@ TEST_F(ShownNames, ADropOnTheSecondWellLeavesTheNameOfTheFirstColour) {
         store(dialog.record().swatchList1[0].Namen, "swatch");
         auto& name = control<HeadlessTextField>(desktop, "colorName");
         name.setText("first");
-        control<HeadlessColorWell>(desktop, "origSecondColor").drop(Colour::rgb(1, 0, 0), &dialog.list(1));
+        control<HeadlessColorWell>(desktop, "origSecondColor")
+            .drop(Colour::rgb(1, 0, 0), &dialog.panels().one.view);
         EXPECT_TRUE(dialog.colours().getSecondColor().sameRgb(Colour::rgb(1, 0, 0)));
         EXPECT_EQ(name.text(), "first");
     });

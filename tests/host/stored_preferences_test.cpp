@@ -22,7 +22,7 @@ class StoredPreferencesTest : public PickTest {
 
 TEST_F(StoredPreferencesTest, TheFirstRunLoadsNothingAndWritesTheFile) {
     pick([](ChromalogControler& c, HeadlessDesktop& d) {
-        EXPECT_EQ(c.list(1).getNumberOfColors(), 0);
+        EXPECT_EQ(c.panels().one.view.getNumberOfColors(), 0);
         EXPECT_EQ(nameField(d, "swatch1Name"), "");
     });
     EXPECT_EQ(std::filesystem::file_size(preferences()), kFileSize);
@@ -34,7 +34,7 @@ TEST_F(StoredPreferencesTest, ListsNamesAndChoiceComeBack) {
     file[3'040'528] = 1;
     writePreferences(file);
     pick([](ChromalogControler& c, HeadlessDesktop& d) {
-        EXPECT_EQ(c.list(1).getNumberOfColors(), 2);
+        EXPECT_EQ(c.panels().one.view.getNumberOfColors(), 2);
         EXPECT_EQ(nameField(d, "swatch1Name"), "Flat.aco");
         EXPECT_EQ(control<HeadlessButton>(d, "okButton").title(), "Use 2nd color");
         EXPECT_EQ(c.record().undoLimit, 20) << "the stored limit never takes effect";
@@ -46,7 +46,7 @@ TEST_F(StoredPreferencesTest, AnEmptyNameLeavesTheFieldEvenIfTheListHoldsColours
     writePreferences(file);
     prepare = nullptr;
     pick([](ChromalogControler& c, HeadlessDesktop& d) {
-        EXPECT_EQ(c.list(1).getNumberOfColors(), 2);
+        EXPECT_EQ(c.panels().one.view.getNumberOfColors(), 2);
         EXPECT_EQ(nameField(d, "swatch1Name"), "");
     });
 }
@@ -76,7 +76,9 @@ TEST_F(StoredPreferencesTest, OptionSkipsTheFileAndKeepsItOnce) {
     file[3'040'006] = 7;
     writePreferences(file);
     prepare = [](HeadlessDesktop& d) { d.optionHeld = true; };
-    pick([](ChromalogControler& c, HeadlessDesktop&) { EXPECT_EQ(c.list(1).getNumberOfColors(), 0); });
+    pick([](ChromalogControler& c, HeadlessDesktop&) {
+        EXPECT_EQ(c.panels().one.view.getNumberOfColors(), 0);
+    });
     const auto skipped = preferences().string() + ".skipped";
     ASSERT_TRUE(std::filesystem::exists(skipped));
     std::ifstream kept(skipped, std::ios::binary);
@@ -92,7 +94,7 @@ TEST_F(StoredPreferencesTest, AFileOf0xFFLeavesARunningDialogAndThePointersAlone
     pick([this](ChromalogControler& c, HeadlessDesktop& d) {
         EXPECT_EQ(c.record().pickerRecord, &record);
         EXPECT_EQ(c.record().resultCode, &result);
-        EXPECT_EQ(c.list(1).getNumberOfColors(), -1) << "reported as it stands";
+        EXPECT_EQ(c.panels().one.view.getNumberOfColors(), -1) << "reported as it stands";
         EXPECT_EQ(control<HeadlessButton>(d, "okButton").title(), "Use 2nd color");
         c.okPressed();
     });
@@ -104,7 +106,7 @@ TEST_F(StoredPreferencesTest, AFileOf100BytesReachesTheFirstSwatchAlone) {
     pick([](ChromalogControler& c, HeadlessDesktop&) {
         EXPECT_EQ(c.record().swatchList1[0].Namen[93], 0x41);
         EXPECT_EQ(c.record().swatchList1[0].Namen[94], 0);
-        EXPECT_EQ(c.list(1).getNumberOfColors(), 0);
+        EXPECT_EQ(c.panels().one.view.getNumberOfColors(), 0);
     });
 }
 
@@ -112,7 +114,7 @@ TEST_F(StoredPreferencesTest, ClearingAndCancellingStoresTheViewsCount) {
     file[3'040'006] = 5;
     writePreferences(file);
     pick([](ChromalogControler& c, HeadlessDesktop&) {
-        c.list(1).setNumberOfColors(0);
+        c.panels().one.view.setNumberOfColors(0);
         EXPECT_EQ(c.record().numColors1, 5) << "until the next save";
         c.cancelPressed();
         EXPECT_EQ(c.record().numColors1, 0);

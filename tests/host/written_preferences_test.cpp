@@ -53,7 +53,7 @@ class WrittenPreferences : public PickTest {
         return file;
     }
     void stepWithCount(ChromalogControler& dialog, HeadlessDesktop& desktop, std::int16_t count) {
-        dialog.list(1).setNumberOfColors(count);
+        dialog.panels().one.view.setNumberOfColors(count);
         desktop.forms.at("chromalogWindow")->send("sortAlpha1:");
         EXPECT_EQ(read(preferences())[kCount1At], count) << "written before the change";
     }
@@ -88,8 +88,8 @@ TEST_F(WrittenPreferences, AnUnconnectedListsCountStaysAsItWasStored) {
     writePreferences(fileOf(5, 2));
     prepare = [](HeadlessDesktop& d) { d.missingForms = {"chromalogWindow"}; };
     onReady = [](ChromalogControler& dialog, HeadlessDesktop&) {
-        dialog.list(1).setNumberOfColors(1);
-        dialog.list(2).setNumberOfColors(0);
+        dialog.panels().one.view.setNumberOfColors(1);
+        dialog.panels().two.view.setNumberOfColors(0);
         dialog.cancelPressed();
         EXPECT_EQ(dialog.record().numColors1, 5);
         EXPECT_EQ(dialog.record().numColors2, 2);
@@ -108,7 +108,7 @@ TEST_F(WrittenPreferences, OkAndCancelWaitForTheDisk) {
         writePreferences(fileOf(5, 2));
         pick([&](ChromalogControler& dialog, HeadlessDesktop&) {
             flushed.clear();
-            dialog.list(1).setNumberOfColors(4);
+            dialog.panels().one.view.setNumberOfColors(4);
             ok ? dialog.okPressed() : dialog.cancelPressed();
             expectOnDisk();
         });

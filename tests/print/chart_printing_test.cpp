@@ -1,5 +1,6 @@
 #include "print/chart_printing.h"
 
+#include "support/headless_colours.h"
 #include "support/headless_desktop.h"
 #include "views/chart_pages.h"
 
@@ -73,45 +74,54 @@ TEST(TonePage, RowsAreSectorsFromTheLastAndColumnsRingsFromTheOutermost) {
     EXPECT_EQ(textsOf(page.cells.back()), (std::array<std::string, 3>{"R: 25", "G: 178", "B: 76"}));
 }
 
-/// Tells when something is drawn.
-class WatchedCanvas : public test::RecordingCanvas {
+/// Paper that tells of every patch and text before it is drawn.
+class ToldPaper : public test::RecordingCanvas {
   public:
-    WatchedCanvas(Size sheet, std::function<void()> onDraw)
-        : RecordingCanvas(false, {0, 0, sheet.w, sheet.h}), onDraw_(std::move(onDraw)) {}
+    ToldPaper(const std::function<void()>& tell, Size sheet)
+        : RecordingCanvas(false, {0, 0, sheet.w, sheet.h}), tell_(tell) {}
     void fillRect(const Rect& r) override {
-        onDraw_();
+        tell_();
         RecordingCanvas::fillRect(r);
+    }
+    void drawText(Point at, std::string_view text, const Font& font, double maxWidth) override {
+        tell_();
+        RecordingCanvas::drawText(at, text, font, maxWidth);
     }
 
   private:
-    std::function<void()> onDraw_;
+    const std::function<void()>& tell_;
 };
 
-/// A printer that looks at the charts while it paints.
-class WatchingScreen : public test::HeadlessDesktop {
+/// Where `whilePainting` looks on, prints on paper that tells.
+class ChartScreen : public test::HeadlessDesktop {
   public:
-    std::function<void()> onDraw;
+    std::function<void()> whilePainting;
+    std::function<void()> afterASheet;
     PrintOutcome runPrintOperation(const PrintJob& job) override {
+        if (!whilePainting) return HeadlessDesktop::runPrintOperation(job);
         const PrintPages pages = job.layOut(printInfo);
-        WatchedCanvas paper(pages.sheet, onDraw);
-        pages.paint(0, paper);
+        for (int i = 0; i < pages.sheets; ++i) {
+            ToldPaper paper(whilePainting, pages.sheet);
+            pages.paint(i, paper);
+            afterASheet();
+        }
         return PrintOutcome::printed;
     }
 };
 
-class ChartPrinting : public testing::Test, public toneDesk {
+class ChartPrinting : public testing::Test {
   protected:
     ChartPrinting() {
+        colours.setSecondColor(Colour::rgb(0.1, 0.7, 0.3));
+        absOrRel.setState(1);
+        tone.absOrRel.connect(&absOrRel);
+        tone.toneSlider.connect(&slider);
         tone.setFrame({10, 20, 256, 256});
         gradient.setFrame({10, 20, 256, 256});
         tone.setHost(&host);
         gradient.setHost(&host);
         host.frameChanges = host.redisplays = 0;
     }
-    Desktop& desktop() override { return screen; }
-    Colour getSecondColor() const override { return Colour::rgb(0.1, 0.7, 0.3); }
-    bool absoluteTone() const override { return true; }
-    float getToneShadeValue() const override { return 50; }
 
     const std::vector<Primitive>& print(int toneOrDegrade) {
         printToneOrDegrade(gradient, tone, toneOrDegrade, screen);
@@ -129,10 +139,13 @@ class ChartPrinting : public testing::Test, public toneDesk {
         EXPECT_EQ(host.redisplays, 0);
     }
 
-    test::HeadlessDesktop screen;
+    ChartScreen screen;
     test::HeadlessViewHost host;
-    toneView tone{*this};
-    degradeView gradient{*this};
+    test::HeadlessColours colours;
+    test::HeadlessButton absOrRel;
+    test::HeadlessSlider slider;
+    toneView tone{colours, screen};
+    degradeView gradient{screen};
 };
 
 TEST_F(ChartPrinting, AnyStateButOnePrintsTheGradient) {
@@ -159,6 +172,24 @@ TEST_F(ChartPrinting, OfTheToneChartOnlyWhatFallsOnThePageIsPrinted) {
     expectViewsAsBefore();
 }
 
+TEST_F(ChartPrinting, BothChartsArePrintingExactlyWhileASheetIsPainted) {
+    for (const int state : {0, 1}) {
+        int painted = 0, sheets = 0;
+        screen.whilePainting = [&] {
+            ++painted;
+            EXPECT_TRUE(tone.isFlipped() && gradient.isFlipped());
+        };
+        screen.afterASheet = [&] {
+            ++sheets;
+            EXPECT_FALSE(tone.isFlipped() || gradient.isFlipped());
+        };
+        printToneOrDegrade(gradient, tone, state, screen);
+        EXPECT_GT(painted, 400) << state;
+        EXPECT_EQ(sheets, 1);
+        expectViewsAsBefore();
+    }
+}
+
 TEST_F(ChartPrinting, TheScaleMakesThePageLarger) {
     screen.printInfo.scale = 0.5;
     EXPECT_EQ(print(0)[4].rect.x, 67.5);
@@ -171,22 +202,6 @@ TEST_F(ChartPrinting, OnALowPageLabelsRemainWithoutPatches) {
     EXPECT_TRUE(
         std::ranges::none_of(sheet, [](const Primitive& p) { return p.kind == Primitive::Kind::fillRect; }));
     EXPECT_EQ(sheet.size(), 256u * 3);
-}
-
-TEST_F(ChartPrinting, BothChartsCountAsPrintingWhileEitherIsPainted) {
-    for (const int state : {0, 1}) {
-        int draws = 0;
-        WatchingScreen printer;
-        printer.onDraw = [&] {
-            ++draws;
-            EXPECT_TRUE(tone.isPrinting() && tone.isFlipped()) << state;
-            EXPECT_TRUE(gradient.isPrinting() && gradient.isFlipped()) << state;
-        };
-        printToneOrDegrade(gradient, tone, state, printer);
-        EXPECT_GT(draws, 100);
-        EXPECT_FALSE(tone.isPrinting()) << state;
-        EXPECT_FALSE(gradient.isPrinting()) << state;
-    }
 }
 
 TEST_F(ChartPrinting, AfterACancelledOrFailedJobTheViewsAreAsBefore) {

@@ -1,6 +1,5 @@
 #include "print/list_printing.h"
 
-#include "host/globals.h"
 #include "print/print_support.h"
 
 #include <gtest/gtest.h>
@@ -20,7 +19,7 @@ class ListPrinting : public testing::Test {
     }
     std::vector<std::vector<Primitive>> print(int count) {
         list.setNumberOfColors(static_cast<std::int16_t>(count));
-        printSwatchList(list, dialog);
+        printSwatchList(list, dialog.options, dialog.services, dialog.screen);
         return dialog.screen.sheets;
     }
     static int fills(const std::vector<Primitive>& sheet) {
@@ -31,7 +30,6 @@ class ListPrinting : public testing::Test {
         EXPECT_EQ(list.bounds(), (Rect{0, 0, 200, 400}));
         EXPECT_EQ(list.host(), &host);
         EXPECT_EQ(host.frameChanges, 0) << "the widget never hears of the paper";
-        EXPECT_FALSE(list.onPaper);
     }
 
     std::vector<FCOStruct> records = test::numberedSwatches();
@@ -108,7 +106,7 @@ TEST_F(ListPrinting, TheOptionsDialogComesFirstAndItsChoicesCount) {
     const auto sheets = print(31);
     ASSERT_EQ(sheets.size(), 2u) << "30 large patches a page";
     EXPECT_EQ(sheets[0][0].rect, (Rect{0, 0, 80, 55}));
-    EXPECT_EQ(gPrintOptionController, nullptr);
+    EXPECT_EQ(dialog.options.printSize, 2);
 }
 
 TEST_F(ListPrinting, PrintingFollowsWithoutTheOptionsDialogToo) {

@@ -1,6 +1,5 @@
 #include "print/print_option_controller.h"
 
-#include "host/globals.h"
 #include "print/print_support.h"
 
 #include <gmock/gmock.h>
@@ -19,7 +18,7 @@ class PrintOptionDialog : public testing::Test {
     HeadlessRadioMatrix& sizes() { return dialog.dialog().outlet<HeadlessRadioMatrix>("buttonMatrix"); }
     /// Runs the dialog while a person does something to it.
     std::int64_t run(std::function<void()> person) {
-        PrintOptionController controller(dialog);
+        PrintOptionController controller(dialog.options, dialog.screen);
         dialog.screen.modalSteps.push_back(std::move(person));
         dialog.screen.modalSteps.push_back([this] { dialog.dialog().send("ok:"); });
         return controller.showVarianteWindow();
@@ -106,7 +105,7 @@ TEST_F(PrintOptionDialog, AnAttributeOtherThanTheThreeChangesNothing) {
 }
 
 TEST_F(PrintOptionDialog, ClosingTheWindowEndsItAsOkDoes) {
-    PrintOptionController controller(dialog);
+    PrintOptionController controller(dialog.options, dialog.screen);
     auto& window = dialog.dialog().outlet<test::HeadlessWindow>("printOptionWindow");
     dialog.screen.modalSteps.push_back([&] { window.onClose(); });
     EXPECT_EQ(controller.showVarianteWindow(), 1);
@@ -116,7 +115,7 @@ TEST_F(PrintOptionDialog, ClosingTheWindowEndsItAsOkDoes) {
 TEST_F(PrintOptionDialog, WithoutItsFormTheOptionsStay) {
     dialog.options = {2, 1, 1, 0};
     dialog.screen.missingForms.insert("SwatchPrintOptions");
-    PrintOptionController controller(dialog);
+    PrintOptionController controller(dialog.options, dialog.screen);
     EXPECT_EQ(controller.showVarianteWindow(), 0);
     controller.chooseSize();
     EXPECT_THAT(dialog.screen.logLines, testing::ElementsAre("failed to load SwatchPrintOptions xib",
@@ -126,7 +125,7 @@ TEST_F(PrintOptionDialog, WithoutItsFormTheOptionsStay) {
 }
 
 TEST_F(PrintOptionDialog, NothingSetsTheSharedPointer) {
-    PrintOptionController controller(dialog);
+    PrintOptionController controller(dialog.options, dialog.screen);
     EXPECT_EQ(PrintOptionController::printOptionController(), nullptr);
 }
 

@@ -42,24 +42,14 @@ inline std::vector<FCOStruct> numberedSwatches() {
     return records;
 }
 
-/// The parts of the dialog that printing asks.
-class PrintingDialog : public PrintDesk, public CSwatchListDesk {
+/// What of the dialog printing works with, around a list.
+class PrintingDialog : public CSwatchListDelegate {
   public:
     HeadlessDesktop screen;
     PrintOptions options;
     ColorServicesProc services = closedForm;
 
     Desktop& desktop() override { return screen; }
-    void setSwatchPrintsize(std::int16_t size) override { options.printSize = size; }
-    void setPrintAttributes(std::int16_t which, std::uint8_t flag) override {
-        options.setPrintAttributes(which, flag);
-    }
-    std::uint8_t isNameToPrint() const override { return options.printName; }
-    std::uint8_t isRGBToPrint() const override { return options.printRGB; }
-    std::uint8_t isCMYKToPrint() const override { return options.printCMYK; }
-    std::int16_t getMyPrintSize() const override { return options.printSize; }
-    ColorServicesProc colorServices() const override { return services; }
-
     void setFirstColor(CSwatchList&, std::int16_t) override {}
     bool isFirstColorId(const Colour&, std::int16_t, std::string&) override { return false; }
     void activateKnobs(CSwatchList&, double) override {}

@@ -27,6 +27,10 @@ class HeadlessTextField : public Headless<TextField> {
         if (!editing_) shown_ = pending_;
     }
     std::string text() const override { return shown_; }
+    void whenEdited(std::function<void()> f) override { onEdit = std::move(f); }
+    void whenEditingEnds(std::function<void()> f) override { onEndEditing = std::move(f); }
+    void whenReturnPressed(std::function<void()> f) override { onReturn = std::move(f); }
+    std::function<void()> onEdit, onEndEditing, onReturn;
 
     /// What a person does: selects all and types, one keystroke at a time.
     void type(const std::string& text) {
@@ -58,7 +62,11 @@ class HeadlessButton : public Headless<Button> {
     Colour background;
     void setTitle(std::string_view title) override { title_ = title; }
     std::string title() const override { return title_; }
-    void setBackground(const Colour& c) override { background = c; }
+    std::function<void()> onShow; ///< where set, after it was given a background
+    void setBackground(const Colour& c) override {
+        background = c;
+        if (onShow) onShow();
+    }
     void setState(int state) override { state_ = state; }
     int state() const override { return state_; }
 
@@ -69,8 +77,14 @@ class HeadlessButton : public Headless<Button> {
 
 class HeadlessColorWell : public Headless<ColorWell> {
   public:
-    void setColor(const Colour& c) override { color_ = c; }
+    std::function<void()> onShow; ///< where set, after it was given a colour
+    void setColor(const Colour& c) override {
+        color_ = c;
+        if (onShow) onShow();
+    }
     Colour color() const override { return color_; }
+    void whenDropped(std::function<void(const DragInfo&)> f) override { onDrop = std::move(f); }
+    std::function<void(const DragInfo&)> onDrop;
     /// What a drop does: the well takes the colour, then says so; nothing where nobody is told.
     void drop(const Colour& c, const DragSource* source = nullptr) {
         if (!onDrop) return;
@@ -166,6 +180,8 @@ class HeadlessWindow : public Headless<Window> {
   public:
     Window* parent = nullptr;
     int madeKey = 0;
+    std::function<void()> onClose;
+    void whenClosed(std::function<void()> f) override { onClose = std::move(f); }
     bool connected() const override { return true; }
     bool visible() const override { return visible_; }
     void makeKeyAndOrderFront() override { visible_ = true, ++madeKey; }

@@ -24,26 +24,26 @@ class HeadlessTimer : public Timer {
 
 namespace {
 
-template <typename T> struct Twin;
-template <> struct Twin<TextField> { using type = HeadlessTextField; };
-template <> struct Twin<Button> { using type = HeadlessButton; };
-template <> struct Twin<ColorWell> { using type = HeadlessColorWell; };
-template <> struct Twin<Slider> { using type = HeadlessSlider; };
-template <> struct Twin<Stepper> { using type = HeadlessStepper; };
-template <> struct Twin<LevelIndicator> { using type = HeadlessLevelIndicator; };
-template <> struct Twin<TextView> { using type = HeadlessTextView; };
-template <> struct Twin<ScrollView> { using type = HeadlessScrollView; };
-template <> struct Twin<RadioMatrix> { using type = HeadlessRadioMatrix; };
-template <> struct Twin<RowList> { using type = HeadlessRowList; };
-template <> struct Twin<Window> { using type = HeadlessWindow; };
+template <typename T> struct HeadlessOf;
+template <> struct HeadlessOf<TextField> { using type = HeadlessTextField; };
+template <> struct HeadlessOf<Button> { using type = HeadlessButton; };
+template <> struct HeadlessOf<ColorWell> { using type = HeadlessColorWell; };
+template <> struct HeadlessOf<Slider> { using type = HeadlessSlider; };
+template <> struct HeadlessOf<Stepper> { using type = HeadlessStepper; };
+template <> struct HeadlessOf<LevelIndicator> { using type = HeadlessLevelIndicator; };
+template <> struct HeadlessOf<TextView> { using type = HeadlessTextView; };
+template <> struct HeadlessOf<ScrollView> { using type = HeadlessScrollView; };
+template <> struct HeadlessOf<RadioMatrix> { using type = HeadlessRadioMatrix; };
+template <> struct HeadlessOf<RowList> { using type = HeadlessRowList; };
+template <> struct HeadlessOf<Window> { using type = HeadlessWindow; };
 
-/// Gives each outlet of a form its twin.
+/// Gives each outlet of a form a control.
 struct Connector {
     HeadlessForm& form;
     std::string name;
 
     template <typename T> void operator()(Outlet<T>* outlet) {
-        auto control = std::make_unique<typename Twin<T>::type>();
+        auto control = std::make_unique<typename HeadlessOf<T>::type>();
         outlet->connect(control.get());
         form.controls[name] = std::move(control);
     }

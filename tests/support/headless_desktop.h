@@ -42,8 +42,8 @@ class HeadlessViewHost : public ViewHost {
     std::optional<Rect> superviewBounds() const override { return clip; }
 };
 
-/// The platform's twin for tests: no layout, no pixels; it records what it is asked and answers as the test
-/// set it.
+/// The platform without a screen, for tests: no layout, no pixels; it records what it is asked and answers as
+/// the test set it.
 class HeadlessDesktop : public Desktop {
   public:
     // What the test sets.

@@ -2,7 +2,7 @@
 
 #include "support/swatch_files.h"
 #include "support/temporary_folder.h"
-#include "swatches/colour_book_folder.h"
+#include "swatches/formats/books_on_disk.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -26,27 +26,27 @@ class Lookup : public testing::Test {
         const auto& result = lookup.getValueFromAse(static_cast<std::int16_t>(space), keyOf(key));
         return {result[0], result[1], result[2]};
     }
-    test::BooksInMemory shelf;
-    BookLookup lookup{shelf, RecordingHost::convert};
+    test::BooksInMemory inMemory;
+    BookLookup lookup{inMemory, RecordingHost::convert};
 };
 
 TEST_F(Lookup, AKeyPresentTwiceYieldsTheFirst) {
     FileBuilder book;
     book.bookHeader(3, 7).bookColour("a", "other ", {9, 9, 9});
     book.bookColour("b", " 71-1D", {247, 1, 2}).bookColour("c", " 71-1D", {3, 4, 5});
-    shelf.books["ANPA Color.acb"] = book.bytes;
+    inMemory.books["ANPA Color.acb"] = book.bytes;
     look(3000, " 71-1D");
     EXPECT_THAT(RecordingHost::calls, ElementsAre(RecordingHost::Call{3, {247, 1, 2, 0}}));
 }
 
 TEST_F(Lookup, EachSpaceOfABookHasItsResult) {
-    shelf.books["ANPA Color.acb"] =
+    inMemory.books["ANPA Color.acb"] =
         FileBuilder().bookHeader(1, 0).bookColour("", "rgb   ", {1, 128, 255}).bytes;
-    shelf.books["TRUMATCH.acb"] =
+    inMemory.books["TRUMATCH.acb"] =
         FileBuilder().bookHeader(1, 2).bookColour("", "cmyk  ", {10, 20, 30, 40}).bytes;
-    shelf.books["FOCOLTONE.acb"] =
+    inMemory.books["FOCOLTONE.acb"] =
         FileBuilder().bookHeader(1, 7).bookColour("", "lab   ", {10, 20, 30}).bytes;
-    shelf.books["DIC Color Guide.acb"] =
+    inMemory.books["DIC Color Guide.acb"] =
         FileBuilder().bookHeader(1, 4).bookColour("", "other ", {10, 20, 30}).bytes;
     EXPECT_THAT(look(3000, "rgb   "), ElementsAre(256, -32768, -256));
     EXPECT_THAT(look(5, "cmyk  "), ElementsAre(20, 30, 40));
@@ -55,7 +55,8 @@ TEST_F(Lookup, EachSpaceOfABookHasItsResult) {
 }
 
 TEST_F(Lookup, AMissingBookOrKeyLeavesTheResultAsItWas) {
-    shelf.books["ANPA Color.acb"] = FileBuilder().bookHeader(1, 0).bookColour("", "rgb   ", {1, 2, 3}).bytes;
+    inMemory.books["ANPA Color.acb"] =
+        FileBuilder().bookHeader(1, 0).bookColour("", "rgb   ", {1, 2, 3}).bytes;
     EXPECT_THAT(look(4, "rgb   "), ElementsAre(0, 0, 0));
     EXPECT_THAT(look(3000, "rgb   "), ElementsAre(256, 512, 768));
     EXPECT_THAT(look(3000, "RGB   "), ElementsAre(256, 512, 768));
@@ -63,31 +64,33 @@ TEST_F(Lookup, AMissingBookOrKeyLeavesTheResultAsItWas) {
 }
 
 TEST_F(Lookup, ABookIsReadOncePerLoadMissingOrNot) {
-    shelf.books["ANPA Color.acb"] = FileBuilder().bookHeader(1, 0).bookColour("", "rgb   ", {1, 2, 3}).bytes;
+    inMemory.books["ANPA Color.acb"] =
+        FileBuilder().bookHeader(1, 0).bookColour("", "rgb   ", {1, 2, 3}).bytes;
     for (int i = 0; i < 5; ++i)
         look(3000, "rgb   "), look(4, "absent");
-    EXPECT_EQ(shelf.reads["ANPA Color.acb"], 1);
-    EXPECT_EQ(shelf.reads["FOCOLTONE.acb"], 1);
+    EXPECT_EQ(inMemory.reads["ANPA Color.acb"], 1);
+    EXPECT_EQ(inMemory.reads["FOCOLTONE.acb"], 1);
 }
 
 TEST_F(Lookup, AnHksKeyWithoutALetterStaysWithTheBookInForce) {
-    shelf.books["ANPA Color.acb"] = FileBuilder().bookHeader(1, 0).bookColour("", "   1 X", {1, 2, 3}).bytes;
+    inMemory.books["ANPA Color.acb"] =
+        FileBuilder().bookHeader(1, 0).bookColour("", "   1 X", {1, 2, 3}).bytes;
     EXPECT_THAT(look(10, "   1 X"), ElementsAre(0, 0, 0)); // no book is in force at the start of a file
     look(3000, "absent");
     EXPECT_THAT(look(10, "   1 X"), ElementsAre(256, 512, 768));
     lookup.meetUnknownSpace(3001);
     look(10, "   2 X");
-    EXPECT_EQ(shelf.reads["farbe.Ctype =3001"], 1);
+    EXPECT_EQ(inMemory.reads["farbe.Ctype =3001"], 1);
     lookup.meetUnknownSpace(-5);
     look(10, "   2 X");
-    EXPECT_EQ(shelf.reads["farbe.Ctype =-5"], 1);
+    EXPECT_EQ(inMemory.reads["farbe.Ctype =-5"], 1);
 }
 
 TEST_F(Lookup, Space3066FindsNothingAlthoughTheBookIsThere) {
     const std::string file = "PANTONE+ Pastels & Neons Coated.acb";
-    shelf.books[file] = FileBuilder().bookHeader(1, 0).bookColour("", "  006 ", {1, 2, 3}).bytes;
+    inMemory.books[file] = FileBuilder().bookHeader(1, 0).bookColour("", "  006 ", {1, 2, 3}).bytes;
     EXPECT_THAT(look(3066, "  006 "), ElementsAre(0, 0, 0));
-    EXPECT_EQ(shelf.reads[file], 0);
+    EXPECT_EQ(inMemory.reads[file], 0);
     EXPECT_THAT(look(10, "  006 "), ElementsAre(256, 512, 768)); // the name is in force all the same
 }
 
@@ -118,7 +121,7 @@ TEST_F(Lookup, ABookOf8000ColoursIsLookedThroughToItsEnd) {
         book.bookColour("", "same  ", {i % 256, 0, 0});
     book.bytes.resize(book.bytes.size() - 13); // the last one has another key
     book.bookColour("", "last  ", {1, 2, 3});
-    shelf.books["ANPA Color.acb"] = book.bytes;
+    inMemory.books["ANPA Color.acb"] = book.bytes;
     EXPECT_THAT(look(3000, "same  "), ElementsAre(0, 0, 0));
     EXPECT_THAT(look(3000, "last  "), ElementsAre(256, 512, 768));
 }
@@ -135,18 +138,18 @@ TEST_F(Lookup, HostileBooksFindNothing) {
     }
 }
 
-TEST(ColourBookFolder, ReadsBooksAndNothingElse) {
+TEST(BooksOnDisk, ReadsBooksAndNothingElse) {
     test::TemporaryFolder folder;
     std::ofstream(folder / "TRUMATCH.acb") << "book";
     ::mkdir((folder / "FOCOLTONE.acb").c_str(), 0755);
     ::mkfifo((folder / "ANPA Color.acb").c_str(), 0644); // opening it would wait for a writer
-    const ColourBookFolder books(folder.path());
+    const BooksOnDisk books(folder.path());
     EXPECT_EQ(books.readBook("TRUMATCH.acb"), (std::vector<std::uint8_t>{'b', 'o', 'o', 'k'}));
     EXPECT_FALSE(books.readBook("FOCOLTONE.acb"));
     EXPECT_FALSE(books.readBook("ANPA Color.acb"));
     EXPECT_FALSE(books.readBook("absent.acb"));
     EXPECT_FALSE(books.readBook(""));
-    EXPECT_FALSE(ColourBookFolder("").readBook("TRUMATCH.acb"));
+    EXPECT_FALSE(BooksOnDisk("").readBook("TRUMATCH.acb"));
 }
 
 } // namespace

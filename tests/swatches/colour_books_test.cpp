@@ -70,27 +70,26 @@ TEST(ColourBooks, PublicCodesThatAreNotInTheTableAreNoBooks) {
 }
 
 TEST(ColourBooks, TheFolderFollowsTheHostsMajorVersion) {
-    EXPECT_EQ(colourBooksFolder(13 * 65536, ""), "/Applications/Adobe Photoshop CS6/Presets/Color Books");
-    EXPECT_EQ(colourBooksFolder(14 * 65536 + 2 * 256, ""),
-              "/Applications/Adobe Photoshop CC/Presets/Color Books");
-    EXPECT_EQ(colourBooksFolder(15 * 65536, "", "/a"), "/a/Adobe Photoshop CC 2014/Presets/Color Books");
-    EXPECT_EQ(colourBooksFolder(16 * 65536, "", "/a"), "/a/Adobe Photoshop CC 2015/Presets/Color Books");
-    EXPECT_EQ(colourBooksFolder(12 * 65536, ""), "/Applications");
-    EXPECT_EQ(colourBooksFolder(17 * 65536, ""), "/Applications");
-    EXPECT_EQ(colourBooksFolder(0, ""), "/Applications");
+    EXPECT_EQ(pathOfBooks(13 * 65536, ""), "/Applications/Adobe Photoshop CS6/Presets/Color Books");
+    EXPECT_EQ(pathOfBooks(14 * 65536 + 2 * 256, ""), "/Applications/Adobe Photoshop CC/Presets/Color Books");
+    EXPECT_EQ(pathOfBooks(15 * 65536, "", "/a"), "/a/Adobe Photoshop CC 2014/Presets/Color Books");
+    EXPECT_EQ(pathOfBooks(16 * 65536, "", "/a"), "/a/Adobe Photoshop CC 2015/Presets/Color Books");
+    EXPECT_EQ(pathOfBooks(12 * 65536, ""), "/Applications");
+    EXPECT_EQ(pathOfBooks(17 * 65536, ""), "/Applications");
+    EXPECT_EQ(pathOfBooks(0, ""), "/Applications");
 }
 
 TEST(ColourBooks, TheVersionIsDividedBy65535) {
-    EXPECT_EQ(colourBooksFolder(16 * 65535, "", "/a"), "/a/Adobe Photoshop CC 2015/Presets/Color Books");
-    EXPECT_EQ(colourBooksFolder(17 * 65535 - 1, "", "/a"), "/a/Adobe Photoshop CC 2015/Presets/Color Books");
-    EXPECT_EQ(colourBooksFolder(17 * 65535, "", "/a"), "/a");
+    EXPECT_EQ(pathOfBooks(16 * 65535, "", "/a"), "/a/Adobe Photoshop CC 2015/Presets/Color Books");
+    EXPECT_EQ(pathOfBooks(17 * 65535 - 1, "", "/a"), "/a/Adobe Photoshop CC 2015/Presets/Color Books");
+    EXPECT_EQ(pathOfBooks(17 * 65535, "", "/a"), "/a");
 }
 
 TEST(ColourBooks, ANamedFolderStandsForTheHostsOwn) {
     for (const int major : {13, 14, 15, 16})
-        EXPECT_EQ(colourBooksFolder(major * 65536, "/books"), "/books");
-    EXPECT_EQ(colourBooksFolder(12 * 65536, "/books"), "");
-    EXPECT_EQ(colourBooksFolder(17 * 65536, "/books"), "");
+        EXPECT_EQ(pathOfBooks(major * 65536, "/books"), "/books");
+    EXPECT_EQ(pathOfBooks(12 * 65536, "/books"), "");
+    EXPECT_EQ(pathOfBooks(17 * 65536, "/books"), "");
 }
 
 } // namespace

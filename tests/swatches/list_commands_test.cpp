@@ -18,22 +18,13 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-class ListCommandsTest : public test::ListTest, public ListCommandsDesk {
-  public:
-    Desktop& desktop() override { return platform; }
-    void setUndoablePosition(std::string_view label) override { ListTest::setUndoablePosition(label); }
-    Window& getChromalogWindow() override { return window; }
-    ListParts list(ListNumber which) override {
-        if (which == ListNumber::one) return {swatch1, scroller1, name1, data->numColors1, data->swatchName1};
-        return {swatch2, scroller2, name2, data->numColors2, data->swatchName2};
-    }
-    ColorServicesProc colorServices() const override { return nullptr; }
-    std::string colourBooksFolder() override {
-        ++folderCalls;
-        return folder.path();
-    }
-
+class ListCommandsTest : public test::ListTest {
   protected:
+    ListCommandsTest() {
+        dialog.connect(&window);
+        one.nameField.connect(&name1);
+        two.nameField.connect(&name2);
+    }
     std::string file(const std::string& name, const std::vector<std::uint8_t>& bytes) {
         const std::string path = folder / name;
         std::ofstream(path, std::ios::binary)
@@ -59,13 +50,19 @@ class ListCommandsTest : public test::ListTest, public ListCommandsDesk {
     test::TemporaryFolder folder;
     test::HeadlessWindow window;
     test::HeadlessTextField name1, name2;
+    Outlet<Window> dialog;
     int folderCalls = 0;
-    ListCommands commands{*this};
+    ListCommands commands{{one, two, platform, dialog, nullptr,
+                           [this](std::string_view label) { setUndoablePosition(label); },
+                           [this] {
+                               ++folderCalls;
+                               return folder.path();
+                           }}};
 };
 
 TEST_F(ListCommandsTest, LoadingRecordsTwoStepsOpensASheetAndRedisplaysBeforeTheAnswer) {
     host1.redisplays = 0;
-    commands.loadSwatch(ListNumber::one);
+    commands.loadSwatch(one);
     EXPECT_THAT(labels, ElementsAre("!Load Swatch!", "!LoadSwatch!"));
     EXPECT_THAT(platform.logLines, Contains("LoadSwatch"));
     ASSERT_THAT(platform.openPanels, SizeIs(1));
@@ -77,7 +74,7 @@ TEST_F(ListCommandsTest, LoadingRecordsTwoStepsOpensASheetAndRedisplaysBeforeThe
 TEST_F(ListCommandsTest, CancellingTheOpenPanelLeavesTheListAndTwoSteps) {
     fillNumbered(swatch1, 3);
     data->numColors1 = 3;
-    commands.loadSwatch(ListNumber::one);
+    commands.loadSwatch(one);
     platform.answerPanel(std::nullopt);
     EXPECT_THAT(names(swatch1), ElementsAre("0", "1", "2"));
     EXPECT_EQ(data->numColors1, 3);
@@ -89,7 +86,7 @@ TEST_F(ListCommandsTest, AChosenFileReplacesTheListItsNameAndItsStoredCount) {
     swatch2.setSelectedColor(6);
     swatch2.setStartColor(4);
     scroller2.setVerticalScroller(0.7);
-    commands.loadSwatch(ListNumber::two);
+    commands.loadSwatch(two);
     platform.answerPanel(file("Autumn.aco", acoOf(2)));
     EXPECT_THAT(names(swatch2), ElementsAre("0", "1"));
     EXPECT_EQ(nameBytes(data->swatchList2[2]), "2") << "old records past the new count stay";
@@ -109,7 +106,7 @@ TEST_F(ListCommandsTest, AChosenFileReplacesTheListItsNameAndItsStoredCount) {
 TEST_F(ListCommandsTest, AShorterFileLeavesTheOldRecordsPastItsEndInTheArray) {
     fillNumbered(swatch1, 5);
     const FCOStruct last = data->swatchList1[4];
-    commands.loadSwatch(ListNumber::one);
+    commands.loadSwatch(one);
     platform.answerPanel(file("Two.aco", acoOf(2)));
     EXPECT_EQ(swatch1.getNumberOfColors(), 2);
     EXPECT_EQ(nameBytes(data->swatchList1[2]), "2");
@@ -119,7 +116,7 @@ TEST_F(ListCommandsTest, AShorterFileLeavesTheOldRecordsPastItsEndInTheArray) {
 TEST_F(ListCommandsTest, AppendingStartsAtTheViewsCount) {
     fillNumbered(swatch1, 3);
     data->numColors1 = 1; // the stored count plays no part
-    commands.appendSwatch(ListNumber::one);
+    commands.appendSwatch(one);
     EXPECT_THAT(labels, ElementsAre("!Append Swatch!", "!LoadSwatch!"));
     platform.answerPanel(file("more.aco", acoOf(2)));
     EXPECT_THAT(names(swatch1), ElementsAre("0", "1", "2", "0", "1"));
@@ -128,7 +125,7 @@ TEST_F(ListCommandsTest, AppendingStartsAtTheViewsCount) {
 
 TEST_F(ListCommandsTest, AppendingTwentyTo4990ShowsTheAlertWith5010AndReadsTen) {
     fillNumbered(swatch1, 4990);
-    commands.appendSwatch(ListNumber::one);
+    commands.appendSwatch(one);
     platform.answerPanel(file("twenty.aco", acoOf(20)));
     ASSERT_THAT(platform.alerts, SizeIs(1));
     EXPECT_EQ(platform.alerts[0].message, "A Swatch list has a maximum of 5000 colors. ");
@@ -142,7 +139,7 @@ TEST_F(ListCommandsTest, AppendingFromACountOutOfRangeStaysInTheArray) {
     data->swatchList2[0] = test::swatch("guard");
     for (const std::int16_t count : {std::int16_t{-3}, std::int16_t{30'000}, std::int16_t{-32'768}}) {
         swatch1.setNumberOfColors(count);
-        commands.appendSwatch(ListNumber::one);
+        commands.appendSwatch(one);
         platform.answerPanel(file("few.aco", acoOf(5)));
     }
     EXPECT_EQ(nameBytes(data->swatchList2[0]), "guard");
@@ -157,7 +154,7 @@ TEST_F(ListCommandsTest, AnAnswerThatIsNoReadableFileChangesNothingAndNeverHangs
     if (::geteuid() != 0) answers.push_back(locked); // root may read anything
     fillNumbered(swatch1, 2);
     for (const std::string& answer : answers) {
-        commands.loadSwatch(ListNumber::one);
+        commands.loadSwatch(one);
         platform.answerPanel(answer);
         commands.loadASE();
         platform.answerPanel(answer);
@@ -169,10 +166,10 @@ TEST_F(ListCommandsTest, AnAnswerThatIsNoReadableFileChangesNothingAndNeverHangs
 
 TEST_F(ListCommandsTest, AnEmptyFileSetsTheCountToTheStartIndex) {
     fillNumbered(swatch1, 3);
-    commands.appendSwatch(ListNumber::one);
+    commands.appendSwatch(one);
     platform.answerPanel(file("empty.aco", {}));
     EXPECT_EQ(swatch1.getNumberOfColors(), 3);
-    commands.loadSwatch(ListNumber::one);
+    commands.loadSwatch(one);
     platform.answerPanel(file("empty.aco", {}));
     EXPECT_EQ(swatch1.getNumberOfColors(), 0);
     EXPECT_EQ(data->numColors1, 0);
@@ -184,7 +181,7 @@ TEST_F(ListCommandsTest, BookReferencesAreLookedUpInTheHostsFolder) {
     file("TRUMATCH.acb", book.bytes);
     FileBuilder aco;
     aco.header(1, 1).reference(5, "KEY001").header(2, 1).reference(5, "KEY001").name("Warm");
-    commands.loadSwatch(ListNumber::one);
+    commands.loadSwatch(one);
     platform.answerPanel(file("refs.aco", aco.bytes));
     EXPECT_EQ(data->swatchList1[0].SRed, 7 * 256 * 256) << "scaled twice: kept";
     EXPECT_EQ(data->swatchList1[0].SBlue, 9 * 256 * 256);
@@ -195,7 +192,7 @@ TEST_F(ListCommandsTest, ClearingChangesTheViewsCountAloneAndRedisplaysTheScroll
     data->numColors2 = 4;
     const double height = swatch2.frame().h;
     host2.redisplays = 0;
-    commands.killSwatch(ListNumber::two);
+    commands.killSwatch(two);
     EXPECT_THAT(labels, ElementsAre("!Delete Swatch!"));
     EXPECT_EQ(swatch2.getNumberOfColors(), 0);
     EXPECT_EQ(data->numColors2, 4);
@@ -208,9 +205,9 @@ TEST_F(ListCommandsTest, ClearingChangesTheViewsCountAloneAndRedisplaysTheScroll
 TEST_F(ListCommandsTest, SortsRecordTheirStepFirst) {
     fill(swatch2, {test::swatch("b", 0, 0, 9), test::swatch("a", 9, 0, 0)});
     onUndoStep = [this] { EXPECT_EQ(nameBytes(data->swatchList2[0]), labels.size() == 1 ? "b" : "a"); };
-    commands.sortAlpha(ListNumber::two);
+    commands.sortAlpha(two);
     EXPECT_THAT(names(swatch2), ElementsAre("a", "b"));
-    commands.sortHue(ListNumber::two);
+    commands.sortHue(two);
     EXPECT_THAT(labels, ElementsAre("!Sort Swatch Alpha!", "!Sort Swatch Hue!"));
     EXPECT_EQ(scroller1.redisplays + scroller2.redisplays, 0);
 }
@@ -231,7 +228,7 @@ TEST_F(ListCommandsTest, ASavedPathEndsInAcoOnce) {
 TEST_F(ListCommandsTest, SavingWritesWhatTheViewShowsAndRecordsNoStep) {
     fill(swatch2, {test::swatch("A", 65535, 0, 32768)});
     host2.redisplays = 0;
-    commands.saveSwatch(ListNumber::two);
+    commands.saveSwatch(two);
     ASSERT_THAT(platform.savePanels, SizeIs(1));
     EXPECT_EQ(platform.savePanels[0].extension, "aco")
         << "so that the panel asks about the file that is written";
@@ -244,11 +241,11 @@ TEST_F(ListCommandsTest, SavingWritesWhatTheViewShowsAndRecordsNoStep) {
 }
 
 TEST_F(ListCommandsTest, ASaveProposesTheNameThatTheListWasLoadedUnder) {
-    commands.saveSwatch(ListNumber::one);
+    commands.saveSwatch(one);
     for (const char* loaded : {"wheat.aco", "blue 1.5.aco", "RED.ACO"}) {
-        commands.loadSwatch(ListNumber::one);
+        commands.loadSwatch(one);
         platform.answerPanel(file(loaded, acoOf(1)));
-        commands.saveSwatch(ListNumber::one);
+        commands.saveSwatch(one);
     }
     const char* proposed[] = {"", "wheat.aco", "blue 1.5.aco", "RED.aco"};
     ASSERT_THAT(platform.savePanels, SizeIs(4));
@@ -264,7 +261,7 @@ TEST_F(ListCommandsTest, ASaveThatFailsOrIsCancelledIsNotReported) {
     std::filesystem::current_path(folder.path()); // where a path without a folder would lie
     for (const auto& answer : {std::optional<std::string>(), std::optional(folder / "no/such/folder/x"),
                                std::optional<std::string>("")}) {
-        commands.saveSwatch(ListNumber::one);
+        commands.saveSwatch(one);
         platform.answerPanel(answer);
     }
     std::filesystem::current_path(before);
@@ -274,9 +271,9 @@ TEST_F(ListCommandsTest, ASaveThatFailsOrIsCancelledIsNotReported) {
 
 TEST_F(ListCommandsTest, SavedAndLoadedAgainAListIsTheSame) {
     fillNumbered(swatch1, 300);
-    commands.saveSwatch(ListNumber::one);
+    commands.saveSwatch(one);
     platform.answerPanel(folder / "round");
-    commands.loadSwatch(ListNumber::two);
+    commands.loadSwatch(two);
     platform.answerPanel(folder / "round.aco");
     EXPECT_EQ(names(swatch2), names(swatch1));
     EXPECT_EQ(data->swatchList2[299].SRed, 29'900);
@@ -338,14 +335,14 @@ TEST_F(ListCommandsTest, StoredNamesAreAsciiHeldTo255WithTheTextsOwnLength) {
                                     {std::string(256, 'x'), std::string(255, 'x'), 0},
                                     {std::string(300, 'x'), std::string(255, 'x'), 44}};
     for (const StoredNameCase& c : cases) {
-        storeListName(data->swatchName1, StoredName(c.name));
+        one.storeName(StoredName(c.name));
         EXPECT_EQ(data->swatchName1[0], c.length) << c.name;
         EXPECT_EQ(std::memcmp(data->swatchName1 + 1, c.characters.data(), c.characters.size()), 0) << c.name;
         EXPECT_EQ(data->swatchName2[0], 0);
     }
 }
 
-TEST_F(ListCommandsTest, EveryCommandHasItsActionAndItsTwin) {
+TEST_F(ListCommandsTest, EveryCommandHasAnActionForEachList) {
     std::vector<std::string> actionNames;
     for (const ActionEntry& action : commands.actions()) {
         actionNames.emplace_back(action.name);

@@ -4,7 +4,7 @@
 #include "support/headless_desktop.h"
 #include "swatches/list_edits.h"
 #include "swatches/name_text.h"
-#include "swatches/swatch_list_view.h"
+#include "swatches/swatch_panel.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -28,7 +28,7 @@ inline FCOStruct swatch(std::string_view name, std::int64_t red = 0, std::int64_
 }
 
 /// Two lists over a global record of their own, in a dialog that records what it is asked.
-class ListTest : public testing::Test, public CSwatchListDesk {
+class ListTest : public testing::Test, public CSwatchListDelegate {
   public:
     Desktop& desktop() override { return platform; }
     void setFirstColor(CSwatchList& list, std::int16_t index) override {
@@ -51,6 +51,10 @@ class ListTest : public testing::Test, public CSwatchListDesk {
     Menu& menu(CSwatchList& list) override { return &list == &swatch1 ? menu1 : menu2; }
 
   protected:
+    ListTest() {
+        one.scroller.connect(&scroller1);
+        two.scroller.connect(&scroller2);
+    }
     void SetUp() override {
         swatch1.setSwatchList(data->swatchList1);
         swatch2.setSwatchList(data->swatchList2);
@@ -102,7 +106,29 @@ class ListTest : public testing::Test, public CSwatchListDesk {
     HeadlessViewHost host1, host2;
     HeadlessScrollView scroller1, scroller2;
     HeadlessMenu menu1, menu2;
-    CSwatchList swatch1{*this}, swatch2{*this};
+    SwatchPanel one{data->swatchList1,
+                    data->numColors1,
+                    ListNameField(data->swatchName1, 257),
+                    true,
+                    CSwatchList(*this),
+                    {},
+                    {},
+                    {},
+                    {},
+                    {},
+                    {}};
+    SwatchPanel two{data->swatchList2,
+                    data->numColors2,
+                    ListNameField(data->swatchName2, 257),
+                    false,
+                    CSwatchList(*this),
+                    {},
+                    {},
+                    {},
+                    {},
+                    {},
+                    {}};
+    CSwatchList &swatch1 = one.view, &swatch2 = two.view;
 
     Colour firstColor = Colour::rgb(0.9, 0.3, 0.1);
     std::string firstName = "First";

@@ -1,7 +1,7 @@
 #include "support/swatch_files.h"
-#include "swatches/colour_book_folder.h"
 #include "swatches/formats/aco_reader.h"
 #include "swatches/formats/aco_writer.h"
+#include "swatches/formats/books_on_disk.h"
 #include "swatches/name_text.h"
 
 #include "prefs/file_io.h"
@@ -99,7 +99,7 @@ TEST_F(Samples, EverySwatchFileReadsAsExpectedRecordByRecord) {
         const AcoHeader header = readAcoHeader(file, 0);
         std::vector<int> told{header.viewCount};
         if (const auto next = readAcoRecords(file, header, 0, list.records(), RecordingHost::convert,
-                                             ColourBookFolder(booksFolder)))
+                                             BooksOnDisk(booksFolder)))
             told.push_back(*next);
         EXPECT_EQ(header.version, reader["version"]);
         EXPECT_EQ(header.overLimit.has_value(), reader["alert"].get<bool>());

@@ -11,17 +11,19 @@ using testing::SizeIs;
 
 class SearchKnobsTest : public test::ListTest {
   public:
-    void activateKnobs(CSwatchList& list, double hits) override { knobs.activateKnobs(list, hits); }
+    void activateKnobs(CSwatchList& list, double hits) override {
+        knobs.activateKnobs(&list == &swatch1 ? one : two, hits);
+    }
 
   protected:
     void SetUp() override {
         ListTest::SetUp();
-        knobs.findColor1.connect(&field1);
-        knobs.findColor2.connect(&field2);
-        knobs.seachStep1.connect(&step1);
-        knobs.seachStep2.connect(&step2);
-        knobs.found1.connect(&label1);
-        knobs.found2.connect(&label2);
+        one.searchField.connect(&field1);
+        two.searchField.connect(&field2);
+        one.hitStepper.connect(&step1);
+        two.hitStepper.connect(&step2);
+        one.found.connect(&label1);
+        two.found.connect(&label2);
         knobs.observeFields();
         fill(swatch1, {test::swatch("Light Blue"), test::swatch("blue"), test::swatch("Blueberry")});
         fill(swatch2, {test::swatch("Blue"), test::swatch("Red")});
@@ -29,7 +31,7 @@ class SearchKnobsTest : public test::ListTest {
 
     test::HeadlessTextField field1, field2, label1, label2;
     test::HeadlessStepper step1, step2;
-    SearchKnobs knobs{platform, swatch1, swatch2};
+    SearchKnobs knobs{platform, one, two};
 };
 
 TEST_F(SearchKnobsTest, SearchesAQuarterOfASecondAfterTheLastKeystroke) {
@@ -85,7 +87,7 @@ TEST_F(SearchKnobsTest, ThePendingTimerKeepsTheFieldThatItWasStartedFor) {
 }
 
 TEST_F(SearchKnobsTest, NoHitDisablesStepperAndLabel) {
-    knobs.activateKnob1(5);
+    knobs.activateKnobs(one, 5);
     field1.type("green");
     platform.advance(1);
     EXPECT_FALSE(step1.enabled());
@@ -106,7 +108,7 @@ TEST_F(SearchKnobsTest, OneHitIsMissedWhereTheStepperHoldsAnOlderValue) {
     field1.type("Blue");
     platform.advance(1);
     step1.current = 1;
-    knobs.jumpFirst();
+    knobs.jump(one);
     EXPECT_EQ(swatch1.getSelected(), 2);
     platform.logLines.clear();
     field1.type("berry");
@@ -121,13 +123,13 @@ TEST_F(SearchKnobsTest, TheSteppersWalkTheirOwnLists) {
     field1.type("Blue");
     platform.advance(1);
     step1.current = 1;
-    knobs.jumpFirst();
+    knobs.jump(one);
     EXPECT_EQ(swatch1.getSelected(), 2);
     fill(swatch2, {test::swatch("a"), test::swatch("a")});
     field2.type("a");
     platform.advance(1);
     step2.current = 1;
-    knobs.jumpSecond();
+    knobs.jump(two);
     EXPECT_EQ(swatch2.getSelected(), 1);
     EXPECT_EQ(step2.maximum, 1);
 }
@@ -161,17 +163,25 @@ TEST_F(SearchKnobsTest, ReturnWithoutHitsDoesNothing) {
 }
 
 TEST_F(SearchKnobsTest, AFractionOfAHitIsCutOff) {
-    knobs.activateKnobs(swatch2, 1.9);
+    knobs.activateKnobs(two, 1.9);
     EXPECT_EQ(label2.text(), " 1 found");
 }
 
 TEST_F(SearchKnobsTest, UnconnectedControlsDoNothing) {
-    SearchKnobs bare(platform, swatch1, swatch2);
-    bare.observeFields();
-    bare.searchTextDidChange(field1);
-    platform.advance(1);
-    EXPECT_THAT(swatch2.hits(), IsEmpty());
-    EXPECT_THAT(bare.table(), SizeIs(6));
+    for (SwatchPanel* panel : {&one, &two}) {
+        panel->searchField.connect(nullptr);
+        panel->hitStepper.connect(nullptr);
+        panel->found.connect(nullptr);
+    }
+    knobs.observeFields();
+    for (SwatchPanel* panel : {&one, &two}) {
+        knobs.searchTextDidChange(*panel);
+        platform.advance(1);
+        EXPECT_THAT(panel->view.hits(), IsEmpty());
+        knobs.nextHit(*panel);
+        knobs.activateKnobs(*panel, 3);
+    }
+    EXPECT_EQ(label1.text() + label2.text(), "");
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "views/degrade_view.h"
 #include "views/tone_view.h"
 
+#include "support/headless_colours.h"
 #include "support/headless_desktop.h"
 
 #include <gtest/gtest.h>
@@ -8,22 +9,13 @@
 namespace chromalog {
 namespace {
 
-class ChartDesk : public toneDesk {
-  public:
-    test::HeadlessDesktop platform;
-    Desktop& desktop() override { return platform; }
-    Colour getSecondColor() const override { return {}; }
-    bool absoluteTone() const override { return true; }
-    float getToneShadeValue() const override { return 50; }
-};
-
 /// What the tone chart and the gradient have in common; each test runs on both.
 class ChartView : public testing::TestWithParam<bool> {
   protected:
     void SetUp() override {
         chart.setHost(&host);
         chart.layOut({0, 0, 32, 32});
-        Bitmap& picture = desk.platform.nextCapture;
+        Bitmap& picture = desktop.nextCapture;
         picture = {32, 32, {}};
         for (std::uint32_t i = 0; i < 32 * 32; ++i)
             picture.pixels.push_back(0xFF000000 | i); // its own index
@@ -32,17 +24,18 @@ class ChartView : public testing::TestWithParam<bool> {
         return Bitmap::colourOf(0xFF000000 | (row * 32 + column));
     }
 
-    ChartDesk desk;
+    test::HeadlessDesktop desktop;
+    test::HeadlessColours colours;
     test::HeadlessViewHost host;
-    toneView tone{desk};
-    degradeView gradient{desk};
+    toneView tone{colours, desktop};
+    degradeView gradient{desktop};
     chartView& chart = GetParam() ? static_cast<chartView&>(tone) : gradient;
 };
 
 TEST_P(ChartView, DraggingBeforeAnyClickCarriesNothing) {
     chart.mouseDragged({{5, 5}});
-    EXPECT_TRUE(desk.platform.drags.empty());
-    EXPECT_FALSE(desk.platform.generalPasteboard().colourType);
+    EXPECT_TRUE(desktop.drags.empty());
+    EXPECT_FALSE(desktop.generalPasteboard().colourType);
     EXPECT_FALSE(chart.selectedColor());
 }
 
@@ -63,8 +56,8 @@ TEST_P(ChartView, PicksOutsideTheViewTakeTheNearestPixel) {
 TEST_P(ChartView, ADragCarriesThePickedColourAloneUnderAPictureCentredOnThePointer) {
     chart.mouseDown({{5, 10}});
     chart.mouseDragged({{20, 30}});
-    ASSERT_EQ(desk.platform.drags.size(), 1u);
-    const DragRequest& drag = desk.platform.drags[0];
+    ASSERT_EQ(desktop.drags.size(), 1u);
+    const DragRequest& drag = desktop.drags[0];
     EXPECT_EQ(drag.source, &chart);
     EXPECT_EQ(drag.image.size, (Size{20, 20}));
     EXPECT_EQ(drag.image.origin, (Point{10, 20}));
@@ -74,18 +67,18 @@ TEST_P(ChartView, ADragCarriesThePickedColourAloneUnderAPictureCentredOnThePoint
     EXPECT_TRUE(drag.pasteboard.colour->sameRgb(pixel(5, 22)));
     EXPECT_FALSE(drag.pasteboard.textType);
     EXPECT_FALSE(drag.pasteboard.text);
-    EXPECT_TRUE(desk.platform.generalPasteboard().colour->sameRgb(pixel(5, 22)));
+    EXPECT_TRUE(desktop.generalPasteboard().colour->sameRgb(pixel(5, 22)));
 }
 
 TEST_P(ChartView, ThePickStaysUntilTheNextOne) {
     chart.mouseDown({{5, 10}});
     chart.mouseDragged({{20, 30}});
     chart.mouseDragged({{8, 8}});
-    EXPECT_TRUE(desk.platform.drags.at(1).pasteboard.colour->sameRgb(pixel(5, 22)));
+    EXPECT_TRUE(desktop.drags.at(1).pasteboard.colour->sameRgb(pixel(5, 22)));
 }
 
 TEST_P(ChartView, AnEmptyPictureGivesBlack) {
-    desk.platform.nextCapture = {};
+    desktop.nextCapture = {};
     chart.mouseDown({{5, 10}});
     EXPECT_TRUE(chart.selectedColor()->sameRgb(Colour()));
 }
@@ -94,8 +87,8 @@ TEST_P(ChartView, SpacePicksTheCellThatTheKeyboardStandsOn) {
     EXPECT_TRUE(chart.keyDown({Key::space}));
     const Rect mark = chart.focusMark().value();
     const Point centre{mark.x + mark.w / 2, mark.y + mark.h / 2};
-    EXPECT_TRUE(chart.selectedColor()->sameRgb(
-        desk.platform.nextCapture.colourAt(centre.x, chart.bounds().h - centre.y)));
+    EXPECT_TRUE(
+        chart.selectedColor()->sameRgb(desktop.nextCapture.colourAt(centre.x, chart.bounds().h - centre.y)));
 }
 
 TEST_P(ChartView, TheKeyboardGoesOnFromTheClickedCell) {

@@ -1,45 +1,30 @@
 #include "views/chromatic_circle_view.h"
 
+#include "support/headless_colours.h"
 #include "support/headless_desktop.h"
 #include "support/recording_canvas.h"
 
 #include <gmock/gmock.h>
 
 #include <cmath>
-#include <map>
+#include <set>
+#include <string>
 
 namespace chromalog {
 namespace {
 
 using test::Primitive;
 using testing::ElementsAre;
+using testing::IsEmpty;
 using Kind = Path::Element::Kind;
 
-/// The dialog's part: answers what is set and writes down what it is told.
-class WheelDesk : public chromaticCircleDesk {
-  public:
-    float luminosity = 1;
-    std::int16_t mode = 0;
-    Colour second = Colour::rgb(1, 0, 0);
-    std::vector<Colour> picks;
-    std::vector<std::int16_t> codes;
-    std::map<std::int16_t, Colour> wells;
-    float reported = -1;
+const std::set<std::string> kHarmonyWells{"complementColor",  "equi1Color",       "equi2Color",
+                                          "triHarmoni1Color", "triHarmoni2Color", "quadri1Color",
+                                          "quadri2Color",     "quadri3Color"};
 
-    float getLuminosity() const override { return luminosity; }
-    std::int16_t getHarmonyMode() const override { return mode; }
-    Colour getSecondColor() const override { return second; }
-    void changeSecondColor(const Colour& c) override {
-        second = c.withAlpha(1);
-        picks.push_back(c);
-    }
-    float getAlpha() const override { return 55; }
-    void setAlpha(float radians) override { reported = radians; }
-    void setoppositeColor(const Colour& c, std::int16_t code) override {
-        codes.push_back(code);
-        wells[code] = c;
-    }
-};
+/// As the wheel hands them out: the complement is also the third of four.
+const auto kInOrder = ElementsAre("complementColor", "quadri2Color", "triHarmoni1Color", "triHarmoni2Color",
+                                  "equi1Color", "equi2Color", "quadri1Color", "quadri3Color");
 
 /// A screen of two device pixels a point that remembers the size of the bitmaps it is given.
 class SharpCanvas : public test::RecordingCanvas {
@@ -56,12 +41,42 @@ class SharpCanvas : public test::RecordingCanvas {
 class ChromaticCircleView : public testing::Test {
   protected:
     void SetUp() override {
+        colours.setSecondColor(Colour::rgb(1, 0, 0));
+        colours.setLuminosity(1);
+        colours.changed = [this](Cause cause) {
+            if (cause == Cause::secondColour) picks.push_back(colours.getSecondColor());
+        };
         view.setHost(&host);
         view.layOut({0, 0, 200, 200});
         view.drawOnce();
-        view.setCursorWithColor(desk.second);
-        desk.codes.clear();
+        view.setCursorWithColor(colours.getSecondColor());
+        colours.shown.clear();
         host.redisplays = 0;
+    }
+    /// The harmony wells in the order in which they were given a colour.
+    std::vector<std::string> handedOut() const {
+        std::vector<std::string> names;
+        for (const std::string& name : colours.shown)
+            if (kHarmonyWells.contains(name)) names.push_back(name);
+        return names;
+    }
+    Colour well(const std::string& name) const { return colours.wells.at(name)->color(); }
+    std::vector<Colour> harmonyColours() const {
+        std::vector<Colour> all;
+        for (const std::string& name : kHarmonyWells)
+            all.push_back(well(name));
+        return all;
+    }
+    void setMode(int mode) {
+        const auto press = [&](int button) {
+            using Press = void (WorkingColours::*)();
+            constexpr Press kButtons[] = {&WorkingColours::complementOn, &WorkingColours::harmoniquesOn,
+                                          &WorkingColours::triComplementOn, &WorkingColours::quadriOn};
+            (colours.*kButtons[button - 1])();
+        };
+        if (colours.getHarmonyMode() == mode) return;
+        press(mode == 0 ? 1 : mode);
+        if (mode == 0 && colours.getHarmonyMode() == 1) press(1);
     }
     Path drawnMarkers() {
         test::RecordingCanvas canvas;
@@ -69,9 +84,10 @@ class ChromaticCircleView : public testing::Test {
         return canvas.only(Primitive::Kind::strokePath).at(0).path;
     }
 
-    WheelDesk desk;
+    test::HeadlessColours colours;
+    std::vector<Colour> picks;
     test::HeadlessViewHost host;
-    chromaticCircleView view{desk};
+    chromaticCircleView view{colours};
 };
 
 /// What the picture holds in a column and a row from the top.
@@ -104,19 +120,19 @@ TEST_F(ChromaticCircleView, AClickOutsideTheDiscOrExactlyOnItsRimChangesNothing)
         view.mouseDown({p});
         view.mouseDragged({p});
     }
-    EXPECT_TRUE(desk.picks.empty());
-    EXPECT_TRUE(desk.codes.empty());
+    EXPECT_TRUE(picks.empty());
+    EXPECT_THAT(handedOut(), IsEmpty());
     EXPECT_EQ(view.selectedPoint(), before);
     EXPECT_EQ(host.redisplays, 0);
     view.mouseDown({{159.9, 180}}); // just inside
-    EXPECT_EQ(desk.picks.size(), 1u);
+    EXPECT_EQ(picks.size(), 1u);
 }
 
 TEST_F(ChromaticCircleView, APickTakesTheNewColumnAndTheRowOfThePointBefore) {
     view.mouseDown({{100.7, 150.2}}); // row of the start, 200 - 100
-    EXPECT_TRUE(desk.picks.back().sameRgb(pictureAt(view, 100, 100)));
+    EXPECT_TRUE(picks.back().sameRgb(pictureAt(view, 100, 100)));
     view.mouseDown({{60.9, 80}}); // row 200 - 150.2 = 49.8
-    EXPECT_TRUE(desk.picks.back().sameRgb(pictureAt(view, 60, 49)));
+    EXPECT_TRUE(picks.back().sameRgb(pictureAt(view, 60, 49)));
     EXPECT_EQ(view.selectedPoint(), (Point{60.9, 80}));
     EXPECT_GT(host.redisplays, 0);
 }
@@ -125,30 +141,33 @@ TEST_F(ChromaticCircleView, DraggingStraightDownTrailsByOneEvent) {
     view.mouseDown({{120, 180}});
     for (int y = 170; y >= 60; y -= 10) {
         view.mouseDragged({{120, double(y)}});
-        EXPECT_TRUE(desk.picks.back().sameRgb(pictureAt(view, 120, 200 - (y + 10)))) << y;
+        EXPECT_TRUE(picks.back().sameRgb(pictureAt(view, 120, 200 - (y + 10)))) << y;
     }
 }
 
 TEST_F(ChromaticCircleView, APickHandsOutTheHarmoniesInOrder) {
     view.mouseDown({{150, 120}});
-    EXPECT_THAT(desk.codes, ElementsAre(1, 4, 5, 2, 3, 6, 7));
-    EXPECT_EQ(desk.reported, harmonyAngle({200, 200}, {150, 120}));
+    EXPECT_THAT(handedOut(), kInOrder);
+    test::HeadlessColours told;
+    told.setAlpha(harmonyAngle({200, 200}, {150, 120}));
+    EXPECT_EQ(colours.lastAlpha(), told.lastAlpha());
     const HarmonyPoints h = harmonyPoints({200, 200}, {150, 120}, 55);
     EXPECT_EQ(view.harmony().equi1, h.equi1);
-    const std::pair<std::int16_t, Point> expected[] = {{1, h.opposite}, {2, h.equi1},    {3, h.equi2},
-                                                       {4, h.balance1}, {5, h.balance2}, {6, h.quadri1},
-                                                       {7, h.quadri2}};
-    for (const auto& [code, p] : expected)
-        EXPECT_TRUE(desk.wells[code].sameRgb(
+    const std::pair<const char*, Point> expected[] = {
+        {"complementColor", h.opposite}, {"quadri2Color", h.opposite},     {"equi1Color", h.equi1},
+        {"equi2Color", h.equi2},         {"triHarmoni1Color", h.balance1}, {"triHarmoni2Color", h.balance2},
+        {"quadri1Color", h.quadri1},     {"quadri3Color", h.quadri2}};
+    for (const auto& [name, p] : expected)
+        EXPECT_TRUE(well(name).sameRgb(
             pictureAt(view, static_cast<int>(p.x), static_cast<int>(static_cast<float>(200 - p.y)))))
-            << code;
+            << name;
 }
 
 TEST_F(ChromaticCircleView, PlacesGreysAtTheCentreAndFullColoursOnTheRim) {
     view.setCursorWithColor(Colour::rgb(0.4, 0.4, 0.4));
     EXPECT_EQ(view.selectedPoint(), (Point{100, 100}));
-    for (const auto& [code, colour] : desk.wells)
-        EXPECT_TRUE(colour.sameRgb(pictureAt(view, 100, 100))) << code;
+    for (const Colour& colour : harmonyColours())
+        EXPECT_TRUE(colour.sameRgb(pictureAt(view, 100, 100)));
     view.setCursorWithColor(Colour::rgb(0, 0.2, 0));
     EXPECT_NEAR(std::hypot(view.selectedPoint().x - 100, view.selectedPoint().y - 100), 100, 1e-9);
 }
@@ -188,7 +207,7 @@ TEST_F(ChromaticCircleView, SaturatedColoursReadTheBackgroundForAboutHalfOfTheir
     const Colour background = Bitmap::colourOf(0xFFEDEDED);
     for (int i = 0; i < 360; ++i) {
         view.setCursorWithColor(Colour::hsb(i / 360.0, 1, 1));
-        for (const auto& [code, colour] : desk.wells)
+        for (const Colour& colour : harmonyColours())
             ++reads, grey += colour.sameRgb(background);
     }
     EXPECT_GT(grey, reads / 4);
@@ -224,12 +243,10 @@ TEST_F(ChromaticCircleView, OutlinesTheHarmonyOfEachMode) {
         {4,
          {selected, ring(h.quadri1, 3), ring(h.quadri2, 3), ring(h.opposite, 3)},
          {s, h.quadri1, h.opposite, h.quadri2, s}},
-        {5, {selected}, {}},
-        {-1, {selected}, {}},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.mode);
-        desk.mode = row.mode;
+        setMode(row.mode);
         const Path path = drawnMarkers();
         EXPECT_EQ(ovals(path), row.rings);
         EXPECT_EQ(corners(path), row.path);
@@ -238,35 +255,37 @@ TEST_F(ChromaticCircleView, OutlinesTheHarmonyOfEachMode) {
 
 TEST_F(ChromaticCircleView, TheModeChangesTheOutlineAloneNotTheWells) {
     view.mouseDown({{150, 120}});
-    const auto wells = desk.wells;
-    for (std::int16_t mode = 0; mode <= 4; ++mode) {
-        desk.mode = mode;
+    const auto before = harmonyColours();
+    for (int mode = 0; mode <= 4; ++mode) {
+        setMode(mode);
+        ASSERT_EQ(colours.getHarmonyMode(), mode);
         view.setHarmonyColors();
-        for (const auto& [code, colour] : wells)
-            EXPECT_TRUE(desk.wells[code].sameRgb(colour));
+        const auto after = harmonyColours();
+        for (std::size_t i = 0; i < before.size(); ++i)
+            EXPECT_TRUE(after[i].sameRgb(before[i]));
     }
 }
 
 TEST_F(ChromaticCircleView, ThePictureFollowsTheLuminosityWhenItIsDrawnOnce) {
-    desk.luminosity = 0;
+    colours.setLuminosity(0);
     EXPECT_FALSE(pictureAt(view, 100, 100).sameRgb(Colour()));
     view.drawOnce();
     EXPECT_TRUE(pictureAt(view, 100, 100).sameRgb(Colour()));
     EXPECT_TRUE(pictureAt(view, 0, 0).sameRgb(Bitmap::colourOf(0xFFEDEDED)));
-    desk.luminosity = 2; // as before the first colour: clamped
+    colours.setLuminosity(2); // as before the first colour: clamped
     view.drawOnce();
     EXPECT_TRUE(pictureAt(view, 100, 100).sameRgb(Colour::rgb(1, 1, 1)));
 }
 
 TEST_F(ChromaticCircleView, ANewSizeRebuildsThePictureAndPlacesTheSecondColourAgain) {
-    desk.second = Colour::hsb(0, 0.5, 1);
+    colours.setSecondColor(Colour::hsb(0, 0.5, 1));
     view.layOut({10, 10, 100, 100});
     EXPECT_EQ(view.picture().width, 100);
     EXPECT_EQ(view.selectedPoint(), (Point{75, 50}));
-    EXPECT_THAT(desk.codes, ElementsAre(1, 4, 5, 2, 3, 6, 7));
-    desk.codes.clear();
+    EXPECT_THAT(handedOut(), kInOrder);
+    colours.shown.clear();
     view.layOut({50, 50, 100, 100}); // moved, not resized
-    EXPECT_TRUE(desk.codes.empty());
+    EXPECT_THAT(handedOut(), IsEmpty());
 }
 
 TEST_F(ChromaticCircleView, TheFractionOfASizeIsCutOff) {
@@ -276,25 +295,25 @@ TEST_F(ChromaticCircleView, TheFractionOfASizeIsCutOff) {
 }
 
 TEST(ChromaticCircleViewAtTheStart, NothingIsPlacedOrHandedOutBeforeTheFirstPicture) {
-    WheelDesk desk;
-    chromaticCircleView view(desk);
+    test::HeadlessColours colours;
+    chromaticCircleView view(colours);
     view.layOut({0, 0, 64, 64});
-    EXPECT_TRUE(desk.codes.empty());
+    EXPECT_THAT(colours.shown, IsEmpty());
     EXPECT_TRUE(view.picture().empty());
     EXPECT_EQ(view.selectedPoint(), (Point{0, 0}));
     test::RecordingCanvas canvas;
     view.drawRect(canvas); // the first drawing renders the picture
     EXPECT_EQ(view.picture().width, 64);
-    EXPECT_TRUE(desk.codes.empty());
+    EXPECT_THAT(colours.shown, IsEmpty());
 }
 
 TEST(ChromaticCircleViewAtTheStart, AnEmptyViewHoldsNoPictureAndPicksNothing) {
-    WheelDesk desk;
-    chromaticCircleView view(desk);
+    test::HeadlessColours colours;
+    chromaticCircleView view(colours);
     view.drawOnce();
     view.setCursorWithColor(Colour::rgb(1, 0, 0));
     view.mouseDown({{0, 0}});
-    EXPECT_TRUE(desk.picks.empty());
+    EXPECT_THAT(colours.causes, IsEmpty());
     EXPECT_TRUE(view.picture().empty());
 }
 
@@ -305,7 +324,7 @@ TEST_F(ChromaticCircleView, ASharpScreenGetsAPictureAtItsScaleWhilePicksStayTheS
     EXPECT_EQ(canvas.bitmaps[0].pixels, plainWheelPicture(400, 1).pixels);
     EXPECT_EQ(canvas.primitives[0].rect, (Rect{0, 0, 200, 200}));
     EXPECT_EQ(view.picture().pixels, plainWheelPicture(200, 1).pixels);
-    desk.luminosity = 0.5f;
+    colours.setLuminosity(0.5f);
     view.drawOnce();
     view.drawRect(canvas);
     EXPECT_EQ(canvas.bitmaps[1].pixels, plainWheelPicture(400, 0.5f).pixels);
@@ -327,7 +346,7 @@ TEST_F(ChromaticCircleView, ArrowKeysMoveThePointAndLeaveNoWrongColourStanding) 
     for (const Row& row : rows) {
         EXPECT_TRUE(view.keyDown(row.key));
         EXPECT_EQ(view.selectedPoint(), row.to);
-        EXPECT_TRUE(desk.second.sameRgb(pictureAt(view, int(row.to.x), 200 - int(row.to.y))));
+        EXPECT_TRUE(colours.getSecondColor().sameRgb(pictureAt(view, int(row.to.x), 200 - int(row.to.y))));
     }
     EXPECT_FALSE(view.keyDown({Key::enter}));
     EXPECT_FALSE(view.keyDown({Key::other}));
@@ -335,15 +354,15 @@ TEST_F(ChromaticCircleView, ArrowKeysMoveThePointAndLeaveNoWrongColourStanding) 
 
 TEST_F(ChromaticCircleView, AKeyPastTheRimDoesNothing) {
     view.mouseDown({{195, 100}});
-    const auto picks = desk.picks.size();
+    const auto before = picks.size();
     EXPECT_TRUE(view.keyDown({Key::right, true}));
     EXPECT_EQ(view.selectedPoint(), (Point{195, 100}));
-    EXPECT_EQ(desk.picks.size(), picks);
+    EXPECT_EQ(picks.size(), before);
 }
 
 TEST_F(ChromaticCircleView, TellsAssistiveTechnologyTheSecondColour) {
     EXPECT_TRUE(view.acceptsFocus());
-    desk.second = Colour::rgb(12 / 255.0, 34 / 255.0, 56 / 255.0);
+    colours.setSecondColor(Colour::rgb(12 / 255.0, 34 / 255.0, 56 / 255.0));
     const Accessible a = view.accessible();
     EXPECT_EQ(a.role, Accessible::Role::colourChooser);
     EXPECT_EQ(a.name, "Color wheel");

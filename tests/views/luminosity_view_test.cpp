@@ -1,5 +1,6 @@
 #include "views/luminosity_view.h"
 
+#include "support/headless_colours.h"
 #include "support/headless_desktop.h"
 #include "support/recording_canvas.h"
 
@@ -11,25 +12,14 @@ namespace {
 using test::Primitive;
 using testing::ElementsAre;
 
-class StripDesk : public luminosityDesk {
-  public:
-    Colour second = Colour::hsb(0.6, 0.5, 0.5);
-    std::vector<std::string> calls;
-    std::vector<float> levels;
-
-    Colour getSecondColor() const override { return second; }
-    void setLuminosity(float l) override {
-        calls.emplace_back("setLuminosity");
-        levels.push_back(l);
-        second = Colour::hsb(second.hue(), second.saturation(), l);
-    }
-    void redrawCircle() override { calls.emplace_back("redrawCircle"); }
-    void setHarmonyColors() override { calls.emplace_back("setHarmonyColors"); }
-};
-
 class LuminosityView : public testing::Test {
   protected:
     void SetUp() override {
+        colours.setSecondColor(Colour::hsb(0.6, 0.5, 0.5));
+        colours.changed = [this](Cause cause) {
+            causes.push_back(cause);
+            if (cause == Cause::luminosity) levels.push_back(colours.getLuminosity());
+        };
         view.setHost(&host);
         view.layOut({0, 0, 30, 200});
     }
@@ -49,13 +39,15 @@ class LuminosityView : public testing::Test {
         return found;
     }
 
-    StripDesk desk;
+    test::HeadlessColours colours;
+    std::vector<Cause> causes;
+    std::vector<float> levels; ///< as the wheel finds them
     test::HeadlessViewHost host;
-    luminosityView view{desk};
+    luminosityView view{colours};
 };
 
 TEST_F(LuminosityView, AHundredCellsAreFilledAndFramedFromTheBottom) {
-    desk.second = Colour::hsb(0.6, 0.5, 0.0);
+    colours.setSecondColor(Colour::hsb(0.6, 0.5, 0.0));
     const auto primitives = drawing();
     ASSERT_EQ(primitives.size(), 200u);
     for (int i = 0; i < 100; ++i) {
@@ -83,57 +75,58 @@ TEST_F(LuminosityView, CellsStepBySinglePrecisionAndKeepTheirHeight) {
 }
 
 TEST_F(LuminosityView, ABrightnessOfAHalfMarksTheCellBelowIt) {
-    desk.second = Colour::hsb(0.6, 0.5, 0.5);
+    colours.setSecondColor(Colour::hsb(0.6, 0.5, 0.5));
     EXPECT_THAT(marked(), ElementsAre(49));
 }
 
 TEST_F(LuminosityView, BlackAndFullBrightnessMarkNoCell) {
     for (double brightness : {0.0, 1.0}) {
-        desk.second = Colour::hsb(0.6, 0.5, brightness);
+        colours.setSecondColor(Colour::hsb(0.6, 0.5, brightness));
         EXPECT_THAT(marked(), ElementsAre()) << brightness;
     }
 }
 
 TEST_F(LuminosityView, ABrightnessOnALevelOrJustBelowTheNextMarksNoCell) {
     for (int i = 0; i < 100; ++i) {
-        desk.second = Colour::rgb(static_cast<float>(i) / 99.0f, 0, 0);
+        colours.setSecondColor(Colour::rgb(static_cast<float>(i) / 99.0f, 0, 0));
         EXPECT_THAT(marked(), ElementsAre()) << i;
     }
-    desk.second = Colour::rgb(50 / 99.0 - 0.00005, 0, 0); // the band of 0.01 ends before the next level
+    colours.setSecondColor(
+        Colour::rgb(50 / 99.0 - 0.00005, 0, 0)); // the band of 0.01 ends before the next level
     EXPECT_THAT(marked(), ElementsAre());
-    desk.second = Colour::rgb(50 / 99.0 - 0.0002, 0, 0);
+    colours.setSecondColor(Colour::rgb(50 / 99.0 - 0.0002, 0, 0));
     EXPECT_THAT(marked(), ElementsAre(49));
 }
 
-TEST_F(LuminosityView, AClickSetsTheLuminosityThenTheWheelThenTheHarmonies) {
+TEST_F(LuminosityView, AClickSetsTheLuminosityThenTheWheelFollows) {
     view.mouseDown({{15, 50}});
-    EXPECT_THAT(desk.calls, ElementsAre("setLuminosity", "redrawCircle", "setHarmonyColors"));
-    EXPECT_THAT(desk.levels, ElementsAre(0.25f));
+    EXPECT_THAT(causes, ElementsAre(Cause::secondColour, Cause::luminosity));
+    EXPECT_THAT(levels, ElementsAre(0.25f));
     EXPECT_GT(host.redisplays, 0);
 }
 
 TEST_F(LuminosityView, TheEndsOfTheStripAreBlackAndFullBrightness) {
     view.mouseDown({{15, 0}});
     view.mouseDown({{15, 200}});
-    EXPECT_THAT(desk.levels, ElementsAre(0.0f, 1.0f));
+    EXPECT_THAT(levels, ElementsAre(0.0f, 1.0f));
 }
 
 TEST_F(LuminosityView, DraggingBeyondTheStripPassesTheValueOnUnchanged) {
     for (double y : {220.0, -40.0, 400.0})
         view.mouseDragged({{15, y}});
-    EXPECT_THAT(desk.levels, ElementsAre(1.1f, -0.2f, 2.0f));
+    EXPECT_THAT(levels, ElementsAre(1.1f, -0.2f, 2.0f));
 }
 
 TEST_F(LuminosityView, PlacingAColourOnlyRedraws) {
     view.setCursorWithColor(Colour::rgb(1, 1, 1));
     EXPECT_EQ(host.redisplays, 1);
-    EXPECT_TRUE(desk.calls.empty());
+    EXPECT_TRUE(causes.empty());
 }
 
 TEST_F(LuminosityView, AViewWithoutHeightPicksNothing) {
     view.layOut({0, 0, 30, 0});
     view.mouseDown({{15, 0}});
-    EXPECT_TRUE(desk.calls.empty());
+    EXPECT_TRUE(causes.empty());
     EXPECT_EQ(drawing().size(), 200u);
 }
 
@@ -152,17 +145,17 @@ TEST_F(LuminosityView, KeysChangeTheBrightnessByPercent) {
                            {{Key::down}, 0.0f},
                            {{Key::end}, 1.0f},
                            {{Key::up, true}, 1.0f}}) {
-        desk.calls.clear();
+        causes.clear();
         EXPECT_TRUE(view.keyDown(row.key));
-        EXPECT_EQ(desk.levels.back(), row.to);
-        EXPECT_THAT(desk.calls, ElementsAre("setLuminosity", "redrawCircle", "setHarmonyColors"));
+        EXPECT_EQ(levels.back(), row.to);
+        EXPECT_THAT(causes, ElementsAre(Cause::secondColour, Cause::luminosity));
     }
     EXPECT_FALSE(view.keyDown({Key::space}));
 }
 
 TEST_F(LuminosityView, IsASliderForAssistiveTechnology) {
     EXPECT_TRUE(view.acceptsFocus());
-    desk.second = Colour::rgb(0.25, 0.1, 0);
+    colours.setSecondColor(Colour::rgb(0.25, 0.1, 0));
     const Accessible a = view.accessible();
     EXPECT_EQ(a.role, Accessible::Role::slider);
     EXPECT_EQ(a.name, "Luminosity");
@@ -172,9 +165,9 @@ TEST_F(LuminosityView, IsASliderForAssistiveTechnology) {
     EXPECT_EQ(a.range->minimum, 0);
     EXPECT_EQ(a.range->maximum, 100);
     view.setAccessibleValue(80);
-    EXPECT_THAT(desk.levels, ElementsAre(0.8f));
+    EXPECT_THAT(levels, ElementsAre(0.8f));
     view.setAccessibleValue(1000);
-    EXPECT_EQ(desk.levels.back(), 1.0f);
+    EXPECT_EQ(levels.back(), 1.0f);
 }
 
 } // namespace

@@ -82,7 +82,7 @@ const BookChoice* bookForSpace(std::int16_t space, const BookKey& key) {
     return nullptr;
 }
 
-std::string colourBooksFolder(std::int64_t version, std::string_view named, std::string_view applications) {
+std::string pathOfBooks(std::int64_t version, std::string_view named, std::string_view applications) {
     const std::int64_t major = version / 65535; // not 65536: kept
     for (const FolderRow& row : kFolders)
         if (row.major == major)

@@ -31,7 +31,7 @@ const BookChoice* bookForSpace(std::int16_t space, const BookKey& key);
 /// The folder of the host's colour books. `version` is the host's property 'vers', `named` a folder that
 /// stands for the host's own (empty: none), `applications` the machine's folder of applications. Empty: no
 /// book is found.
-std::string colourBooksFolder(std::int64_t version, std::string_view named,
-                              std::string_view applications = "/Applications");
+std::string pathOfBooks(std::int64_t version, std::string_view named,
+                        std::string_view applications = "/Applications");
 
 } // namespace chromalog

@@ -95,7 +95,7 @@ void ColorWellWidget::keyPressEvent(QKeyEvent* event) try {
 
 void ColorWellWidget::dragEnterEvent(QDragEnterEvent* event) try {
     const DragInfo info = dragInfoOf(*event, {});
-    const bool takes = onDrop && info.source != this && info.pasteboard.colourType && info.sourceAllows;
+    const bool takes = onDrop_ && info.source != this && info.pasteboard.colourType && info.sourceAllows;
     if (!takes) return event->ignore();
     event->setDropAction(Qt::CopyAction);
     event->accept();
@@ -111,11 +111,11 @@ void ColorWellWidget::dragMoveEvent(QDragMoveEvent* event) {
 void ColorWellWidget::dropEvent(QDropEvent* event) try {
     const QPointF at = event->position();
     const DragInfo info = dragInfoOf(*event, {at.x(), height() - at.y()});
-    if (!onDrop || !info.pasteboard.colour) return event->ignore();
+    if (!onDrop_ || !info.pasteboard.colour) return event->ignore();
     event->setDropAction(Qt::CopyAction);
     event->accept();
     setColor(*info.pasteboard.colour);
-    onDrop(info);
+    onDrop_(info);
 } catch (...) {
     mishap();
 }

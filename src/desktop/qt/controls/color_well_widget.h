@@ -21,6 +21,7 @@ class ColorWellWidget : public QWidget, public ColorWell {
     Colour color() const override { return colour_; }
     QString valueText() const; ///< "RGB 12 34 56, #0c2238"
 
+    void whenDropped(std::function<void(const DragInfo&)> f) override { onDrop_ = std::move(f); }
     void setEnabled(bool on) override { QWidget::setEnabled(on); }
     bool enabled() const override { return isEnabled(); }
     void setHidden(bool hidden) override { QWidget::setHidden(hidden); }
@@ -49,6 +50,7 @@ class ColorWellWidget : public QWidget, public ColorWell {
 
     Colour colour_;
     Drags* drags_ = nullptr;
+    std::function<void(const DragInfo&)> onDrop_;
     QPointF pressedAt_;
     bool pressed_ = false;
 };

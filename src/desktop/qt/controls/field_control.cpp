@@ -18,7 +18,7 @@ FieldControl::FieldControl(QLineEdit* edit) : WidgetControl(edit) {
     connect(edit, &QLineEdit::textEdited, this, [this] {
         pending_.reset();
         edited_ = isFocusOfItsDialog();
-        if (onEdit) guarded(onEdit);
+        if (onEdit_) guarded(onEdit_);
     });
     // A window that comes back may have lost the focus to another widget meanwhile: nothing else tells.
     connect(qApp, &QApplication::focusChanged, this, [this] {
@@ -55,21 +55,21 @@ std::string FieldControl::text() const {
 void FieldControl::endEditing() {
     const bool edited = std::exchange(edited_, false);
     if (const auto shown = std::exchange(pending_, std::nullopt)) widget_->setText(*shown);
-    if (edited && onEndEditing) onEndEditing();
+    if (edited && onEndEditing_) onEndEditing_();
 }
 
 bool FieldControl::returnPressed() {
-    if (!onReturn && !editing()) return false;
+    if (!onReturn_ && !editing()) return false;
     endEditing();
-    if (onReturn)
-        onReturn();
+    if (onReturn_)
+        onReturn_();
     else
         widget_->selectAll();
     return true;
 }
 
 bool FieldControl::escapePressed() {
-    if (!onReturn || widget_->text().isEmpty()) return false;
+    if (!onReturn_ || widget_->text().isEmpty()) return false;
     widget_->clear();
     emit widget_->textEdited(QString());
     return true;

@@ -15,13 +15,10 @@ void DialogWindow::reject() {
     closing_ = false;
 }
 
-WindowControl::WindowControl(DialogWindow* dialog) : WidgetControl(dialog) {
-    dialog->onClose = [this] {
-        if (onClose)
-            onClose();
-        else
-            orderOut();
-    };
+WindowControl::WindowControl(DialogWindow* dialog) : WidgetControl(dialog) {}
+
+void WindowControl::whenClosed(std::function<void()> f) {
+    if (widget_) widget_->onClose = std::move(f);
 }
 
 void WindowControl::makeKeyAndOrderFront() {

@@ -33,6 +33,7 @@ class WindowControl : public WidgetControl<Window, DialogWindow> {
     void makeKeyAndOrderFront() override;
     void orderOut() override;
     void attachAsChildOf(Window&) override;
+    void whenClosed(std::function<void()>) override;
 };
 
 class MenuControl : public Menu {

@@ -158,9 +158,10 @@ void Commands::menu(const Command& c) {
 /// A right click on the selected row opens the menu without selecting another one. The item is chosen from
 /// the menu's own loop, before the click returns.
 void Commands::openContextMenu(QWidget& outlet, const QString& operation) {
-    const int number = outlet.objectName() == "swatch2" ? 2 : 1;
+    const SwatchPanels& panels = controler_.panels();
+    const SwatchPanel& panel = outlet.objectName() == "swatch2" ? panels.two : panels.one;
     const Rect bounds{0, 0, double(outlet.width()), double(outlet.height())};
-    const Rect row = swatch_geometry::selectionRectForRow(bounds, controler_.list(number).getSelected());
+    const Rect row = swatch_geometry::selectionRectForRow(bounds, panel.view.getSelected());
     const double y = std::clamp(row.y + row.h / 2, 0.0, outlet.height() - 1.0);
     waitingFor_ = operation;
     rightClick(spotOf(outlet, {outlet.width() / 2.0, y}));

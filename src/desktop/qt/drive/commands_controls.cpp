@@ -8,6 +8,7 @@
 #include "desktop/qt/drive/locate.h"
 #include "desktop/qt/drive/paper.h"
 #include "desktop/qt/qt_desktop.h"
+#include "host/abi/picker_record.h"
 #include "host/chromalog_controler.h"
 
 #include <QApplication>

@@ -6,6 +6,7 @@
 #include "desktop/qt/drive/state_lists.h"
 #include "desktop/qt/drive/state_outlets.h"
 #include "desktop/qt/qt_desktop.h"
+#include "host/abi/picker_record.h"
 #include "host/chromalog_controler.h"
 #include "prefs/size_limit_signal.h"
 
@@ -29,7 +30,7 @@ QJsonObject coloursState(ChromalogControler& controler) {
             {"luminosity", colours.getLuminosity()},
             {"alpha1", colours.getAlpha()},
             {"alpha2", colours.lastAlpha()},
-            {"harmonyMode", controler.getHarmonyMode()}};
+            {"harmonyMode", colours.getHarmonyMode()}};
 }
 
 QJsonObject wheelState(const chromaticCircleView& wheel) {
@@ -173,9 +174,9 @@ QJsonObject hostState(ChromalogControler& controler, const StandaloneSuite* suit
 QJsonObject dialogState(QtDesktop& desktop, ChromalogControler& controler,
                         const StandaloneSuite* standalone) {
     QJsonObject state{{"outlets", outletsState()},
-                      {"wheel", wheelState(controler.wheel())},
-                      {"gradient", gradientState(controler.gradient())},
-                      {"tone", chartState(controler.tone())},
+                      {"wheel", wheelState(controler.views().wheel)},
+                      {"gradient", gradientState(controler.views().gradient)},
+                      {"tone", chartState(controler.views().tone)},
                       {"lists", listsState(controler)},
                       {"host", hostState(controler, standalone)}};
     addAll(state, coloursState(controler));

@@ -9,8 +9,8 @@ namespace chromalog::drive {
 namespace {
 
 /// The characters after a length byte, as far as the field reaches.
-QJsonValue charactersOf(const std::uint8_t (&pascal)[256]) {
-    return hex(std::span(pascal).subspan(1, pascal[0]));
+QJsonValue charactersOf(std::span<const std::uint8_t> pascal) {
+    return hex(pascal.subspan(1, pascal[0]));
 }
 
 QJsonObject recordState(const FCOStruct& record) {
@@ -41,16 +41,15 @@ double scrolledBy(const CSwatchList& list) {
     return clip ? clip->y : 0;
 }
 
-QJsonObject listState(ChromalogControler& controler, int number) {
-    const GlobalRecord& data = controler.record();
-    const CSwatchList& list = controler.list(number);
+QJsonObject listState(const SwatchPanel& panel) {
+    const CSwatchList& list = panel.view;
     return {{"viewCount", list.getNumberOfColors()},
-            {"storedCount", number == 1 ? data.numColors1 : data.numColors2},
+            {"storedCount", panel.storedCount},
             {"selected", list.getSelected()},
             {"start", list.getStartColor()},
             {"viewName", json(list.getSwatchName())},
-            {"storedName", charactersOf(number == 1 ? data.swatchName1 : data.swatchName2)},
-            {"scroller", controler.listScroller(number).verticalScroller()},
+            {"storedName", charactersOf(panel.storedName)},
+            {"scroller", panel.scroller->verticalScroller()},
             {"scrollY", scrolledBy(list)},
             {"contentHeight", list.frame().h},
             {"hits", hitsState(list)},
@@ -62,7 +61,7 @@ QJsonObject listState(ChromalogControler& controler, int number) {
 } // namespace
 
 QJsonArray listsState(ChromalogControler& controler) {
-    return {listState(controler, 1), listState(controler, 2)};
+    return {listState(controler.panels().one), listState(controler.panels().two)};
 }
 
 } // namespace chromalog::drive

@@ -6,7 +6,7 @@
 namespace chromalog::test {
 
 /// A dialog around a list that is only drawn.
-class ListDesk : public CSwatchListDesk {
+class ListDelegate : public CSwatchListDelegate {
   public:
     HeadlessDesktop screen;
     ScrollView noScroller;

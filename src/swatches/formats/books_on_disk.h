@@ -5,9 +5,9 @@
 namespace chromalog {
 
 /// The folder of colour books on disk. Without a name no book is found.
-class ColourBookFolder : public ColourBookShelf {
+class BooksOnDisk : public ColourBookShelf {
   public:
-    explicit ColourBookFolder(std::string path) : path_(std::move(path)) {}
+    explicit BooksOnDisk(std::string path) : path_(std::move(path)) {}
     std::optional<std::vector<std::uint8_t>> readBook(std::string_view file) const override;
 
   private:

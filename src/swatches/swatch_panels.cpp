@@ -1,0 +1,122 @@
+#include "swatches/swatch_panels.h"
+
+#include "swatches/name_text.h"
+
+namespace chromalog {
+namespace {
+
+/// `name` goes on with the length byte of what follows in the record: the terminator of a name of 255
+/// characters lands there.
+SwatchPanel panel(CSwatchListDelegate& delegate, ListRecords records, std::int16_t& count,
+                  std::uint8_t (&name)[256], bool feedsFirstColor) {
+    return {records, count, ListNameField(name, 257), feedsFirstColor, CSwatchList(delegate), {}, {}, {}, {},
+            {},      {}};
+}
+
+} // namespace
+
+SwatchPanels::SwatchPanels(GlobalRecord& data, Desktop& desktop, Outlet<Window>& dialog,
+                           ColorServicesProc services, SwatchPanelsDelegate& delegate)
+    : one(panel(*this, data.swatchList1, data.numColors1, data.swatchName1, true)),
+      two(panel(*this, data.swatchList2, data.numColors2, data.swatchName2, false)),
+      commands({one, two, desktop, dialog, services,
+                [&delegate](auto label) { delegate.setUndoablePosition(label); },
+                [&delegate] { return delegate.hostBooks(); }}),
+      search(desktop, one, two), desktop_(desktop), services_(services), delegate_(delegate) {}
+
+std::vector<OutletEntry> SwatchPanels::table() {
+    std::vector<OutletEntry> table{
+        {"swatch1", &one.view},
+        {"swatch2", &two.view},
+        {"swatch1Scroller", &one.scroller},
+        {"swatch2scroller", &two.scroller},
+        {"swatch1Name", &one.nameField},
+        {"swatch2Name", &two.nameField},
+        {"swatchContextMenu", &one.menu},
+        {"swatchContextMenu2", &two.menu},
+        {"findColor1", &one.searchField},
+        {"findColor2", &two.searchField},
+        {"seachStep1", &one.hitStepper},
+        {"seachStep2", &two.hitStepper},
+        {"found1", &one.found},
+        {"found2", &two.found},
+    };
+    for (const OutletEntry& entry : nearest.table())
+        table.push_back(entry);
+    return table;
+}
+
+std::vector<ActionEntry> SwatchPanels::actions() {
+    std::vector<ActionEntry> actions{
+        {"editSwatch:", [this] { editSwatch(); }},
+        {"jumpFirst:", [this] { search.jump(one); }},
+        {"jumpSecond:", [this] { search.jump(two); }},
+        {"deleteSwatch1:", [this] { one.view.deleteEntry(); }},
+        {"deleteSwatch2:", [this] { two.view.deleteEntry(); }},
+    };
+    for (const ActionEntry& action : commands.actions())
+        actions.push_back(action);
+    return actions;
+}
+
+void SwatchPanels::start() {
+    for (SwatchPanel* panel : both())
+        panel->view.setSwatchList(panel->records.data());
+    takeStoredCounts();
+}
+
+void SwatchPanels::storeViewCounts() {
+    for (SwatchPanel* panel : both())
+        panel->storeViewCount();
+}
+
+void SwatchPanels::takeStoredCounts() {
+    for (SwatchPanel* panel : both())
+        panel->takeStoredCount();
+}
+
+void SwatchPanels::showRecord() {
+    takeStoredCounts();
+    // The counts are asked here, the lengths of the names when the preferences are read: kept.
+    for (SwatchPanel* panel : both())
+        if (panel->storedCount > 0) panel->showStoredName();
+    for (SwatchPanel* panel : both()) {
+        panel->view.setScrollSize();
+        panel->view.setNeedsDisplay();
+    }
+}
+
+void SwatchPanels::showNearest(const Colour& secondColor) {
+    nearest.getNearFco(one.view, secondColor, services_);
+}
+
+void SwatchPanels::setNeedsDisplay() {
+    for (SwatchPanel* panel : both())
+        panel->view.setNeedsDisplay();
+}
+
+void SwatchPanels::editSwatch() {
+    setFirstColor(one.view, one.view.getSelected());
+    one.view.setNeedsDisplay();
+}
+
+std::optional<std::string> SwatchPanels::selectedName(const DragSource* source) {
+    for (SwatchPanel* panel : both()) {
+        if (source != &panel->view) continue;
+        const FCOStruct* swatch = recordAt(panel->view.records(), panel->view.getSelected());
+        if (swatch) return macRomanToUtf8(zeroTerminatedName(*swatch));
+    }
+    return std::nullopt;
+}
+
+SwatchPanel& SwatchPanels::panelOf(const CSwatchList& list) {
+    return &list == &one.view ? one : two;
+}
+
+void SwatchPanels::setFirstColor(CSwatchList& list, std::int16_t index) {
+    // An index outside the list points at no swatch: the first colour then stays.
+    if (!panelOf(list).feedsFirstColor || index < 0 || index >= list.shownRows()) return;
+    delegate_.setFirstColor(list.records()[static_cast<std::size_t>(index)]);
+}
+
+} // namespace chromalog

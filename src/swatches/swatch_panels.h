@@ -1,0 +1,74 @@
+#pragma once
+
+#include "host/global_record.h"
+#include "host/host_conversion.h"
+#include "swatches/list_commands.h"
+#include "swatches/nearest_display.h"
+#include "swatches/search_knobs.h"
+#include "swatches/swatch_panel.h"
+
+#include <array>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace chromalog {
+
+/// What the lists ask of the dialog around them: what they cannot know.
+class SwatchPanelsDelegate {
+  public:
+    virtual ~SwatchPanelsDelegate() = default;
+    virtual void setUndoablePosition(std::string_view labelKey) = 0; ///< before a change of a list
+    virtual void setFirstColor(const FCOStruct&) = 0;
+    /// True and the first colour's name where the colour equals the first colour exactly; else `nameOut` is
+    /// left alone.
+    virtual bool isFirstColorId(const Colour&, std::int16_t index, std::string& nameOut) = 0;
+    virtual std::string hostBooks() = 0; ///< the host's folder of colour books; empty: no book is found
+};
+
+/// Both lists with all that works on them. They live as long as the dialog.
+class SwatchPanels : CSwatchListDelegate {
+  public:
+    /// `dialog` carries the sheets of the commands.
+    SwatchPanels(GlobalRecord&, Desktop&, Outlet<Window>& dialog, ColorServicesProc, SwatchPanelsDelegate&);
+
+    SwatchPanel one, two;
+    ListCommands commands;
+    SearchKnobs search;
+    NearestDisplay nearest;
+
+    std::array<SwatchPanel*, 2> both() { return {&one, &two}; }
+
+    std::vector<OutletEntry> table(); ///< under the names that interface files give them
+    std::vector<ActionEntry> actions();
+    void start(); ///< after the outlets are connected and the record is read
+
+    void storeViewCounts();
+    void takeStoredCounts();
+    void showRecord(); ///< after the record was swapped for another
+    void showNearest(const Colour& secondColor);
+    void setNeedsDisplay();
+    void editSwatch(); ///< the selected swatch of list 1 becomes the first colour
+    /// The selected swatch's name where the source is one of the lists.
+    std::optional<std::string> selectedName(const DragSource*);
+
+  private:
+    SwatchPanel& panelOf(const CSwatchList&);
+
+    Desktop& desktop() override { return desktop_; }
+    void setFirstColor(CSwatchList&, std::int16_t index) override;
+    bool isFirstColorId(const Colour& colour, std::int16_t index, std::string& name) override {
+        return delegate_.isFirstColorId(colour, index, name);
+    }
+    void activateKnobs(CSwatchList& list, double hits) override { search.activateKnobs(panelOf(list), hits); }
+    void setUndoablePosition(std::string_view label) override { delegate_.setUndoablePosition(label); }
+    ListRecords list1Records() override { return one.records; }
+    ScrollView& scroller(CSwatchList& list) override { return *panelOf(list).scroller; }
+    Menu& menu(CSwatchList& list) override { return *panelOf(list).menu; }
+
+    Desktop& desktop_;
+    const ColorServicesProc services_;
+    SwatchPanelsDelegate& delegate_;
+};
+
+} // namespace chromalog
