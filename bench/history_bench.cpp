@@ -1,6 +1,6 @@
 // Snapshots of the global record beside one copy of it.
 #include "history/snapshot_stack.h"
-#include "host/global_record.h"
+#include "record/global_record.h"
 
 #include <benchmark/benchmark.h>
 

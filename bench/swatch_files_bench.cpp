@@ -1,8 +1,8 @@
 // Reading and writing swatch files, and looking up colour books, each beside what it is measured against.
-#include "prefs/file_io.h"
-#include "swatches/formats/aco_reader.h"
-#include "swatches/formats/aco_writer.h"
-#include "swatches/formats/books_on_disk.h"
+#include "files/file_io.h"
+#include "formats/aco_reader.h"
+#include "formats/aco_writer.h"
+#include "formats/books_on_disk.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,7 +1,7 @@
 #include "fuzz_support.h"
 
-#include "swatches/formats/aco_reader.h"
-#include "swatches/formats/aco_writer.h"
+#include "formats/aco_reader.h"
+#include "formats/aco_writer.h"
 
 namespace chromalog {
 namespace {

@@ -1,6 +1,6 @@
 #include "fuzz_support.h"
 
-#include "swatches/formats/book_format.h"
+#include "formats/book_format.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace chromalog;

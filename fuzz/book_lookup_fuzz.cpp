@@ -1,6 +1,6 @@
 #include "fuzz_support.h"
 
-#include "swatches/formats/book_lookup.h"
+#include "formats/book_lookup.h"
 
 namespace chromalog {
 namespace {

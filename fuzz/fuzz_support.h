@@ -1,8 +1,8 @@
 #pragma once
 
-#include "host/host_conversion.h"
-#include "swatches/formats/byte_cursor.h"
-#include "swatches/list_store.h"
+#include "formats/byte_cursor.h"
+#include "record/host_conversion.h"
+#include "record/list_store.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,8 +1,8 @@
 #include "fuzz_support.h"
 
+#include "formats/aco_writer.h"
 #include "prefs/preferences_file.h"
-#include "swatches/formats/aco_writer.h"
-#include "swatches/name_text.h"
+#include "record/name_text.h"
 
 #include <algorithm>
 #include <vector>

@@ -1,7 +1,7 @@
-#include "prefs/file_io.h"
-#include "swatches/formats/aco_reader.h"
-#include "swatches/formats/book_format.h"
-#include "swatches/formats/books_on_disk.h"
+#include "files/file_io.h"
+#include "formats/aco_reader.h"
+#include "formats/book_format.h"
+#include "formats/books_on_disk.h"
 
 #include <nlohmann/json.hpp>
 

@@ -1,6 +1,6 @@
 #include "colour/value_fields.h"
 
-#include "colour/number_text.h"
+#include "base/number_text.h"
 
 #include <algorithm>
 #include <string>

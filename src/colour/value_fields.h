@@ -1,9 +1,9 @@
 #pragma once
 
-#include "colour/colour.h"
+#include "base/colour.h"
 #include "desktop/controls.h"
 #include "desktop/outlet.h"
-#include "host/host_conversion.h"
+#include "record/host_conversion.h"
 
 #include <array>
 #include <cstdint>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "colour/colour.h"
+#include "base/colour.h"
 #include "colour/value_fields.h"
 #include "desktop/form.h"
-#include "swatches/fco_struct.h"
+#include "record/fco_struct.h"
 
 #include <cstdint>
 #include <functional>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "colour/colour.h"
-#include "desktop/bitmap.h"
-#include "desktop/geometry.h"
+#include "base/bitmap.h"
+#include "base/colour.h"
+#include "base/geometry.h"
 
 #include <string>
 #include <string_view>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "colour/colour.h"
-#include "desktop/geometry.h"
+#include "base/colour.h"
+#include "base/geometry.h"
 #include "desktop/pasteboard.h"
 
 #include <functional>

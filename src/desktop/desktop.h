@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desktop/bitmap.h"
+#include "base/bitmap.h"
 #include "desktop/controls.h"
 #include "desktop/form.h"
 #include "desktop/panels.h"

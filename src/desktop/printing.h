@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/geometry.h"
 #include "desktop/canvas.h"
-#include "desktop/geometry.h"
 
 #include <functional>
 #include <string>

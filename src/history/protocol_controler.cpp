@@ -1,7 +1,7 @@
 #include "history/protocol_controler.h"
 
 #include "history/undo_labels.h"
-#include "host/global_record.h"
+#include "record/global_record.h"
 
 namespace chromalog {
 namespace {

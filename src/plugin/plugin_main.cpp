@@ -1,4 +1,5 @@
-#include "desktop/qt/qt_platform.h"
+#include "drive/attach_drive.h"
+#include "qt/qt_platform.h"
 
 #if defined(_WIN32)
 #define CHROMALOG_EXPORT __declspec(dllexport)
@@ -9,6 +10,6 @@
 /// The one symbol that a host looks for. Called on the host's main thread.
 extern "C" CHROMALOG_EXPORT void PluginMain(std::int16_t selector, void* record, std::intptr_t* data,
                                             std::int16_t* result) {
-    chromalog::QtPlatform platform;
+    chromalog::QtPlatform platform(chromalog::attachDrive);
     chromalog::runPluginMain(selector, record, data, result, platform);
 }

@@ -1,9 +1,9 @@
 #include "prefs/copy_keeper.h"
 
+#include "files/real_file.h"
+#include "files/replace_file.h"
+#include "files/temporary_file.h"
 #include "prefs/kept_copies.h"
-#include "prefs/real_file.h"
-#include "prefs/replace_file.h"
-#include "prefs/temporary_file.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "prefs/file_io.h"
+#include "files/file_io.h"
 
 #include <cstddef>
 #include <string>

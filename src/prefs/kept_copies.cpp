@@ -1,6 +1,6 @@
 #include "prefs/kept_copies.h"
 
-#include "prefs/real_file.h"
+#include "files/real_file.h"
 
 #include <algorithm>
 #include <cstdio>

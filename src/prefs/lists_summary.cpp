@@ -1,6 +1,6 @@
 #include "prefs/lists_summary.h"
 
-#include "prefs/descriptor.h"
+#include "files/descriptor.h"
 #include "prefs/preferences_layout.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "host/global_record.h"
 #include "prefs/preferences_layout.h"
+#include "record/global_record.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,7 +1,7 @@
 #include "prefs/preferences_store.h"
 
-#include "prefs/replace_file.h"
-#include "prefs/temporary_file.h"
+#include "files/replace_file.h"
+#include "files/temporary_file.h"
 
 #include <cerrno>
 #include <map>

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "files/file_io.h"
+#include "files/real_file.h"
+#include "files/write_lock.h"
 #include "prefs/copy_keeper.h"
-#include "prefs/file_io.h"
-#include "prefs/real_file.h"
-#include "prefs/write_lock.h"
 
 #include <cstddef>
 #include <cstdint>

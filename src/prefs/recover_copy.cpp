@@ -1,11 +1,11 @@
 #include "prefs/recover_copy.h"
 
+#include "files/real_file.h"
+#include "files/replace_file.h"
+#include "files/temporary_file.h"
+#include "files/write_lock.h"
 #include "prefs/copy_keeper.h"
 #include "prefs/kept_copies.h"
-#include "prefs/real_file.h"
-#include "prefs/replace_file.h"
-#include "prefs/temporary_file.h"
-#include "prefs/write_lock.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -1,6 +1,6 @@
 #include "print/chart_printing.h"
 
-#include "views/chart_pages.h"
+#include "print/chart_pages.h"
 
 namespace chromalog {
 namespace {

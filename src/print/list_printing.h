@@ -1,8 +1,8 @@
 #pragma once
 
 #include "desktop/desktop.h"
-#include "host/host_conversion.h"
 #include "print/print_options.h"
+#include "record/host_conversion.h"
 #include "swatches/swatch_list_view.h"
 
 namespace chromalog {

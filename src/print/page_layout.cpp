@@ -1,7 +1,7 @@
 #include "print/page_layout.h"
 
 #include "colour/value_fields.h"
-#include "swatches/name_text.h"
+#include "record/name_text.h"
 
 #include <algorithm>
 #include <array>

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "desktop/print_page.h"
 #include "desktop/printing.h"
-#include "host/host_conversion.h"
 #include "print/print_options.h"
-#include "swatches/list_store.h"
+#include "print/print_page.h"
+#include "record/host_conversion.h"
+#include "record/list_store.h"
 
 #include <ctime>
 #include <string>

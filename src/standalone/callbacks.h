@@ -1,7 +1,7 @@
 #pragma once
 
-#include "host/abi/picker_record.h"
-#include "host/abi/standalone_suite.h"
+#include "abi/picker_record.h"
+#include "abi/standalone_suite.h"
 
 #include <cstdint>
 

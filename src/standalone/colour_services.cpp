@@ -1,6 +1,6 @@
 #include "standalone/colour_services.h"
 
-#include "host/abi/result_codes.h"
+#include "abi/result_codes.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/abi/color_services.h"
+#include "abi/color_services.h"
 #include "standalone/call_ledger.h"
 #include "standalone/conversion/colour_converter.h"
 

@@ -1,6 +1,6 @@
 #include "standalone/command_line.h"
 
-#include "prefs/size_limit_signal.h"
+#include "files/size_limit_signal.h"
 #include "standalone/data_folder.h"
 #include "standalone/standard_streams.h"
 

@@ -1,6 +1,6 @@
 #include "standalone/handle_heap.h"
 
-#include "host/abi/result_codes.h"
+#include "abi/result_codes.h"
 
 namespace chromalog::standalone {
 

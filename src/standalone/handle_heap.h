@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/abi/handle_suite.h"
+#include "abi/handle_suite.h"
 #include "standalone/call_ledger.h"
 #include "standalone/guarded_block.h"
 

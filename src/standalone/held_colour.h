@@ -1,6 +1,6 @@
 #pragma once
 
-#include "colour/colour_text.h"
+#include "base/colour_text.h"
 #include "standalone/conversion/colour_converter.h"
 
 #include <array>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/abi/picker_record.h"
+#include "abi/picker_record.h"
 #include "standalone/guarded_block.h"
 #include "standalone/held_colour.h"
 #include "standalone/host.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/abi/picker_record.h"
+#include "abi/picker_record.h"
 
 #include <string>
 

@@ -1,6 +1,6 @@
 #include "standalone/run_picks.h"
 
-#include "prefs/size_limit_signal.h"
+#include "files/size_limit_signal.h"
 #include "standalone/conversion/closed_converter.h"
 #include "standalone/conversion/lcms_converter.h"
 #include "standalone/pick.h"

@@ -1,6 +1,6 @@
 #include "standalone/standard_streams.h"
 
-#include "prefs/size_limit_signal.h"
+#include "files/size_limit_signal.h"
 
 #include <cerrno>
 #include <csignal>

@@ -1,6 +1,6 @@
 #include "standalone/suite_shelf.h"
 
-#include "host/abi/basic_suite.h"
+#include "abi/basic_suite.h"
 
 #include <algorithm>
 

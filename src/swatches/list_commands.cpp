@@ -1,9 +1,9 @@
 #include "swatches/list_commands.h"
 
+#include "files/file_io.h"
+#include "formats/aco_reader.h"
+#include "formats/books_on_disk.h"
 #include "history/undo_labels.h"
-#include "prefs/file_io.h"
-#include "swatches/formats/aco_reader.h"
-#include "swatches/formats/books_on_disk.h"
 #include "swatches/limit_alert.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "desktop/desktop.h"
-#include "host/host_conversion.h"
+#include "record/host_conversion.h"
 #include "swatches/swatch_panel.h"
 
 #include <cstdint>

@@ -1,6 +1,6 @@
 #include "swatches/list_edits.h"
 
-#include "swatches/name_text.h"
+#include "record/name_text.h"
 
 #include <cstring>
 

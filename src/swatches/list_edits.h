@@ -1,7 +1,7 @@
 #pragma once
 
-#include "colour/colour.h"
-#include "swatches/list_store.h"
+#include "base/colour.h"
+#include "record/list_store.h"
 
 #include <cstdint>
 #include <string>

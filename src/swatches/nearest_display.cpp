@@ -1,6 +1,6 @@
 #include "swatches/nearest_display.h"
 
-#include "swatches/name_text.h"
+#include "record/name_text.h"
 #include "swatches/nearest.h"
 
 namespace chromalog {

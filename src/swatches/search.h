@@ -1,6 +1,6 @@
 #pragma once
 
-#include "swatches/list_store.h"
+#include "record/list_store.h"
 
 #include <cstdint>
 #include <string_view>

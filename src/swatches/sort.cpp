@@ -1,6 +1,6 @@
 #include "swatches/sort.h"
 
-#include "colour/colour.h"
+#include "base/colour.h"
 
 #include <algorithm>
 #include <cstdint>

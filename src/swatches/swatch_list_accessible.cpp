@@ -1,5 +1,5 @@
-#include "colour/colour_text.h"
-#include "swatches/name_text.h"
+#include "base/colour_text.h"
+#include "record/name_text.h"
 #include "swatches/swatch_list_view.h"
 
 namespace chromalog {

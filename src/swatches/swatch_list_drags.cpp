@@ -1,6 +1,6 @@
 #include "history/undo_labels.h"
+#include "record/name_text.h"
 #include "swatches/list_edits.h"
-#include "swatches/name_text.h"
 #include "swatches/swatch_list_geometry.h"
 #include "swatches/swatch_list_view.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desktop/geometry.h"
+#include "base/geometry.h"
 
 #include <algorithm>
 #include <cstdint>

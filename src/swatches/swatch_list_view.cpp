@@ -1,8 +1,8 @@
 #include "swatches/swatch_list_view.h"
 
-#include "colour/number_text.h"
-#include "swatches/formats/aco_writer.h"
-#include "swatches/name_text.h"
+#include "base/number_text.h"
+#include "formats/aco_writer.h"
+#include "record/name_text.h"
 #include "swatches/swatch_list_geometry.h"
 
 #include <cmath>

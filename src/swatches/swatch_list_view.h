@@ -2,7 +2,7 @@
 
 #include "desktop/desktop.h"
 #include "desktop/view.h"
-#include "swatches/list_store.h"
+#include "record/list_store.h"
 #include "swatches/search.h"
 
 #include <cstdint>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "desktop/form.h"
-#include "host/list_name.h"
+#include "record/list_name.h"
 #include "swatches/list_edits.h"
 #include "swatches/swatch_list_view.h"
 

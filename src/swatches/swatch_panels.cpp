@@ -1,6 +1,6 @@
 #include "swatches/swatch_panels.h"
 
-#include "swatches/name_text.h"
+#include "record/name_text.h"
 
 namespace chromalog {
 namespace {

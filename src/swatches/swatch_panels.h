@@ -1,7 +1,7 @@
 #pragma once
 
-#include "host/global_record.h"
-#include "host/host_conversion.h"
+#include "record/global_record.h"
+#include "record/host_conversion.h"
 #include "swatches/list_commands.h"
 #include "swatches/nearest_display.h"
 #include "swatches/search_knobs.h"

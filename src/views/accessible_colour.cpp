@@ -1,6 +1,6 @@
 #include "views/accessible_colour.h"
 
-#include "colour/colour_text.h"
+#include "base/colour_text.h"
 
 namespace chromalog {
 

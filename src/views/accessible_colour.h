@@ -1,6 +1,6 @@
 #pragma once
 
-#include "colour/colour.h"
+#include "base/colour.h"
 
 #include <string>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desktop/bitmap.h"
+#include "base/bitmap.h"
 #include "views/wheel_chunks.h"
 
 #include <cstdint>

@@ -1,6 +1,6 @@
 #include "colour/harmony.h"
 
-#include "colour/colour.h"
+#include "base/colour.h"
 
 #include <gtest/gtest.h>
 #include <math.h>

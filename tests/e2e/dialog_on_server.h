@@ -4,11 +4,11 @@
 #include "support/swatch_files.h"
 #include "support/temporary_folder.h"
 
-#include "desktop/qt/application_guard.h"
-#include "desktop/qt/drive/commands.h"
-#include "desktop/qt/qt_desktop.h"
-#include "host/abi/picker_record.h"
-#include "host/chromalog_controler.h"
+#include "abi/picker_record.h"
+#include "dialog/chromalog_controler.h"
+#include "drive/commands.h"
+#include "qt/application_guard.h"
+#include "qt/qt_desktop.h"
 
 #include <QApplication>
 #include <QTest>
@@ -60,7 +60,7 @@ class DialogOnServer {
         commands->perform(std::get<drive::Script>(script).at(0));
     }
 
-    TemporaryFolder folder;                                    ///< holds swatches.aco, with forty swatches
+    TemporaryFolder folder; ///< holds swatches.aco, with forty swatches
     XServer server{XServer::WhenAlone::stays, "2600x1600x24"}; ///< takes the dialog at every scale
     std::optional<ApplicationGuard> application;
     PickerRecord picker{};

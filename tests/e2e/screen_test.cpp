@@ -2,7 +2,7 @@
 // picture that is rendered anew does not tell whether anything was marked for redraw.
 #include "e2e/dialog_on_server.h"
 
-#include "desktop/qt/drive/prompts.h"
+#include "drive/prompts.h"
 
 #include <QScreen>
 

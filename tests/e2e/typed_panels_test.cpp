@@ -1,8 +1,8 @@
 // Panels that a person types into and confirms by Return: each goes away with everything it has opened.
 #include "e2e/dialog_on_server.h"
 
-#include "desktop/qt/drive/locate.h"
-#include "desktop/qt/drive/prompts.h"
+#include "drive/locate.h"
+#include "drive/prompts.h"
 
 #include <QAbstractButton>
 #include <QElapsedTimer>

@@ -1,5 +1,5 @@
 // What the scripts of the stored states play: every command, and every operation of the interface files.
-#include "desktop/qt/drive/script.h"
+#include "drive/script.h"
 #include "golden_states/script_file.h"
 #include "golden_states/store.h"
 

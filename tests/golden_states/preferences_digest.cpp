@@ -1,5 +1,5 @@
 #include "golden_states/digests.h"
-#include "host/global_record.h"
+#include "record/global_record.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,6 +1,6 @@
 #include "golden_states/samples.h"
 
-#include "host/global_record.h"
+#include "record/global_record.h"
 #include "support/swatch_files.h"
 
 #include <fstream>

@@ -1,6 +1,6 @@
 #include "golden_states/script_file.h"
 
-#include "desktop/qt/drive/script_words.h"
+#include "drive/script_words.h"
 
 #include <sstream>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/global_record.h"
+#include "record/global_record.h"
 #include "standalone/callbacks.h"
 #include "standalone/conversion/closed_converter.h"
 #include "standalone/pick.h"

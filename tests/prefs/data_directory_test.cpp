@@ -1,5 +1,5 @@
+#include "files/in_child.h"
 #include "prefs/data_directory.h"
-#include "prefs/in_child.h"
 
 #include <gtest/gtest.h>
 

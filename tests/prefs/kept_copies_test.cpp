@@ -1,7 +1,7 @@
 // The copies beside the preferences file: which there are, what becomes of older ones, what a kill leaves.
-#include "prefs/in_child.h"
+#include "files/in_child.h"
+#include "files/system_calls.h"
 #include "prefs/store_fixture.h"
-#include "prefs/system_calls.h"
 
 #include <gmock/gmock.h>
 

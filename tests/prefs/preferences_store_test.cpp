@@ -1,7 +1,7 @@
 // What is replaced is what this process read or wrote last; everything else is kept first.
-#include "prefs/in_child.h"
+#include "files/in_child.h"
+#include "files/system_calls.h"
 #include "prefs/store_fixture.h"
-#include "prefs/system_calls.h"
 
 #include <gmock/gmock.h>
 

@@ -1,6 +1,6 @@
+#include "files/system_calls.h"
 #include "prefs/recover_copy.h"
 #include "prefs/store_fixture.h"
-#include "prefs/system_calls.h"
 
 #include <gmock/gmock.h>
 

@@ -1,8 +1,8 @@
 #include "print/chart_printing.h"
 
+#include "print/chart_pages.h"
 #include "support/headless_colours.h"
 #include "support/headless_desktop.h"
-#include "views/chart_pages.h"
 
 #include <gtest/gtest.h>
 

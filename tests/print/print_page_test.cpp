@@ -1,5 +1,5 @@
 // What of a page reaches the sheet: all that leaves a mark on it, and nothing else.
-#include "desktop/print_page.h"
+#include "print/print_page.h"
 #include "support/recording_canvas.h"
 
 #include <gmock/gmock.h>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "host/host_conversion.h"
 #include "print/list_printing.h"
 #include "print/print_options.h"
+#include "record/host_conversion.h"
 #include "support/headless_desktop.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 #include "standalone/conversion/closed_converter.h"
 #include "standalone/conversion/lcms_converter.h"
 
-#include "host/abi/result_codes.h"
+#include "abi/result_codes.h"
 #include "support/temporary_folder.h"
 
 #include <gmock/gmock.h>

@@ -1,8 +1,8 @@
 /* A picker without a dialog: proves the host. It answers with the colour turned upside down (65535 -
  * component) where --accept was given, and leaves it where not. TEST_PICKER in the environment makes it
  * misbehave. */
-#include "host/abi/picker_record.h"
-#include "host/abi/standalone_suite.h"
+#include "abi/picker_record.h"
+#include "abi/standalone_suite.h"
 
 #include <stdlib.h>
 #include <string.h>

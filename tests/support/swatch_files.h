@@ -1,8 +1,8 @@
 #pragma once
 
-#include "host/host_conversion.h"
-#include "swatches/formats/book_lookup.h"
-#include "swatches/list_store.h"
+#include "formats/book_lookup.h"
+#include "record/host_conversion.h"
+#include "record/list_store.h"
 
 #include <algorithm>
 #include <array>

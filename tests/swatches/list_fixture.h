@@ -1,9 +1,9 @@
 #pragma once
 
-#include "host/global_record.h"
+#include "record/global_record.h"
+#include "record/name_text.h"
 #include "support/headless_desktop.h"
 #include "swatches/list_edits.h"
-#include "swatches/name_text.h"
 #include "swatches/swatch_panel.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-#include "host/pick_fixture.h"
+#include "dialog/pick_fixture.h"
 #include "support/recording_canvas.h"
 
 #include <gmock/gmock.h>

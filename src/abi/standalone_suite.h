@@ -1,0 +1,37 @@
+/* The stand-alone host's own suite, acquired through the basic suite by name and version. Plain C.
+ * Any other host answers that it does not exist; all that hangs on it is then off. */
+#ifndef CHROMALOG_ABI_STANDALONE_SUITE_H
+#define CHROMALOG_ABI_STANDALONE_SUITE_H
+
+#include "abi/abi_assert.h"
+
+#include <stddef.h>
+#include <stdint.h>
+
+#define kStandaloneSuite "Chromalog Stand-alone Suite"
+#define kStandaloneSuiteVersion 1
+
+/* Texts belong to the host and stay valid until it ends. Keys and names must not be null. */
+typedef struct StandaloneSuite {
+    /* The text of a command-line option, by its long name without dashes ("drive", "data-dir"); "1" for a
+     * flag that was given ("accept"). Null where the option was not given or does not exist. */
+    const char* (*option)(const char* key);
+    /* How often the plug-in has called something since the host started: a callback by its field's name
+     * ("newProc", "lockProc", "unlockProc", "disposeProc", "getPropertyProc", "colorServices",
+     * "AcquireSuite", "ReleaseSuite", "New", "Dispose", ...). 0 for a name that does not exist. */
+    int32_t (*callCount)(const char* name);
+    /* The plug-in's mistakes that the host has seen so far, as one line of text each; null out of range.
+     * What is found at the end of a call (a lock without unlock) is not among them while the call runs. */
+    int32_t (*misuseCount)(void);
+    const char* (*misuse)(int32_t index);
+    /* Asks the host to start no further pick after this one and to end with this exit code. */
+    void (*endWith)(int32_t exitCode);
+} StandaloneSuite;
+
+CHROMALOG_ABI_ASSERT(offsetof(StandaloneSuite, callCount) == 8);
+CHROMALOG_ABI_ASSERT(offsetof(StandaloneSuite, misuseCount) == 16);
+CHROMALOG_ABI_ASSERT(offsetof(StandaloneSuite, misuse) == 24);
+CHROMALOG_ABI_ASSERT(offsetof(StandaloneSuite, endWith) == 32);
+CHROMALOG_ABI_ASSERT(sizeof(StandaloneSuite) == 40);
+
+#endif

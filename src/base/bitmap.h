@@ -1,0 +1,35 @@
+#pragma once
+
+#include "base/colour.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <vector>
+
+namespace chromalog {
+
+/// A picture, row 0 at the top, one 32-bit word a pixel: alpha, red, green, blue from the highest byte down,
+/// straight (not premultiplied). The order is the one that screens of little-endian machines want.
+struct Bitmap {
+    int width = 0;
+    int height = 0;
+    std::vector<std::uint32_t> pixels; ///< width * height words
+
+    bool empty() const { return width <= 0 || height <= 0; }
+
+    /// The pixel nearest to (column, row); component = byte / 255.0. Opaque black where the picture is empty.
+    Colour colourAt(double column, double row) const {
+        if (empty()) return {};
+        return colourOf(pixels[static_cast<std::size_t>(held(row, height)) * width + held(column, width)]);
+    }
+
+    static Colour colourOf(std::uint32_t argb) {
+        return Colour::rgb(((argb >> 16) & 0xFF) / 255.0, ((argb >> 8) & 0xFF) / 255.0, (argb & 0xFF) / 255.0,
+                           (argb >> 24) / 255.0);
+    }
+
+  private:
+    static int held(double v, int count) { return v > 0 ? static_cast<int>(std::min(v, count - 1.0)) : 0; }
+};
+
+} // namespace chromalog

@@ -1,0 +1,72 @@
+#include "dialog/stored_lists.h"
+
+#include "prefs/preferences_file.h"
+
+#include <cerrno>
+#include <filesystem>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace chromalog {
+namespace {
+
+/// Why nothing could be stored in a folder; empty where it can.
+std::string refusalOf(const std::string& folder) {
+    std::error_code error;
+    if (std::filesystem::create_directories(folder, error); error) return folder + ": " + error.message();
+    const bool may = ::faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+    return may ? std::string() : folder + ": " + reasonOf(errno);
+}
+
+} // namespace
+
+std::string StoredLists::path() const {
+    return applicationDataDirectory(desktop_.applicationsDirectory());
+}
+
+void StoredLists::say(StatusLine::About about, std::string text) {
+    desktop_.statusLine().say(about, std::move(text));
+}
+
+bool StoredLists::open(GlobalRecord& record, bool skip) {
+    const std::string file = path();
+    if (file.empty()) {
+        say(StatusLine::About::storing, "The lists are not stored: there is no home folder");
+        return false;
+    }
+    const std::string refusal = refusalOf(folderOf(file));
+    if (!refusal.empty()) say(StatusLine::About::storing, "The lists cannot be stored in " + refusal);
+    store_.emplace(file);
+    if (store_->othersOpen()) say(StatusLine::About::otherPicks, "Another pick is open on the same lists");
+    if (!skip) return read(record);
+    store_->skip();
+    return false;
+}
+
+bool StoredLists::read(GlobalRecord& record) {
+    const auto file = store_->read(kPreferencesImage);
+    if (file) applyPreferences(record, *file);
+    if (!file && errno != ENOENT && errno != ENOTDIR)
+        say(StatusLine::About::storing, "The stored lists could not be read: " + reasonOf(errno));
+    return file.has_value();
+}
+
+void StoredLists::save(const GlobalRecord& record, Flush flush) {
+    path(); // a folder that went away comes back
+    if (store_) tell(store_->write(preferencesImage(record), kPreferencesZeros, flush));
+}
+
+void StoredLists::tell(const StoreOutcome& outcome) {
+    if (outcome.error != 0) {
+        const std::string what = outcome.notKept ? "what is there cannot be kept: " : "";
+        const bool busy = outcome.error == EWOULDBLOCK;
+        const std::string why = busy ? "another program is writing them" : reasonOf(outcome.error);
+        return say(StatusLine::About::storing, "The lists were not stored: " + what + why);
+    }
+    desktop_.statusLine().takeBack(StatusLine::About::storing);
+    if (!outcome.kept.empty())
+        say(StatusLine::About::keptCopies, "Unread lists were kept (" + outcome.kept + ")");
+}
+
+} // namespace chromalog

@@ -1,0 +1,210 @@
+// Commands of the pointer: clicks, drags, menus.
+#include "drive/commands.h"
+
+#include "dialog/chromalog_controler.h"
+#include "drive/command_error.h"
+#include "drive/hand_over.h"
+#include "drive/locate.h"
+#include "qt/convert.h"
+#include "qt/qt_desktop.h"
+#include "swatches/swatch_list_geometry.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QMenu>
+#include <QRadioButton>
+
+#include <algorithm>
+#include <utility>
+
+namespace chromalog::drive {
+namespace {
+
+Spot spotAt(const Command& c, std::size_t outlet) {
+    return spotOf(reachableOutlet(c.text(outlet)), c.point(outlet + 1));
+}
+
+/// Where a person would click the control: in the middle; check boxes take clicks near their mark alone.
+Spot clickSpot(QWidget& control) {
+    const bool mark = qobject_cast<QCheckBox*>(&control) || qobject_cast<QRadioButton*>(&control);
+    if (!mark) return middleOf(control);
+    return {&control, {std::min(control.width(), control.height()) / 2.0, control.height() / 2.0}};
+}
+
+QAction* itemOf(const QMenu& menu, const QString& operation) {
+    for (QAction* action : menu.actions())
+        if (sends(*action, operation)) return action;
+    return nullptr;
+}
+
+void choose(QMenu& menu, const QString& operation) {
+    QAction* item = itemOf(menu, operation);
+    if (!item) throw CommandError{"no item of the open menu sends '" + fromQt(operation) + "'"};
+    if (!item->isEnabled()) throw CommandError{"the menu item for '" + fromQt(operation) + "' is disabled"};
+    click({&menu, QRectF(menu.actionGeometry(item)).center()});
+}
+
+QMenu* openMenu() {
+    return qobject_cast<QMenu*>(QApplication::activePopupWidget());
+}
+
+/// The list that a menu of the dialog belongs to.
+QString ownerOf(const QMenu& menu) {
+    return menu.objectName().endsWith('2') ? "swatch2" : "swatch1";
+}
+
+} // namespace
+
+void Commands::perform(const Command& c) {
+    struct Row {
+        Verb verb;
+        void (Commands::*run)(const Command&);
+    };
+    static constexpr Row kRows[] = {
+        {Verb::click, &Commands::clickAt}, {Verb::rclick, &Commands::rightClickAt},
+        {Verb::press, &Commands::press},   {Verb::drag, &Commands::drag},
+        {Verb::sweep, &Commands::sweep},   {Verb::drop, &Commands::drop},
+        {Verb::type, &Commands::type},     {Verb::append, &Commands::append},
+        {Verb::key, &Commands::key},       {Verb::set, &Commands::set},
+        {Verb::menu, &Commands::menu},     {Verb::paper, &Commands::paper},
+        {Verb::shot, &Commands::shot},     {Verb::picture, &Commands::picture},
+        {Verb::state, &Commands::state},   {Verb::ok, &Commands::ok},
+        {Verb::cancel, &Commands::cancel},
+    };
+    ++performed_;
+    const auto row = std::ranges::find(kRows, c.verb, &Row::verb);
+    if (row != std::end(kRows)) (this->*row->run)(c);
+}
+
+bool Commands::leavesMenuOpen(const Command& c) const {
+    switch (c.verb) {
+    case Verb::menu:
+    case Verb::key:
+    case Verb::state:
+    case Verb::shot:
+    case Verb::wait:
+        return true;
+    case Verb::press:
+        return openMenu() && itemOf(*openMenu(), toQt(c.text(0)));
+    default:
+        return false;
+    }
+}
+
+void Commands::clickHeld(const Spot& spot, bool alt) {
+    const auto before = desktop_.keyboard;
+    if (alt) desktop_.keyboard = [] { return Qt::KeyboardModifiers(Qt::AltModifier); };
+    click(spot, alt ? Qt::AltModifier : Qt::NoModifier);
+    desktop_.keyboard = before;
+}
+
+void Commands::clickAt(const Command& c) {
+    clickHeld(spotAt(c, 0), c.has(3));
+}
+
+/// A view opens its menu at the press, other controls when the window system asks for one. A menu that opened
+/// took the release as well.
+void Commands::rightClick(const Spot& spot) {
+    const auto before = std::pair(performed_, waitingFor_);
+    const auto menuCame = [&] {
+        return std::pair(performed_, waitingFor_) != before || QApplication::activePopupWidget();
+    };
+    drive::press(spot, Qt::RightButton, Qt::NoModifier);
+    if (!menuCame()) askForMenu(spot);
+    if (!menuCame()) drive::release(spot, Qt::RightButton, Qt::NoModifier);
+}
+
+void Commands::rightClickAt(const Command& c) {
+    rightClick(spotAt(c, 0));
+}
+
+void Commands::press(const Command& c) {
+    if (findOutlet(toQt(c.text(0))))
+        clickHeld(clickSpot(reachableOutlet(c.text(0))), c.has(1));
+    else
+        pressOperation(toQt(c.text(0)), c.has(1));
+}
+
+void Commands::pressOperation(const QString& operation, bool alt) {
+    if (QWidget* control = controlSending(operation)) return clickHeld(clickSpot(*control), alt);
+    if (QMenu* open = openMenu(); open && itemOf(*open, operation)) return choose(*open, operation);
+    const auto [menu, action] = itemSending(operation);
+    if (menu) return openContextMenu(reachableOutlet(fromQt(ownerOf(*menu))), operation);
+    throw CommandError{"no outlet and no visible control or menu item for '" + fromQt(operation) + "'"};
+}
+
+void Commands::pressEither(const QString& operation, const QString& other) {
+    QWidget* control = controlSending(operation);
+    if (!control) control = controlSending(other);
+    if (!control) throw CommandError{"no visible control sends '" + fromQt(operation) + "'"};
+    clickHeld(clickSpot(*control), false);
+}
+
+void Commands::ok(const Command&) {
+    pressEither("okPressed:", "ok:");
+}
+void Commands::cancel(const Command&) {
+    pressEither("cancelPressed:", "cancel:");
+}
+
+void Commands::menu(const Command& c) {
+    const QString operation = toQt(c.text(1));
+    QWidget& outlet = reachableOutlet(c.text(0));
+    if (QMenu* open = openMenu()) return choose(*open, operation);
+    openContextMenu(outlet, operation);
+}
+
+/// A right click on the selected row opens the menu without selecting another one. The item is chosen from
+/// the menu's own loop, before the click returns.
+void Commands::openContextMenu(QWidget& outlet, const QString& operation) {
+    const SwatchPanels& panels = controler_.panels();
+    const SwatchPanel& panel = outlet.objectName() == "swatch2" ? panels.two : panels.one;
+    const Rect bounds{0, 0, double(outlet.width()), double(outlet.height())};
+    const Rect row = swatch_geometry::selectionRectForRow(bounds, panel.view.getSelected());
+    const double y = std::clamp(row.y + row.h / 2, 0.0, outlet.height() - 1.0);
+    waitingFor_ = operation;
+    rightClick(spotOf(outlet, {outlet.width() / 2.0, y}));
+    if (std::exchange(waitingFor_, std::nullopt))
+        throw CommandError{fromQt(outlet.objectName()) + " opened no context menu"};
+}
+
+bool Commands::chooseWaitingItem() {
+    QMenu* open = openMenu();
+    if (!waitingFor_ || !open) return false;
+    choose(*open, *std::exchange(waitingFor_, std::nullopt));
+    return true;
+}
+
+void Commands::drag(const Command& c) {
+    const Spot from = spotAt(c, 0);
+    QWidget& target = reachableOutlet(c.text(3));
+    const auto to = [&target, at = c.point(4)] { return spotOf(target, at); };
+    HandOver handOver(desktop_.drags(), to);
+    drive::press(from, Qt::LeftButton, Qt::NoModifier);
+    const QPointF beyond = from.at + QPointF(QApplication::startDragDistance(), 0);
+    moveTo({from.widget, beyond}, Qt::LeftButton, Qt::NoModifier);
+    if (handOver.happened() || !from.widget) return; // a drag takes the release with it
+    const Spot end = to();
+    const QPointF at = from.widget->mapFromGlobal(end.widget->mapToGlobal(end.at));
+    moveTo({from.widget, at}, Qt::LeftButton, Qt::NoModifier);
+    if (!handOver.happened()) drive::release({from.widget, at}, Qt::LeftButton, Qt::NoModifier);
+}
+
+void Commands::sweep(const Command& c) {
+    QWidget& outlet = reachableOutlet(c.text(0));
+    const Point from = c.point(1), to = c.point(3);
+    const double steps = c.number(5);
+    const Spot start = spotOf(outlet, from);
+    const auto at = [&](double step) {
+        const Point p{from.x + (to.x - from.x) * step / steps, from.y + (to.y - from.y) * step / steps};
+        return Spot{start.widget, start.widget->mapFrom(&outlet, widgetPoint(outlet, p))};
+    };
+    HandOver handOver(desktop_.drags(), [&] { return spotOf(outlet, to); });
+    drive::press(start, Qt::LeftButton, Qt::NoModifier);
+    for (double step = 1; step <= steps && !handOver.happened() && start.widget; ++step)
+        moveTo(at(step), Qt::LeftButton, Qt::NoModifier);
+    if (!handOver.happened() && start.widget) drive::release(at(steps), Qt::LeftButton, Qt::NoModifier);
+}
+
+} // namespace chromalog::drive

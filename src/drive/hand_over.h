@@ -1,0 +1,35 @@
+#pragma once
+
+#include "drive/pointer.h"
+#include "qt/drags.h"
+
+#include <functional>
+
+class QMimeData;
+
+namespace chromalog::drive {
+
+/// Offers the data to the widget as a drag does that enters it, moves to the point and is dropped there.
+/// Works the same on platforms without drags. The action that the target took; Qt::IgnoreAction where it
+/// refused.
+Qt::DropAction offer(const QMimeData&, const Spot& target);
+
+/// While it lives, a drag that begins is handed to the target at once instead of following the pointer.
+class HandOver {
+  public:
+    /// The target is asked for when a drag has begun: it may have to be scrolled into view.
+    HandOver(Drags&, std::function<Spot()> target);
+    ~HandOver();
+    HandOver(const HandOver&) = delete;
+    HandOver& operator=(const HandOver&) = delete;
+
+    bool happened() const { return happened_; }
+
+  private:
+    Drags& drags_;
+    std::function<Spot()> target_;
+    std::function<Qt::DropAction(QDrag&)> before_;
+    bool happened_ = false;
+};
+
+} // namespace chromalog::drive

@@ -1,0 +1,123 @@
+#include "qt/controls/color_well_widget.h"
+
+#include "qt/controls/focus_ring.h"
+#include "qt/convert.h"
+#include "qt/drags.h"
+#include "qt/mishap.h"
+#include "views/accessible_colour.h"
+
+#include <QAccessible>
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace chromalog {
+
+namespace {
+constexpr int bezel = 4; ///< pixels from the edge to the colour
+constexpr Size dragPicture{20, 20};
+} // namespace
+
+ColorWellWidget::ColorWellWidget(QWidget* parent) : QWidget(parent) {
+    setAcceptDrops(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setContextMenuPolicy(Qt::ActionsContextMenu);
+    auto* copy = new QAction(tr("Copy as hex"), this);
+    connect(copy, &QAction::triggered, this, &ColorWellWidget::copyAsHex);
+    addAction(copy);
+}
+
+void ColorWellWidget::setColor(const Colour& colour) {
+    colour_ = colour;
+    update();
+    QAccessibleValueChangeEvent changed(this, valueText());
+    QAccessible::updateAccessibility(&changed);
+    QAccessibleEvent described(this, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&described);
+}
+
+QString ColorWellWidget::valueText() const {
+    return toQt(accessibleColour(colour_));
+}
+
+void ColorWellWidget::copyAsHex() try {
+    QGuiApplication::clipboard()->setText(valueText().section(' ', -1));
+} catch (...) {
+    mishap();
+}
+
+void ColorWellWidget::paintEvent(QPaintEvent*) try {
+    QPainter painter(this);
+    const QRect whole = rect();
+    painter.fillRect(whole, palette().color(QPalette::Mid));
+    painter.fillRect(whole.adjusted(1, 1, -1, -1), palette().color(QPalette::Light));
+    const QRect inside = whole.adjusted(bezel, bezel, -bezel, -bezel);
+    painter.fillRect(inside.adjusted(-1, -1, 1, 1), palette().color(QPalette::Dark));
+    QColor shown = toQt(colour_);
+    shown.setAlpha(255);
+    painter.fillRect(inside, isEnabled() ? shown : palette().color(QPalette::Window));
+    if (hasFocus()) paintFocusRing(painter, whole);
+} catch (...) {
+    mishap();
+}
+
+void ColorWellWidget::redraw() {
+    guarded([this] { update(); });
+}
+
+void ColorWellWidget::mousePressEvent(QMouseEvent* event) {
+    pressed_ = event->button() == Qt::LeftButton;
+    pressedAt_ = event->position();
+}
+
+void ColorWellWidget::mouseMoveEvent(QMouseEvent* event) try {
+    if (!pressed_ || !drags_ || !(event->buttons() & Qt::LeftButton)) return;
+    if ((event->position() - pressedAt_).manhattanLength() < QApplication::startDragDistance()) return;
+    pressed_ = false;
+    DragRequest request;
+    request.source = this;
+    request.image = {dragPicture, colour_, false, {}};
+    request.pasteboard = {true, false, colour_, std::nullopt};
+    drags_->begin(request, this);
+} catch (...) {
+    mishap();
+}
+
+void ColorWellWidget::keyPressEvent(QKeyEvent* event) try {
+    if (event->matches(QKeySequence::Copy)) return copyAsHex();
+    QWidget::keyPressEvent(event);
+} catch (...) {
+    mishap();
+}
+
+void ColorWellWidget::dragEnterEvent(QDragEnterEvent* event) try {
+    const DragInfo info = dragInfoOf(*event, {});
+    const bool takes = onDrop_ && info.source != this && info.pasteboard.colourType && info.sourceAllows;
+    if (!takes) return event->ignore();
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+} catch (...) {
+    mishap();
+}
+
+void ColorWellWidget::dragMoveEvent(QDragMoveEvent* event) {
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+void ColorWellWidget::dropEvent(QDropEvent* event) try {
+    const QPointF at = event->position();
+    const DragInfo info = dragInfoOf(*event, {at.x(), height() - at.y()});
+    if (!onDrop_ || !info.pasteboard.colour) return event->ignore();
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    setColor(*info.pasteboard.colour);
+    onDrop_(info);
+} catch (...) {
+    mishap();
+}
+
+} // namespace chromalog

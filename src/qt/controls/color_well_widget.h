@@ -1,0 +1,58 @@
+#pragma once
+
+#include "desktop/controls.h"
+#include "qt/form_names.h"
+
+#include <QWidget>
+
+namespace chromalog {
+
+class Drags;
+
+/// A colour well: a bezel around a colour. It drags its colour out, takes a dropped one, and copies its hex
+/// code.
+class ColorWellWidget : public QWidget, public ColorWell {
+    Q_OBJECT
+  public:
+    explicit ColorWellWidget(QWidget* parent = nullptr);
+    void setDrags(Drags* drags) { drags_ = drags; }
+
+    void setColor(const Colour&) override;
+    Colour color() const override { return colour_; }
+    QString valueText() const; ///< "RGB 12 34 56, #0c2238"
+
+    void whenDropped(std::function<void(const DragInfo&)> f) override { onDrop_ = std::move(f); }
+    void setEnabled(bool on) override { QWidget::setEnabled(on); }
+    bool enabled() const override { return isEnabled(); }
+    void setHidden(bool hidden) override { QWidget::setHidden(hidden); }
+    bool hidden() const override { return isHidden(); }
+    void setClassName(const char* name) override { setProperty(kClassName, name); }
+
+    QSize sizeHint() const override { return {44, 28}; }
+    QSize minimumSizeHint() const override { return {24, 24}; }
+
+  public slots:
+    void copyAsHex();
+
+  protected:
+    void paintEvent(QPaintEvent*) override;
+    void mousePressEvent(QMouseEvent*) override;
+    void mouseMoveEvent(QMouseEvent*) override;
+    void keyPressEvent(QKeyEvent*) override;
+    void focusInEvent(QFocusEvent*) override { redraw(); }
+    void focusOutEvent(QFocusEvent*) override { redraw(); }
+    void dragEnterEvent(QDragEnterEvent*) override;
+    void dragMoveEvent(QDragMoveEvent*) override;
+    void dropEvent(QDropEvent*) override;
+
+  private:
+    void redraw();
+
+    Colour colour_;
+    Drags* drags_ = nullptr;
+    std::function<void(const DragInfo&)> onDrop_;
+    QPointF pressedAt_;
+    bool pressed_ = false;
+};
+
+} // namespace chromalog

@@ -1,0 +1,50 @@
+#include "qt/controls/level_indicator_widget.h"
+
+#include "qt/mishap.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace chromalog {
+
+namespace {
+constexpr int segments = 10;
+constexpr int gap = 2;     ///< pixels between segments
+constexpr int steps = 100; ///< of the announced value
+} // namespace
+
+LevelIndicatorWidget::LevelIndicatorWidget(QWidget* parent) : QProgressBar(parent) {
+    setRange(0, steps);
+    setTextVisible(false);
+}
+
+int LevelIndicatorWidget::filledSegments() const {
+    return std::isfinite(value_) ? int(std::lround(std::clamp(value_, 0.0, double(segments)))) : 0;
+}
+
+void LevelIndicatorWidget::setValue(double value) {
+    value_ = value;
+    const double held = std::isfinite(value) ? std::clamp(value, 0.0, double(segments)) : 0.0;
+    setUpdatesEnabled(false); // the base class would paint at once, a frame of its own before the others'
+    QProgressBar::setValue(int(std::lround(held * steps / segments)));
+    setUpdatesEnabled(true); // and mark for redraw
+}
+
+void LevelIndicatorWidget::paintEvent(QPaintEvent*) try {
+    QPainter painter(this);
+    const double pitch = (width() + gap) / double(segments);
+    for (int i = 0; i < segments; ++i) {
+        const int left = int(std::lround(i * pitch));
+        const QRect box(left, 0, int(std::lround((i + 1) * pitch)) - gap - left, height());
+        painter.fillRect(box, i < filledSegments() ? QColor(0x3a, 0x9b, 0x4b)
+                                                   : palette().color(QPalette::Midlight));
+        painter.setPen(palette().color(QPalette::Mid));
+        painter.drawRect(box.adjusted(0, 0, -1, -1));
+    }
+} catch (...) {
+    mishap();
+}
+
+} // namespace chromalog

@@ -1,0 +1,77 @@
+#include "qt/controls/list_scroll_area.h"
+
+#include "qt/controls/focus_ring.h"
+#include "qt/mishap.h"
+#include "qt/view_widget.h"
+
+#include <QEvent>
+#include <QScrollBar>
+
+#include <cmath>
+
+namespace chromalog {
+
+ListScrollArea::ListScrollArea(QWidget* parent) : QScrollArea(parent) {
+    setWidgetResizable(false);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    setFrameStyle(QFrame::Box | QFrame::Plain);
+    setLineWidth(2); // room for the focus ring
+    QPalette quiet = palette();
+    quiet.setColor(QPalette::WindowText, quiet.color(QPalette::Mid));
+    setPalette(quiet);
+    setFocusPolicy(Qt::NoFocus);
+    verticalScrollBar()->setSingleStep(kListRowPitch);
+}
+
+ViewWidget* ListScrollArea::content() const {
+    return qobject_cast<ViewWidget*>(widget());
+}
+
+int ListScrollArea::range() const {
+    return widget() ? std::max(0, widget()->height() - viewport()->height()) : 0;
+}
+
+void ListScrollArea::setVerticalScroller(double v) {
+    if (std::isfinite(v)) verticalScrollBar()->setValue(int(std::lround(std::clamp(v, 0.0, 1.0) * range())));
+}
+
+double ListScrollArea::verticalScroller() const {
+    return range() > 0 ? double(verticalScrollBar()->value()) / range() : 0.0;
+}
+
+void ListScrollArea::scrollToPoint(Point p) {
+    if (std::isfinite(p.y))
+        verticalScrollBar()->setValue(int(std::lround(std::clamp(p.y, 0.0, double(range())))));
+}
+
+void ListScrollArea::setNeedsDisplay() {
+    update();
+    viewport()->update();
+    if (widget()) widget()->update();
+}
+
+/// The content learns the new clip even where its own width stays: its height depends on the clip's.
+void ListScrollArea::resizeEvent(QResizeEvent* event) try {
+    if (ViewWidget* list = content()) {
+        list->resize(viewport()->width(), list->height());
+        if (list->view()) list->view()->sizeChanged();
+    }
+    QScrollArea::resizeEvent(event);
+} catch (...) {
+    mishap();
+}
+
+bool ListScrollArea::event(QEvent* event) try {
+    const bool used = QScrollArea::event(event);
+    if (event->type() == QEvent::Paint && widget() && widget()->hasFocus()) {
+        QPainter painter(this);
+        paintFocusRing(painter, rect());
+    }
+    return used;
+} catch (...) {
+    mishap();
+    return true;
+}
+
+} // namespace chromalog

@@ -1,0 +1,76 @@
+#include "qt/controls/simple_controls.h"
+
+#include "qt/controls/tinted_button.h"
+#include "qt/convert.h"
+
+#include <QRadioButton>
+#include <QSignalBlocker>
+
+#include <cmath>
+
+namespace chromalog {
+
+void ButtonControl::setTitle(std::string_view title) {
+    if (widget_) widget_->setText(toQt(title));
+}
+
+std::string ButtonControl::title() const {
+    return widget_ ? fromQt(widget_->text()) : std::string();
+}
+
+void ButtonControl::setBackground(const Colour& colour) {
+    if (auto* tinted = qobject_cast<TintedButton*>(widget_.data())) tinted->setTint(colour);
+}
+
+void ButtonControl::setState(int state) {
+    if (widget_) widget_->setChecked(state != 0);
+}
+
+int ButtonControl::state() const {
+    return widget_ && widget_->isChecked() ? 1 : 0;
+}
+
+void SliderControl::setValue(double value) {
+    if (!widget_ || !std::isfinite(value)) return;
+    const QSignalBlocker quiet(widget_); // an action is sent for a person's changes only
+    widget_->setValue(int(std::lround(std::clamp(value, -1e9, 1e9))));
+}
+
+void TextViewControl::setText(std::string_view text) {
+    if (widget_) widget_->setPlainText(toQt(text));
+}
+
+std::string TextViewControl::text() const {
+    return widget_ ? fromQt(widget_->toPlainText()) : std::string();
+}
+
+void RadioMatrixControl::selectRow(int row) {
+    if (!widget_) return;
+    const auto buttons = widget_->findChildren<QRadioButton*>();
+    if (row >= 0 && row < buttons.size()) buttons[row]->setChecked(true);
+}
+
+int RadioMatrixControl::selectedRow() const {
+    if (!widget_) return -1;
+    const auto buttons = widget_->findChildren<QRadioButton*>();
+    for (int row = 0; row < buttons.size(); ++row)
+        if (buttons[row]->isChecked()) return row;
+    return -1;
+}
+
+std::string RadioMatrixControl::selectedTitle() const {
+    if (!widget_) return {};
+    const auto buttons = widget_->findChildren<QRadioButton*>();
+    const int row = selectedRow();
+    return row < 0 ? std::string() : fromQt(buttons[row]->text());
+}
+
+void RowListControl::setRows(const std::vector<std::string>& rows) {
+    if (!widget_) return;
+    widget_->clear();
+    for (const std::string& row : rows)
+        widget_->addItem(toQt(row));
+    widget_->setCurrentRow(rows.empty() ? -1 : 0);
+}
+
+} // namespace chromalog

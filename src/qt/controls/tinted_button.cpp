@@ -1,0 +1,36 @@
+#include "qt/controls/tinted_button.h"
+
+#include "qt/convert.h"
+#include "qt/mishap.h"
+
+#include <QPainter>
+
+namespace chromalog {
+
+void TintedButton::setTint(const Colour& tint) {
+    tint_ = tint;
+    update();
+}
+
+void TintedButton::paintEvent(QPaintEvent* event) try {
+    if (!tint_) return QPushButton::paintEvent(event);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor ink = readableOn(*tint_);
+    QColor fill = toQt(*tint_);
+    if (isDown()) fill = ink == Qt::black ? fill.darker(115) : fill.lighter(130);
+    painter.setBrush(fill);
+    painter.setPen(QPen(palette().color(QPalette::Dark), isDefault() ? 2 : 1));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 4, 4);
+    if (hasFocus()) {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(ink, 1, Qt::DashLine));
+        painter.drawRoundedRect(QRectF(rect()).adjusted(4, 4, -4, -4), 2, 2);
+    }
+    painter.setPen(isEnabled() ? ink : palette().color(QPalette::Disabled, QPalette::ButtonText));
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextShowMnemonic, text());
+} catch (...) {
+    mishap();
+}
+
+} // namespace chromalog

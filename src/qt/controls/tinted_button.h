@@ -1,0 +1,27 @@
+#pragma once
+
+#include "base/colour.h"
+
+#include <QPushButton>
+
+#include <optional>
+
+namespace chromalog {
+
+/// A push button that can lie on a colour; its title stays readable. Painted here: styles treat palettes as
+/// they like.
+class TintedButton : public QPushButton {
+    Q_OBJECT
+  public:
+    using QPushButton::QPushButton;
+    void setTint(const Colour& tint);
+    const std::optional<Colour>& tint() const { return tint_; }
+
+  protected:
+    void paintEvent(QPaintEvent*) override;
+
+  private:
+    std::optional<Colour> tint_;
+};
+
+} // namespace chromalog

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "desktop/controls.h"
+#include "qt/form_names.h"
+
+#include <QPointer>
+#include <QWidget>
+
+namespace chromalog {
+
+/// A control of the seam on top of a widget of the toolkit. Calls after the widget is gone do nothing.
+template <typename ControlType, typename WidgetType> class WidgetControl : public ControlType {
+  public:
+    explicit WidgetControl(WidgetType* widget) : widget_(widget) {}
+
+    void setEnabled(bool on) override {
+        if (widget_) widget_->setEnabled(on);
+    }
+    bool enabled() const override { return widget_ && widget_->isEnabled(); }
+    void setHidden(bool hidden) override {
+        if (widget_) widget_->setHidden(hidden);
+    }
+    bool hidden() const override { return !widget_ || widget_->isHidden(); }
+    void setClassName(const char* name) override {
+        if (widget_) widget_->setProperty(kClassName, name);
+    }
+
+  protected:
+    QPointer<WidgetType> widget_;
+};
+
+} // namespace chromalog

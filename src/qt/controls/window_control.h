@@ -1,0 +1,48 @@
+#pragma once
+
+#include "qt/controls/widget_control.h"
+
+#include <QDialog>
+#include <QMenu>
+
+namespace chromalog {
+
+/// The root of every form: closing it in any way (close box, Escape) is one call of onClose and no more.
+class DialogWindow : public QDialog {
+    Q_OBJECT
+  public:
+    explicit DialogWindow(QWidget* parent = nullptr);
+    std::function<void()> onClose; ///< where empty, the window just goes away
+    void reject() override;
+
+  private:
+    bool closing_ = false;
+};
+
+/// A title and a close box: a modal dialog cannot be put away, and a panel goes with its dialog.
+constexpr Qt::WindowFlags kDialogFlags =
+    Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+
+class WindowControl : public WidgetControl<Window, DialogWindow> {
+  public:
+    explicit WindowControl(DialogWindow*);
+    DialogWindow* dialog() const { return widget_; }
+
+    bool connected() const override { return !widget_.isNull(); }
+    bool visible() const override { return widget_ && widget_->isVisible(); }
+    void makeKeyAndOrderFront() override;
+    void orderOut() override;
+    void attachAsChildOf(Window&) override;
+    void whenClosed(std::function<void()>) override;
+};
+
+class MenuControl : public Menu {
+  public:
+    explicit MenuControl(QMenu* menu) : menu_(menu) {}
+    void popUp(const View&, Point) override;
+
+  private:
+    QPointer<QMenu> menu_;
+};
+
+} // namespace chromalog

@@ -1,0 +1,158 @@
+#include "qt/panels/file_panels.h"
+
+#include "qt/convert.h"
+#include "qt/mishap.h"
+
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QListView>
+#include <QSettings>
+#include <QSignalBlocker>
+
+namespace chromalog {
+
+namespace {
+
+/// The toolkit's panel writes its own settings file as it goes away. A picker leaves no files but its own, so
+/// they go nowhere.
+void deleteWithoutTraces(QFileDialog* panel) {
+    if (!panel) return;
+    const QString before =
+        QFileInfo(QSettings(QSettings::NativeFormat, QSettings::UserScope, "QtProject").fileName()).path();
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
+    delete panel;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, before);
+}
+
+/// Takes a path as it was typed. On the way there the toolkit selects rows that match, and can shorten the
+/// path of a file to the bare name of its row; where it reads a folder late, a row stays selected that has
+/// nothing to do with what stands in the field, and would win over it.
+class TypedPanel : public QFileDialog {
+  public:
+    TypedPanel(QWidget* parent, const QString& title) : QFileDialog(parent, title) {
+        setOption(QFileDialog::DontUseNativeDialog); // its fields are there from now on
+        name_ = findChild<QLineEdit*>("fileNameEdit");
+        rows_ = findChild<QListView*>("listView");
+        if (!name_ || !rows_) return;
+        connect(name_, &QLineEdit::textChanged, this,
+                [this](const QString& text) { guarded([&] { nameChanged(text); }); });
+        for (const QAbstractItemView* view : findChildren<QAbstractItemView*>())
+            connect(view, &QAbstractItemView::pressed, this, [this] { path_.clear(); });
+    }
+    void accept() override try {
+        const QString path = meant();
+        if (rows_ && !path.isEmpty()) {
+            const QSignalBlocker noCompletion(name_); // it would select another file's row
+            name_->setText(path);
+            rows_->selectionModel()->clearSelection();
+        }
+        QFileDialog::accept();
+    } catch (...) {
+        mishap();
+    }
+
+  protected:
+    virtual QString meant() const { return path_; } ///< empty: what is selected
+    QString name() const { return name_ ? name_->text() : QString(); }
+
+  private:
+    void nameChanged(const QString& text) {
+        if (text.contains('/'))
+            path_ = text;
+        else if (text.isEmpty() || text != QFileInfo(path_).fileName())
+            path_.clear();
+    }
+
+    QLineEdit* name_ = nullptr;
+    QListView* rows_ = nullptr;
+    QString path_; ///< the path that was typed last, as long as it is meant
+};
+
+/// Puts the extension in place before the panel asks about an existing file: the question is then about the
+/// file that is written.
+class SaveDialog : public TypedPanel {
+  public:
+    SaveDialog(QWidget* parent, QString extension)
+        : TypedPanel(parent, QObject::tr("Save")), extension_(std::move(extension)) {}
+
+  protected:
+    QString meant() const override {
+        const QString path = TypedPanel::meant().isEmpty() ? named() : TypedPanel::meant();
+        if (path.isEmpty()) return path;
+        return withExtension(QDir::isAbsolutePath(path) ? path : directory().filePath(path), extension_);
+    }
+
+  private:
+    /// A bare name is that of its selected row, wherever that lies; but a row can stay selected under another
+    /// name.
+    QString named() const {
+        if (name().isEmpty()) return {};
+        const QString selected = selectedFiles().value(0);
+        return QFileInfo(selected).fileName() == name() ? selected : name();
+    }
+
+    QString extension_;
+};
+
+} // namespace
+
+QString withExtension(const QString& path, const QString& extension) {
+    const qsizetype slash = path.lastIndexOf('/');
+    const qsizetype dot = path.lastIndexOf('.');
+    if (slash == path.size() - 1) return path; // a folder: the panel goes there
+    return (dot > slash + 1 ? path.left(dot) : path) + '.' + extension;
+}
+
+FilePanels::~FilePanels() {
+    guarded([this] {
+        deleteWithoutTraces(open_);
+        deleteWithoutTraces(answered_);
+    });
+}
+
+void FilePanels::closeOn(const QWidget* parent) {
+    if (open_ && open_->parentWidget() == parent) deleteWithoutTraces(open_);
+    if (answered_ && answered_->parentWidget() == parent) deleteWithoutTraces(answered_);
+}
+
+void FilePanels::show(QFileDialog* panel, PanelAnswer answer) {
+    deleteWithoutTraces(open_); // a window has one sheet
+    deleteWithoutTraces(answered_);
+    open_ = panel;
+    panel->setWindowModality(Qt::WindowModal);
+    const auto finished = [this, panel, answer = std::move(answer)](int result) {
+        const QStringList chosen = panel->selectedFiles();
+        answered_ = open_;
+        open_ = nullptr;
+        if (result == QDialog::Accepted && !chosen.isEmpty())
+            answer(fromQt(chosen.front()));
+        else
+            answer(std::nullopt);
+    };
+    QObject::connect(panel, &QDialog::finished, panel,
+                     [finished](int result) { guarded([&] { finished(result); }); });
+    panel->open();
+}
+
+void FilePanels::begin(const OpenPanel& panel, QWidget* parent, PanelAnswer answer) {
+    records_.push_back({"open", panel.types, parent ? fromQt(parent->objectName()) : "", ""});
+    auto* dialog = new TypedPanel(parent, QObject::tr("Open"));
+    dialog->setAcceptMode(QFileDialog::AcceptOpen);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    QStringList patterns;
+    for (const std::string& type : panel.types)
+        patterns << "*." + toQt(type);
+    if (!patterns.isEmpty()) dialog->setNameFilter(QObject::tr("Swatch files (%1)").arg(patterns.join(' ')));
+    show(dialog, std::move(answer));
+}
+
+void FilePanels::begin(const SavePanel& panel, QWidget* parent, PanelAnswer answer) {
+    records_.push_back({"save", {}, parent ? fromQt(parent->objectName()) : "", panel.suggestedName});
+    auto* dialog = new SaveDialog(parent, toQt(panel.extension));
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setFileMode(QFileDialog::AnyFile);
+    if (!panel.suggestedName.empty()) dialog->selectFile(toQt(panel.suggestedName));
+    show(dialog, std::move(answer));
+}
+
+} // namespace chromalog

@@ -1,0 +1,44 @@
+#include "qt/qt_platform.h"
+
+#include "abi/standalone_suite.h"
+#include "files/size_limit_signal.h"
+#include "qt/qt_desktop.h"
+
+#include <QFontInfo>
+
+namespace chromalog {
+namespace {
+
+QtDesktopSettings settingsOf(const StandaloneSuite* standalone) {
+    QtDesktopSettings settings = QtDesktopSettings::fromEnvironment();
+    if (!standalone) return settings;
+    if (const char* folder = standalone->option("data-dir")) settings.dataDirectory = folder;
+    if (const char* folder = standalone->option("books")) settings.booksDirectory = folder;
+    settings.optionWhileOpening = standalone->option("option") != nullptr;
+    return settings;
+}
+
+} // namespace
+
+std::unique_ptr<Desktop> QtPlatform::makeDesktop(const StandaloneSuite* standalone) {
+    const DisplayProbe display;
+    if (!display.available()) {
+        sayOnStandardError("Chromalog: there is no display to show the dialog on");
+        return nullptr;
+    }
+    standalone_ = standalone;
+    const SizeLimitSignalBlock onlyFails; // the toolkit keeps what it finds out about the system's fonts
+    application_ = std::make_unique<ApplicationGuard>();
+    QFontInfo(QApplication::font()).family(); // makes it look for them now
+    return std::make_unique<QtDesktop>(settingsOf(standalone));
+}
+
+void QtPlatform::log(std::string_view line) {
+    guarded([line] { sayOnStandardError("Chromalog: " + std::string(line)); });
+}
+
+void QtPlatform::dialogReady(Desktop& desktop, ChromalogControler& controler) {
+    driven_ = attach_(static_cast<QtDesktop&>(desktop), controler, standalone_);
+}
+
+} // namespace chromalog

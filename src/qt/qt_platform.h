@@ -1,0 +1,28 @@
+#pragma once
+
+#include "dialog/pick.h"
+#include "qt/application_guard.h"
+#include "qt/driven.h"
+
+#include <memory>
+
+namespace chromalog {
+
+/// Where a pick runs for people: makes the toolkit's desktop, with the options of the stand-alone host or of
+/// the environment, and lets scripts attach. One per call of the host.
+class QtPlatform : public Platform {
+  public:
+    explicit QtPlatform(AttachDriven attach) : attach_(attach) {}
+
+    std::unique_ptr<Desktop> makeDesktop(const StandaloneSuite*) override;
+    void dialogReady(Desktop&, ChromalogControler&) override;
+    void log(std::string_view line) override; ///< also on standard error
+
+  private:
+    const AttachDriven attach_;
+    std::unique_ptr<ApplicationGuard> application_; ///< outlives the desktop that makeDesktop gave away
+    const StandaloneSuite* standalone_ = nullptr;
+    std::unique_ptr<Driven> driven_; ///< a script, or what the options ask of the dialog
+};
+
+} // namespace chromalog

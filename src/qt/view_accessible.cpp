@@ -1,0 +1,192 @@
+#include "qt/view_accessible.h"
+
+#include "qt/controls/list_scroll_area.h"
+#include "qt/controls/status_label.h"
+#include "qt/controls/well_accessible.h"
+#include "qt/convert.h"
+#include "qt/mishap.h"
+#include "qt/view_widget.h"
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+
+#include <map>
+
+namespace chromalog {
+
+namespace {
+
+/// One row of a list, made when it is asked for. It survives its list only as an invalid object.
+class RowAccessible : public QAccessibleInterface, public QAccessibleActionInterface {
+  public:
+    RowAccessible(ViewWidget* list, int row) : list_(list), row_(row) {}
+
+    bool isValid() const override { return view() && row_ < view()->accessibleRowCount(); }
+    QObject* object() const override { return nullptr; }
+    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+    QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(list_); }
+    QAccessibleInterface* child(int) const override { return nullptr; }
+    int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+    void setText(QAccessible::Text, const QString&) override {}
+    QRect rect() const override {
+        if (!list_) return {};
+        return {list_->mapToGlobal(QPoint(0, row_ * kListRowPitch)), QSize(list_->width(), kListRowPitch)};
+    }
+    QAccessible::Role role() const override { return QAccessible::ListItem; }
+    QString text(QAccessible::Text kind) const override try {
+        if (!isValid()) return {};
+        const AccessibleRow row = view()->accessibleRow(row_);
+        if (kind == QAccessible::Name) return toQt(row.name);
+        return kind == QAccessible::Value || kind == QAccessible::Description ? toQt(row.value) : QString();
+    } catch (...) {
+        mishap();
+        return {};
+    }
+    QAccessible::State state() const override {
+        QAccessible::State state;
+        state.selectable = true;
+        state.invalid = !isValid();
+        state.selected = guarded(false, [this] { return isValid() && view()->accessibleRow(row_).selected; });
+        return state;
+    }
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this)
+                                                    : nullptr;
+    }
+    QStringList actionNames() const override { return {pressAction()}; }
+    void doAction(const QString&) override {
+        if (isValid()) guarded([this] { view()->selectAccessibleRow(row_); });
+    }
+    QStringList keyBindingsForAction(const QString&) const override { return {}; }
+
+  private:
+    View* view() const { return list_ ? list_->view() : nullptr; }
+
+    QPointer<ViewWidget> list_;
+    int row_;
+};
+
+QAccessible::Role roleOf(Accessible::Role role) {
+    switch (role) {
+    case Accessible::Role::colourChooser:
+        return QAccessible::ColorChooser;
+    case Accessible::Role::slider:
+        return QAccessible::Slider;
+    case Accessible::Role::list:
+        return QAccessible::List;
+    case Accessible::Role::chart:
+        return QAccessible::Chart;
+    }
+    return QAccessible::Client;
+}
+
+/// Values in words have no way of their own to a screen reader: the description begins with them.
+QString descriptionOf(const Accessible& told) {
+    return told.range || told.value.empty() ? toQt(told.description)
+                                            : toQt(told.value + ". " + told.description);
+}
+
+class ViewAccessible : public QAccessibleWidget, public QAccessibleValueInterface {
+  public:
+    explicit ViewAccessible(ViewWidget* widget) : QAccessibleWidget(widget, QAccessible::Client) {}
+    ~ViewAccessible() override {
+        for (const auto& [row, id] : rows_)
+            QAccessible::deleteAccessibleInterface(id);
+    }
+
+    QAccessible::Role role() const override {
+        return guarded(QAccessible::Client,
+                       [this] { return view() ? roleOf(view()->accessible().role) : QAccessible::Client; });
+    }
+    QString text(QAccessible::Text kind) const override try {
+        if (!view()) return QAccessibleWidget::text(kind);
+        const Accessible told = view()->accessible();
+        if (kind == QAccessible::Name) return toQt(told.name);
+        if (kind == QAccessible::Value) return toQt(told.value);
+        if (kind == QAccessible::Description) return descriptionOf(told);
+        return QAccessibleWidget::text(kind);
+    } catch (...) {
+        mishap();
+        return {};
+    }
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        if (type == QAccessible::ValueInterface)
+            return range() ? static_cast<QAccessibleValueInterface*>(this) : nullptr;
+        return QAccessibleWidget::interface_cast(type);
+    }
+
+    int childCount() const override { return view() ? view()->accessibleRowCount() : 0; }
+    QAccessibleInterface* child(int row) const override try {
+        if (row < 0 || row >= childCount()) return nullptr;
+        QAccessible::Id& id = rows_[row];
+        if (id == 0)
+            id = QAccessible::registerAccessibleInterface(
+                new RowAccessible(static_cast<ViewWidget*>(widget()), row));
+        return QAccessible::accessibleInterface(id);
+    } catch (...) {
+        mishap();
+        return nullptr;
+    }
+    int indexOfChild(const QAccessibleInterface* wanted) const override {
+        for (const auto& [row, id] : rows_)
+            if (QAccessible::accessibleInterface(id) == wanted) return row;
+        return -1;
+    }
+    QAccessibleInterface* childAt(int x, int y) const override {
+        const QPoint at = widget()->mapFromGlobal(QPoint(x, y));
+        return widget()->rect().contains(at) ? child(at.y() / kListRowPitch) : nullptr;
+    }
+
+    QVariant currentValue() const override { return range() ? QVariant(range()->value) : QVariant(); }
+    QVariant minimumValue() const override { return range() ? QVariant(range()->minimum) : QVariant(); }
+    QVariant maximumValue() const override { return range() ? QVariant(range()->maximum) : QVariant(); }
+    QVariant minimumStepSize() const override { return range() ? QVariant(range()->step) : QVariant(); }
+    void setCurrentValue(const QVariant& value) override {
+        guarded([&] {
+            if (view()) view()->setAccessibleValue(value.toDouble());
+        });
+    }
+
+  private:
+    View* view() const { return widget() ? static_cast<ViewWidget*>(widget())->view() : nullptr; }
+    std::optional<Accessible::Range> range() const {
+        return guarded(std::optional<Accessible::Range>(),
+                       [this] { return view() ? view()->accessible().range : std::nullopt; });
+    }
+
+    mutable std::map<int, QAccessible::Id> rows_; ///< rows that were asked for
+};
+
+QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
+    auto* widget = dynamic_cast<ViewWidget*>(object);
+    const auto make = [widget]() -> QAccessibleInterface* { return new ViewAccessible(widget); };
+    return widget ? guarded<QAccessibleInterface*>(nullptr, make) : nullptr;
+}
+
+} // namespace
+
+void installAccessibility() {
+    QAccessible::installFactory(makeAccessible);
+    QAccessible::installFactory(makeWellAccessible);
+    QAccessible::installFactory(makeStatusAccessible);
+}
+
+void removeAccessibility() {
+    QAccessible::removeFactory(makeAccessible);
+    QAccessible::removeFactory(makeWellAccessible);
+    QAccessible::removeFactory(makeStatusAccessible);
+}
+
+void announceView(ViewWidget& widget) {
+    if (!QAccessible::isActive() || !widget.view()) return;
+    const Accessible told = widget.view()->accessible();
+    QAccessibleValueChangeEvent changed(&widget, told.range ? QVariant(told.range->value)
+                                                            : QVariant(toQt(told.value)));
+    QAccessible::updateAccessibility(&changed);
+    if (told.range) return;
+    QAccessibleEvent described(&widget, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&described);
+}
+
+} // namespace chromalog

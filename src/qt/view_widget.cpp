@@ -1,0 +1,265 @@
+#include "qt/view_widget.h"
+
+#include "qt/controls/focus_ring.h"
+#include "qt/controls/list_scroll_area.h"
+#include "qt/convert.h"
+#include "qt/drags.h"
+#include "qt/mishap.h"
+#include "qt/paint_canvas.h"
+#include "qt/view_accessible.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScopedValueRollback>
+
+#include <cmath>
+
+namespace chromalog {
+
+namespace {
+
+Key keyOf(int key) {
+    switch (key) {
+    case Qt::Key_Left:
+        return Key::left;
+    case Qt::Key_Right:
+        return Key::right;
+    case Qt::Key_Up:
+        return Key::up;
+    case Qt::Key_Down:
+        return Key::down;
+    case Qt::Key_Home:
+        return Key::home;
+    case Qt::Key_End:
+        return Key::end;
+    case Qt::Key_PageUp:
+        return Key::pageUp;
+    case Qt::Key_PageDown:
+        return Key::pageDown;
+    case Qt::Key_Delete:
+    case Qt::Key_Backspace:
+        return Key::deleteKey;
+    case Qt::Key_Space:
+        return Key::space;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return Key::enter;
+    default:
+        return Key::other;
+    }
+}
+
+} // namespace
+
+ViewWidget::ViewWidget(QWidget* parent) : QWidget(parent) {
+    setFocusPolicy(Qt::StrongFocus); // until the view is known: a form orders only what takes the focus
+}
+
+ViewWidget::~ViewWidget() {
+    if (view_) view_->setHost(nullptr);
+}
+
+void ViewWidget::setView(View* view, QtDesktop* desktop) {
+    if (view_) view_->setHost(nullptr);
+    view_ = view;
+    desktop_ = desktop;
+    if (!view_) return;
+    view_->setHost(this);
+    setFocusPolicy(view_->acceptsFocus() ? Qt::StrongFocus : Qt::NoFocus);
+    setAcceptDrops(view_->acceptsColourDrags());
+    setAccessibleName(toQt(view_->accessible().name));
+    setAccessibleDescription(toQt(view_->accessible().description));
+    if (clipWidget()) paperBackground();
+    layOutView();
+    hiddenChanged();
+    update();
+}
+
+/// Lists draw black text and no background of their own: white, also where the desktop is dark.
+void ViewWidget::paperBackground() {
+    QPalette paper = palette();
+    paper.setColor(QPalette::Window, Qt::white);
+    setPalette(paper);
+    setAutoFillBackground(true);
+}
+
+QWidget* ViewWidget::clipWidget() const {
+    return qobject_cast<ListScrollArea*>(parentWidget() ? parentWidget()->parentWidget() : nullptr)
+               ? parentWidget()
+               : nullptr;
+}
+
+QPointF ViewWidget::toWidget(Point p) const {
+    if (!view_) return {p.x, p.y};
+    return {p.x, view_->isFlipped() ? p.y : height() - p.y};
+}
+
+Point ViewWidget::toView(QPointF p) const {
+    if (!view_) return {p.x(), p.y()};
+    return {p.x(), view_->isFlipped() ? p.y() : height() - p.y()};
+}
+
+/// A view in a scroll area stays at its own origin while the area moves the widget.
+void ViewWidget::layOutView() {
+    if (!view_ || followingView_ || view_->host() != this) return;
+    const QPoint origin = clipWidget() ? QPoint() : pos();
+    view_->layOut({double(origin.x()), double(origin.y()), double(width()), double(height())});
+}
+
+void ViewWidget::resizeEvent(QResizeEvent*) {
+    guarded([this] { layOutView(); });
+}
+
+void ViewWidget::moveEvent(QMoveEvent*) {
+    guarded([this] { layOutView(); });
+}
+
+/// At a scale that is no whole number the toolkit can round the last column or row away on its way to the
+/// screen, where it would stay as it was: the pixels around the view go along.
+void ViewWidget::needsDisplay() {
+    update();
+    const double scale = devicePixelRatioF();
+    if (scale == std::floor(scale)) return;
+    const QRect shown = visibleRegion().boundingRect();
+    window()->update(QRect(mapTo(window(), shown.topLeft()), shown.size()).adjusted(-1, -1, 1, 1));
+}
+
+/// A list sets its own height; other views are laid out by the form, and frames that they set for a print job
+/// are no business of the screen.
+void ViewWidget::frameChanged() {
+    if (!view_ || !clipWidget()) return;
+    const QScopedValueRollback following(followingView_, true);
+    resize(width(), qBound(1, int(view_->frame().h), QWIDGETSIZE_MAX));
+}
+
+void ViewWidget::hiddenChanged() {
+    if (view_ && view_->hidden() != isHidden()) setHidden(view_->hidden());
+}
+
+void ViewWidget::accessibleChanged() {
+    setAccessibleName(toQt(view_->accessible().name));
+    announceView(*this);
+}
+
+std::optional<Rect> ViewWidget::superviewBounds() const {
+    const QWidget* clip = clipWidget();
+    if (!clip) return std::nullopt;
+    return Rect{0, double(-y()), double(clip->width()), double(clip->height())};
+}
+
+/// A view that is being printed has the paper's geometry, and its host is not this widget for that long:
+/// nothing is drawn then, and the screen keeps what it shows.
+void ViewWidget::paintEvent(QPaintEvent* event) try {
+    if (!view_ || view_->host() != this) return;
+    QPainter painter(this);
+    const QRect dirty = event->rect();
+    const Rect bounds = view_->bounds();
+    const double top = view_->isFlipped() ? dirty.y() : bounds.h - dirty.y() - dirty.height();
+    const Rect clip{bounds.x + dirty.x(), bounds.y + top, double(dirty.width()), double(dirty.height())};
+    PaintCanvas canvas(painter, {bounds, view_->isFlipped(), clip, true, true, &lines_});
+    view_->drawRect(canvas);
+    if (!hasFocus()) return;
+    if (const auto mark = view_->focusMark()) paintFocusRing(painter, canvas.map(*mark).toAlignedRect());
+    if (!clipWidget()) paintFocusRing(painter, rect());
+} catch (...) {
+    mishap();
+}
+
+MouseEvent ViewWidget::translated(const QMouseEvent& event) const {
+    return {toView(event.position()), event.modifiers().testFlag(Qt::AltModifier),
+            event.modifiers().testFlag(Qt::ShiftModifier)};
+}
+
+void ViewWidget::mousePressEvent(QMouseEvent* event) try {
+    if (!view_) return;
+    if (event->button() == Qt::RightButton) {
+        view_->rightMouseDown(translated(*event));
+    } else if (event->button() == Qt::LeftButton) {
+        pressed_ = true;
+        dragSent_ = false;
+        pressedAt_ = event->position();
+        view_->mouseDown(translated(*event));
+    }
+} catch (...) {
+    mishap();
+}
+
+void ViewWidget::mouseMoveEvent(QMouseEvent* event) try {
+    if (!view_ || !pressed_ || !(event->buttons() & Qt::LeftButton)) return;
+    if (!view_->startsDrags()) {
+        view_->mouseDragged(translated(*event));
+        return;
+    }
+    const double moved = (event->position() - pressedAt_).manhattanLength();
+    if (dragSent_ || moved < QApplication::startDragDistance()) return;
+    dragSent_ = true;
+    view_->mouseDragged(translated(*event)); // returns when the drag is over
+} catch (...) {
+    mishap();
+}
+
+void ViewWidget::mouseReleaseEvent(QMouseEvent* event) try {
+    if (!view_ || !pressed_ || event->button() != Qt::LeftButton) return;
+    pressed_ = false;
+    view_->mouseUp(translated(*event));
+} catch (...) {
+    mishap();
+}
+
+void ViewWidget::keyPressEvent(QKeyEvent* event) try {
+    const KeyEvent key{keyOf(event->key()), event->modifiers().testFlag(Qt::ShiftModifier),
+                       event->modifiers().testFlag(Qt::AltModifier)};
+    if (!view_ || key.key == Key::other || !view_->keyDown(key)) QWidget::keyPressEvent(event);
+} catch (...) {
+    mishap();
+}
+
+/// The keyboard's menu key opens the menu of the selected row. By mouse the view was told at the press.
+void ViewWidget::contextMenuEvent(QContextMenuEvent* event) try {
+    if (!view_ || event->reason() != QContextMenuEvent::Keyboard) return;
+    for (int row = 0; row < view_->accessibleRowCount(); ++row)
+        if (view_->accessibleRow(row).selected)
+            return view_->rightMouseDown({{width() / 2.0, (row + 0.75) * kListRowPitch}});
+} catch (...) {
+    mishap();
+}
+
+void ViewWidget::focusInEvent(QFocusEvent*) try {
+    needsDisplay();
+    if (clipWidget()) clipWidget()->parentWidget()->update();
+} catch (...) {
+    mishap();
+}
+
+void ViewWidget::focusOutEvent(QFocusEvent* event) {
+    focusInEvent(event);
+}
+
+void ViewWidget::dragEnterEvent(QDragEnterEvent* event) try {
+    if (view_ &&
+        view_->draggingEntered(dragInfoOf(*event, toView(event->position()))) == DragOperation::copy) {
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+    } else {
+        event->ignore();
+    }
+} catch (...) {
+    mishap();
+}
+
+void ViewWidget::dragMoveEvent(QDragMoveEvent* event) {
+    event->setDropAction(Qt::CopyAction);
+    event->accept(); // only an entered drag gets here
+}
+
+void ViewWidget::dropEvent(QDropEvent* event) try {
+    if (!view_) return;
+    event->setDropAction(Qt::CopyAction);
+    event->setAccepted(view_->performDragOperation(dragInfoOf(*event, toView(event->position()))));
+} catch (...) {
+    mishap();
+}
+
+} // namespace chromalog

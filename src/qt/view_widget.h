@@ -1,0 +1,64 @@
+#pragma once
+
+#include "desktop/view.h"
+#include "qt/line_cache.h"
+
+#include <QPointer>
+#include <QWidget>
+
+namespace chromalog {
+
+class QtDesktop;
+
+/// Shows any view: lays it out, paints it upright, turns the toolkit's events into the view's calls.
+class ViewWidget : public QWidget, public ViewHost {
+    Q_OBJECT
+  public:
+    explicit ViewWidget(QWidget* parent = nullptr);
+    ~ViewWidget() override;
+
+    /// Binds the view to this widget, or nothing. The view must outlive the binding.
+    void setView(View*, QtDesktop* desktop = nullptr);
+    View* view() const { return view_; }
+    QtDesktop* desktop() const { return desktop_; }
+
+    QPointF toWidget(Point inView) const;
+    Point toView(QPointF inWidget) const;
+
+    void needsDisplay() override;
+    void frameChanged() override;
+    void hiddenChanged() override;
+    void accessibleChanged() override;
+    std::optional<Rect> superviewBounds() const override;
+
+  protected:
+    void paintEvent(QPaintEvent*) override;
+    void resizeEvent(QResizeEvent*) override;
+    void moveEvent(QMoveEvent*) override;
+    void mousePressEvent(QMouseEvent*) override;
+    void mouseMoveEvent(QMouseEvent*) override;
+    void mouseReleaseEvent(QMouseEvent*) override;
+    void keyPressEvent(QKeyEvent*) override;
+    void contextMenuEvent(QContextMenuEvent*) override;
+    void focusInEvent(QFocusEvent*) override;
+    void focusOutEvent(QFocusEvent*) override;
+    void dragEnterEvent(QDragEnterEvent*) override;
+    void dragMoveEvent(QDragMoveEvent*) override;
+    void dropEvent(QDropEvent*) override;
+
+  private:
+    QWidget* clipWidget() const; ///< the viewport that this widget scrolls in, or null
+    void layOutView();
+    void paperBackground();
+    MouseEvent translated(const QMouseEvent&) const;
+
+    View* view_ = nullptr;
+    QtDesktop* desktop_ = nullptr;
+    LineCache lines_;
+    QPointF pressedAt_;
+    bool pressed_ = false;
+    bool dragSent_ = false; ///< the view was told of this press's drag and drop
+    bool followingView_ = false;
+};
+
+} // namespace chromalog

@@ -1,0 +1,219 @@
+// The dialog as a person gets it: the controllers on the compiled interface files.
+#include "support/swatch_files.h" // before the toolkit, which takes the word slots
+
+#include "qt/desktop_fixture.h"
+
+#include "abi/picker_record.h"
+#include "dialog/chromalog_controler.h"
+#include "drive/locate.h"
+#include "drive/prompts.h"
+#include "qt/controls/color_well_widget.h"
+#include "qt/controls/level_indicator_widget.h"
+#include "qt/controls/tinted_button.h"
+#include "qt/convert.h"
+#include "qt/drags.h"
+
+#include <QDragEnterEvent>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QSlider>
+#include <QTimer>
+
+#include <fstream>
+#include <map>
+#include <memory>
+#include <set>
+
+using namespace chromalog;
+using namespace chromalog::test;
+using testing::Each;
+using testing::Not;
+using testing::StartsWith;
+
+namespace {
+
+class DialogTest : public DesktopTest {
+  protected:
+    std::unique_ptr<GlobalRecord> record = std::make_unique<GlobalRecord>();
+    PickerRecord picker{};
+    QtDesktop desktop{settings()};
+    std::unique_ptr<ChromalogControler> controler;
+
+    void SetUp() override {
+        record->pickerRecord = &picker;
+        picker.pickParms.colorComponents[0] = 0x1200;
+        picker.pickParms.colorComponents[1] = 0x3400;
+        picker.pickParms.colorComponents[2] = 0xFF00;
+        controler = std::make_unique<ChromalogControler>(*record, desktop);
+    }
+    template <typename T> T* find(const char* outlet) { return qobject_cast<T*>(desktop.widget(outlet)); }
+    std::vector<std::string> log() const {
+        return {desktop.logRing().lines().begin(), desktop.logRing().lines().end()};
+    }
+};
+
+TEST_F(DialogTest, TheFormsAndTheControllersKnowTheSameNames) {
+    for (const char* form : {"chromalogWindow: ", "ProtocolPanel: ", "SwatchPrintOptions: "})
+        EXPECT_THAT(log(), Each(Not(StartsWith(form))));
+}
+
+TEST_F(DialogTest, TheHostsColourIsTheSecondOne) {
+    EXPECT_EQ(find<QLineEdit>("secondR")->text(), "18");
+    EXPECT_EQ(find<QLineEdit>("secondG")->text(), "52");
+    EXPECT_EQ(find<QLineEdit>("secondB")->text(), "255");
+    EXPECT_EQ(find<QLineEdit>("firstR")->text(), "229"); // the default
+}
+
+TEST_F(DialogTest, WheelAndGradientAreSquareAndTheGradientDividesIntoSixteen) {
+    const auto* wheel = find<ViewWidget>("chromaView");
+    const auto* gradient = find<ViewWidget>("myDegrade");
+    EXPECT_EQ(wheel->width(), wheel->height());
+    EXPECT_EQ(gradient->width(), gradient->height());
+    EXPECT_EQ(gradient->width() % 16, 0);
+    EXPECT_EQ(wheel->view()->bounds().w, wheel->width());
+}
+
+TEST_F(DialogTest, TheGradientShowsFirst) {
+    EXPECT_TRUE(find<QWidget>("myToneView")->isHidden());
+    EXPECT_TRUE(find<QWidget>("toneSlider")->isHidden());
+    EXPECT_TRUE(find<QWidget>("absOrRel")->isHidden());
+    EXPECT_FALSE(find<QWidget>("myDegrade")->isHidden());
+    EXPECT_EQ(find<QSlider>("toneSlider")->value(), 50);
+}
+
+/// The others show what was computed from the second colour: a dropped colour would belong to nothing.
+TEST_F(DialogTest, TheWellsOfTheWorkingColoursAloneTakeDrops) {
+    const ColourMime mime({true, false, Colour::rgb(0.2, 0.4, 0.6), std::nullopt});
+    std::vector<std::string> taking;
+    for (auto* well : desktop.widget("chromalogWindow")->findChildren<ColorWellWidget*>()) {
+        const Colour before = well->color();
+        QDragEnterEvent enter({9, 9}, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(well, &enter);
+        QDropEvent drop({9, 9}, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(well, &drop);
+        EXPECT_EQ(enter.isAccepted(), drop.isAccepted()) << well->objectName().toStdString();
+        if (enter.isAccepted())
+            taking.push_back(well->objectName().toStdString());
+        else
+            EXPECT_TRUE(well->color().sameRgb(before)) << well->objectName().toStdString();
+    }
+    EXPECT_THAT(taking, testing::UnorderedElementsAre("origFirstColor", "origSecondColor"));
+}
+
+TEST_F(DialogTest, EveryWellGivesItsColourByDrag) {
+    int wells = 0;
+    desktop.widget("chromalogWindow")->show();
+    for (auto* well : desktop.widget("chromalogWindow")->findChildren<ColorWellWidget*>()) {
+        QTest::mousePress(well, Qt::LeftButton, {}, {9, 9});
+        QMouseEvent move(QEvent::MouseMove, QPointF(30, 9), well->mapToGlobal(QPointF(30, 9)), Qt::NoButton,
+                         Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(well, &move);
+        ASSERT_TRUE(desktop.drags().last);
+        EXPECT_EQ(desktop.drags().last->request.source, well) << well->objectName().toStdString();
+        EXPECT_TRUE(desktop.drags().last->request.pasteboard.colour->sameRgb(well->color()));
+        ++wells;
+    }
+    EXPECT_EQ(wells, 15);
+}
+
+TEST_F(DialogTest, TypingMovesTheOkButtonsColour) {
+    auto* field = find<QLineEdit>("firstR");
+    field->selectAll();
+    QTest::keyClicks(field, "0");
+    const auto* ok = find<TintedButton>("okButton");
+    EXPECT_EQ(ok->text(), "Use 1st color");
+    ASSERT_TRUE(ok->tint());
+    EXPECT_EQ(ok->tint()->red(), 0);
+}
+
+TEST_F(DialogTest, EscapeIsCancelOnce) {
+    QTimer::singleShot(0, [&] { QTest::keyClick(desktop.widget("chromalogWindow"), Qt::Key_Escape); });
+    EXPECT_EQ(controler->showWindow(), 0);
+    EXPECT_EQ(picker.pickParms.colorComponents[0], 0x1200);
+    EXPECT_FALSE(desktop.widget("chromalogWindow")->isVisible());
+}
+
+TEST_F(DialogTest, ReturnIsOk) {
+    QTimer::singleShot(
+        0, [&] { QTest::keyClick(desktop.widget("chromalogWindow")->focusWidget(), Qt::Key_Return); });
+    EXPECT_EQ(controler->showWindow(), 0);
+    EXPECT_EQ(picker.pickParms.colorComponents[0], 58981); // 0.9, the first colour's default
+}
+
+TEST_F(DialogTest, ThePersonStartsInTheFirstField) {
+    QTimer::singleShot(0, [&] {
+        EXPECT_EQ(desktop.widget("chromalogWindow")->focusWidget(), find<QWidget>("firstR"));
+        controler->cancelPressed();
+    });
+    controler->showWindow();
+}
+
+TEST_F(DialogTest, NoFieldTakesADrop) {
+    for (const QLineEdit* field : desktop.widget("chromalogWindow")->findChildren<QLineEdit*>())
+        EXPECT_FALSE(field->acceptDrops()) << field->objectName().toStdString();
+}
+
+TEST_F(DialogTest, SearchFieldsHaveAClearButtonOfTheirOwn) {
+    for (const char* name : {"findColor1", "findColor2"}) {
+        const auto* field = find<QLineEdit>(name);
+        EXPECT_FALSE(field->isClearButtonEnabled()) << "it would look through the icon themes";
+        EXPECT_EQ(field->actions().size(), 1) << name;
+    }
+}
+
+/// Tells who is painted, and when.
+class Paints : public QObject {
+  public:
+    std::map<QObject*, int> times;
+
+  protected:
+    bool eventFilter(QObject* receiver, QEvent* event) override {
+        if (event->type() == QEvent::Paint && receiver->isWidgetType()) ++times[receiver];
+        return false;
+    }
+};
+
+/// What is painted at once comes on the screen by itself, beside what the others still show.
+TEST_F(DialogTest, AnEventOfTheStripIsOneFrame) {
+    QWidget* window = desktop.widget("chromalogWindow");
+    FileBuilder file;
+    file.header(1, 2).colour(0, 0x0B00, 0x2000, 0xA000).colour(0, 0, 0, 0); // one on the strip's way
+    const std::string path = folder / "one.aco";
+    std::ofstream(path, std::ios::binary)
+        .write(reinterpret_cast<const char*>(file.bytes.data()), std::streamsize(file.bytes.size()));
+    window->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+    qobject_cast<QAbstractButton*>(drive::controlSending("loadSwatch1:"))->click();
+    drive::answer(*desktop.panels().current(), QString::fromStdString(path));
+    QTest::qWait(0);
+
+    Paints paints;
+    qApp->installEventFilter(&paints);
+    auto* strip = find<ViewWidget>("lumiView");
+    auto* level = find<LevelIndicatorWidget>("baterieSwatch");
+    std::set<int> levels;
+    const auto send = [&](QEvent::Type type, int y) {
+        const QPointF at(strip->width() / 2.0, y);
+        QMouseEvent event(type, at, strip->mapToGlobal(at), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(strip, &event);
+        EXPECT_TRUE(paints.times.empty()) << "painted inside the event, at " << y;
+        paints.times.clear();
+        QTest::qWait(0);
+        for (const auto& [widget, times] : paints.times)
+            EXPECT_EQ(times, 1) << fromQt(widget->objectName()) << " at " << y;
+        levels.insert(static_cast<QProgressBar*>(level)->value());
+        paints.times.clear();
+    };
+    send(QEvent::MouseButtonPress, 1);
+    for (int y = 1; y < strip->height(); ++y)
+        send(QEvent::MouseMove, y);
+    EXPECT_GT(levels.size(), 10u);
+}
+
+TEST_F(DialogTest, EveryButtonTellsWhatItDoes) {
+    for (const QPushButton* button : desktop.widget("chromalogWindow")->findChildren<QPushButton*>())
+        EXPECT_FALSE(button->toolTip().isEmpty()) << button->objectName().toStdString();
+}
+
+} // namespace

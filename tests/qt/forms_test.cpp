@@ -1,0 +1,282 @@
+// Interface files: what they name, what is said about a wrong one.
+#include "qt/desktop_fixture.h"
+
+#include "qt/form_names.h"
+#include "support/outlet_names.h"
+
+#include <QAccessible>
+#include <QDir>
+#include <QLibraryInfo>
+#include <QPushButton>
+#include <QXmlStreamReader>
+
+#include <algorithm>
+#include <dlfcn.h>
+#include <set>
+#include <vector>
+
+using namespace chromalog;
+using namespace chromalog::test;
+using testing::Contains;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::UnorderedElementsAreArray;
+
+namespace {
+
+/// One named object of an interface file.
+struct FormName {
+    QString className;
+    QString name;   ///< the outlet
+    QString action; ///< the operation that it sends, or empty
+};
+
+/// Every widget and menu item of an interface file that is no decoration, in file order; read from the file's
+/// text, so that objects which cannot be made are listed too.
+std::vector<FormName> formNames(QIODevice& file) {
+    std::vector<FormName> all;
+    std::vector<std::size_t> open; // objects around the reader's place, as indices into `all`
+    bool inAction = false;
+    QXmlStreamReader xml(&file);
+    while (!xml.atEnd()) {
+        xml.readNext();
+        const bool object = xml.name() == u"widget" || xml.name() == u"action";
+        if (xml.isStartElement() && object) {
+            open.push_back(all.size());
+            all.push_back(
+                {xml.attributes().value("class").toString(), xml.attributes().value("name").toString(), {}});
+        } else if (xml.isEndElement() && object && !open.empty()) {
+            open.pop_back();
+        } else if (xml.isStartElement() && xml.name() == u"property") {
+            inAction = xml.attributes().value("name") == u"action";
+        } else if (xml.isStartElement() && xml.name() == u"string" && inAction && !open.empty()) {
+            all[open.back()].action = xml.readElementText();
+            inAction = false;
+        }
+    }
+    std::erase_if(all, [](const FormName& n) { return n.action.isEmpty() && isDecoration(n.name); });
+    return all;
+}
+
+/// The resources must be linked in before a form is read.
+class FormsTest : public DesktopTest {
+  protected:
+    QtDesktop desktop{settings()};
+
+    std::vector<std::string> log() const {
+        return {desktop.logRing().lines().begin(), desktop.logRing().lines().end()};
+    }
+};
+
+std::set<std::string> namesIn(const char* form) {
+    QFile file(QString(":/chromalog/%1.ui").arg(form));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << form;
+    std::set<std::string> names;
+    for (const FormName& n : formNames(file))
+        names.insert(n.name.toStdString());
+    return names;
+}
+
+std::set<std::string> actionsIn(const char* form) {
+    QFile file(QString(":/chromalog/%1.ui").arg(form));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << form;
+    std::set<std::string> actions;
+    for (const FormName& n : formNames(file))
+        if (!n.action.isEmpty()) actions.insert(n.action.toStdString());
+    return actions;
+}
+
+TEST_F(FormsTest, TheDialogHoldsEveryOutlet) {
+    const std::set<std::string> names = namesIn("chromalogWindow");
+    for (const char* outlet : kDialogOutlets)
+        EXPECT_THAT(names, Contains(outlet));
+}
+
+TEST_F(FormsTest, EveryActionHasItsControl) {
+    EXPECT_THAT(actionsIn("chromalogWindow"), UnorderedElementsAreArray({"okPressed:",
+                                                                         "cancelPressed:",
+                                                                         "toggleSecondColor:",
+                                                                         "complementOn:",
+                                                                         "harmoniquesOn:",
+                                                                         "triComplementOn:",
+                                                                         "quadriOn:",
+                                                                         "changeTone:",
+                                                                         "switchAbs:",
+                                                                         "switchTone:",
+                                                                         "loadSwatch1:",
+                                                                         "loadSwatch2:",
+                                                                         "appendSwatch1:",
+                                                                         "appendSwatch2:",
+                                                                         "killSwatch1:",
+                                                                         "killSwatch2:",
+                                                                         "sortAlpha1:",
+                                                                         "sortAlpha2:",
+                                                                         "sortHue1:",
+                                                                         "sortHue2:",
+                                                                         "saveSwatch1:",
+                                                                         "saveSwatch2:",
+                                                                         "loadASE:",
+                                                                         "editSwatch:",
+                                                                         "writeToSwatch:",
+                                                                         "deleteSwatch1:",
+                                                                         "deleteSwatch2:",
+                                                                         "jumpFirst:",
+                                                                         "jumpSecond:",
+                                                                         "doUndo:",
+                                                                         "doRedo:",
+                                                                         "showProtocolWindow",
+                                                                         "setupPrintPage:",
+                                                                         "bringBackLists:",
+                                                                         "printFirstSwatch:",
+                                                                         "printSecondSwatch:",
+                                                                         "printToneOrDegrade:"}));
+    EXPECT_THAT(actionsIn("ProtocolPanel"),
+                UnorderedElementsAreArray({"undoAction:", "redoAction:", "dumpUndo"}));
+    EXPECT_THAT(actionsIn("SwatchPrintOptions"),
+                UnorderedElementsAreArray({"chooseSize:", "putName:", "putRGB:", "putCMYK:", "ok:"}));
+    EXPECT_THAT(actionsIn("EarlierLists"),
+                UnorderedElementsAreArray({"bringBackList1:", "bringBackList2:", "closeEarlierLists:"}));
+}
+
+TEST_F(FormsTest, ThePanelsHoldTheirOutlets) {
+    for (const char* outlet : {"protocolWindow", "undoView", "redoView", "nubersUndo"})
+        EXPECT_THAT(namesIn("ProtocolPanel"), Contains(outlet));
+    for (const char* outlet : {"printOptionWindow", "buttonMatrix", "RGBCheck", "CMYKCheck", "NameCheck"})
+        EXPECT_THAT(namesIn("SwatchPrintOptions"), Contains(outlet));
+    for (const char* outlet :
+         {"earlierListsWindow", "earlierLists", "earlierListsNote", "bringBackList1", "bringBackList2"})
+        EXPECT_THAT(namesIn("EarlierLists"), Contains(outlet));
+}
+
+TEST_F(FormsTest, TheCompiledFormsLoadWithoutARemark) {
+    for (const char* name : {"chromalogWindow", "ProtocolPanel", "SwatchPrintOptions", "EarlierLists"}) {
+        FormOwner owner;
+        QFile file(QString(":/chromalog/%1.ui").arg(name));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        std::vector<std::string> actions;
+        for (const FormName& n : formNames(file))
+            actions.push_back(n.action.toStdString());
+        for (const std::string& action : actions)
+            owner.actions.push_back({action, [] {}});
+        EXPECT_NE(desktop.loadForm(name, owner), nullptr);
+        for (const std::string& line : log())
+            EXPECT_THAT(line, HasSubstr("no outlet")); // the owner has none
+    }
+}
+
+TEST_F(FormsTest, NoPlugInOfTheDesignerIsLoaded) {
+    const QString designer = QString::fromStdString(folder / "designer");
+    ASSERT_TRUE(QDir().mkdir(designer));
+    const QDir platforms(QLibraryInfo::path(QLibraryInfo::PluginsPath) + "/platforms");
+    const QString plugIn = designer + "/plugin.so"; // any of the toolkit's will do
+    ASSERT_TRUE(QFile::copy(platforms.filePath(platforms.entryList({"*qminimal.*"}).value(0)), plugIn));
+    QCoreApplication::addLibraryPath(QString::fromStdString(folder.path()));
+    const QStringList before = QCoreApplication::libraryPaths();
+    EXPECT_NE(desktop.loadForm("chromalogWindow", {}), nullptr);
+    EXPECT_EQ(dlopen(plugIn.toStdString().c_str(), RTLD_LAZY | RTLD_NOLOAD), nullptr);
+    EXPECT_EQ(QCoreApplication::libraryPaths(), before);
+}
+
+TEST_F(FormsTest, AFolderOverridesTheCompiledFormsFileByFile) {
+    writeDialog("ProtocolPanel", "<widget class=\"QPushButton\" name=\"undoView\"/>");
+    const auto panel = desktop.loadForm("ProtocolPanel", {});
+    ASSERT_NE(panel, nullptr);
+    EXPECT_NE(qobject_cast<QPushButton*>(desktop.widget("undoView")), nullptr);
+    const auto options = desktop.loadForm("SwatchPrintOptions", {});
+    ASSERT_NE(options, nullptr);
+    EXPECT_NE(desktop.widget("buttonMatrix"), nullptr);
+}
+
+TEST_F(FormsTest, AMissingOrBrokenFormIsNoForm) {
+    EXPECT_EQ(desktop.loadForm("nowhere", {}), nullptr);
+    for (const char* text :
+         {"", "<ui", "not a form", "<ui version=\"4.0\"><widget class=\"Unknown\" name=\"w\"/></ui>",
+          "<ui version=\"4.0\"><widget class=\"QWidget\" name=\"w\"/></ui>"}) {
+        writeForm("broken", text);
+        const std::size_t before = log().size();
+        EXPECT_EQ(desktop.loadForm("broken", {}), nullptr) << text;
+        EXPECT_GT(log().size(), before) << text;
+    }
+}
+
+TEST_F(FormsTest, WhatDoesNotFitIsNamed) {
+    writeDialog("odd", "<widget class=\"QPushButton\" name=\"doIt\"><property name=\"action\" stdset=\"0\">"
+                       "<string>doIt:</string></property></widget><widget class=\"QLabel\" name=\"twice\"/>"
+                       "<widget class=\"QLabel\" name=\"twice\"/><widget class=\"Missing\" name=\"lost\"/>"
+                       "<widget class=\"QLabel\" name=\"captionTitle\"/>");
+    Outlet<TextField> wanted;
+    FormOwner owner;
+    owner.outlets = {{"wanted", &wanted}};
+    ASSERT_NE(desktop.loadForm("odd", owner), nullptr);
+    EXPECT_THAT(log(), UnorderedElementsAreArray(
+                           {"odd: no class Missing for lost", "odd: the name twice stands twice",
+                            "odd: outlet wanted is not connected",
+                            "odd: no action doIt:", "odd: no outlet twice", "odd: no outlet twice"}));
+    EXPECT_FALSE(wanted.connected());
+}
+
+TEST_F(FormsTest, AnOutletOfTheWrongKindIsNotConnected) {
+    writeDialog("odd", "<widget class=\"QLabel\" name=\"level\"/>");
+    Outlet<Slider> slider;
+    FormOwner owner;
+    owner.outlets = {{"level", &slider}};
+    const auto form = desktop.loadForm("odd", owner);
+    EXPECT_FALSE(slider.connected());
+    slider->setValue(4); // does nothing
+    EXPECT_EQ(slider->value(), 0);
+}
+
+TEST_F(FormsTest, ATakenDownFormLeavesNothingConnected) {
+    SpyView view;
+    Outlet<Button> button;
+    FormOwner owner;
+    writeDialog(
+        "two", "<widget class=\"ViewWidget\" name=\"view\"/><widget class=\"QPushButton\" name=\"button\"/>");
+    owner.outlets = {{"view", &view}, {"button", &button}};
+    auto form = desktop.loadForm("two", owner);
+    EXPECT_TRUE(view.connected());
+    EXPECT_TRUE(button.connected());
+    form.reset();
+    EXPECT_FALSE(view.connected());
+    EXPECT_FALSE(button.connected());
+    EXPECT_EQ(desktop.widget("button"), nullptr);
+}
+
+TEST_F(FormsTest, AMenuItemSendsItsAction) {
+    int sent = 0;
+    FormOwner owner;
+    owner.actions = {{"deleteSwatch2:", [&] { ++sent; }}};
+    const auto form = desktop.loadForm("chromalogWindow", owner);
+    auto* menu = qobject_cast<QMenu*>(desktop.widget("swatchContextMenu2"));
+    ASSERT_NE(menu, nullptr);
+    ASSERT_EQ(menu->actions().size(), 1);
+    menu->actions().front()->trigger();
+    EXPECT_EQ(sent, 1);
+}
+
+TEST_F(FormsTest, OnlyOkIsPressedByReturn) {
+    const auto form = desktop.loadForm("chromalogWindow", {});
+    for (const QPushButton* button : desktop.widget("chromalogWindow")->findChildren<QPushButton*>())
+        EXPECT_EQ(button->autoDefault(), button->objectName() == "okButton")
+            << button->objectName().toStdString();
+}
+
+TEST_F(FormsTest, TheDialogFitsASmallScreen) {
+    const auto form = desktop.loadForm("chromalogWindow", {});
+    const QSize least = desktop.widget("chromalogWindow")->minimumSizeHint();
+    EXPECT_LE(least.width(), 1280);
+    EXPECT_LE(least.height(), 760); // 800 less a title bar
+}
+
+TEST_F(FormsTest, EveryControlThatTakesTheKeyboardHasANameForAssistiveTechnology) {
+    const auto form = desktop.loadForm("chromalogWindow", {});
+    for (QWidget* widget : desktop.widget("chromalogWindow")->findChildren<QWidget*>()) {
+        if (widget->focusPolicy() == Qt::NoFocus || isDecoration(widget->objectName())) continue;
+        if (qobject_cast<ViewWidget*>(widget)) continue; // named by its view
+        const auto* accessible = QAccessible::queryAccessibleInterface(widget);
+        ASSERT_NE(accessible, nullptr);
+        EXPECT_FALSE(accessible->text(QAccessible::Name).isEmpty()) << widget->objectName().toStdString();
+    }
+}
+
+} // namespace

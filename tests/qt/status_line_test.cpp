@@ -1,0 +1,115 @@
+// The quiet line at the foot of the dialog.
+#include "qt/desktop_fixture.h"
+
+#include "abi/picker_record.h"
+#include "dialog/chromalog_controler.h"
+#include "qt/controls/simple_controls.h"
+#include "qt/controls/status_label.h"
+
+#include <QAccessible>
+#include <QListWidget>
+
+#include <map>
+#include <memory>
+
+using namespace chromalog;
+using namespace chromalog::test;
+using About = StatusLine::About;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+TEST(StatusLineTest, WhatWasSaidLastStandsUntilItIsTakenBack) {
+    StatusLine status;
+    std::vector<std::string> shown;
+    status.onChange = [&] { shown.push_back(status.text()); };
+    status.say(About::storing, "not stored");
+    status.say(About::files, "not read");
+    status.say(About::files, "not read");
+    status.say(About::printing, "not printed");
+    status.takeBack(About::files);
+    status.takeBack(About::files);
+    status.takeBack(About::printing);
+    status.say(About::storing, "stored nowhere");
+    status.takeBack(About::storing);
+    EXPECT_THAT(shown,
+                ElementsAre("not stored", "not read", "not printed", "not stored", "stored nowhere", ""));
+}
+
+TEST(StatusLineTest, FilesThatWereNotWrittenAreToldOnce) {
+    StatusLine status;
+    status.sayNotWritten(About::files, "/some/where/a.aco", "no room");
+    status.sayNotWritten(About::printing, "b.pdf", "no room");
+    EXPECT_EQ(status.text(), "b.pdf was not written: no room");
+    EXPECT_THAT(status.takeNotWritten(), ElementsAre("/some/where/a.aco: no room", "b.pdf: no room"));
+    EXPECT_THAT(status.takeNotWritten(), IsEmpty());
+}
+
+class StatusInDialog : public DesktopTest {
+  protected:
+    std::unique_ptr<GlobalRecord> record = std::make_unique<GlobalRecord>();
+    PickerRecord picker{};
+    QtDesktop desktop{settings()};
+    std::unique_ptr<ChromalogControler> controler;
+
+    void SetUp() override {
+        record->pickerRecord = &picker;
+        controler = std::make_unique<ChromalogControler>(*record, desktop);
+    }
+    /// Where every widget of the dialog stands.
+    std::map<const QWidget*, QRect> places() {
+        QWidget* dialog = desktop.widget("chromalogWindow");
+        dialog->grab(QRect(0, 0, 1, 1)); // lays everything out
+        std::map<const QWidget*, QRect> all;
+        for (const QWidget* widget : dialog->findChildren<QWidget*>())
+            all[widget] = widget->geometry();
+        all[dialog] = QRect(QPoint(), dialog->minimumSizeHint());
+        return all;
+    }
+    StatusLabel* label() { return qobject_cast<StatusLabel*>(desktop.widget("statusLine")); }
+};
+
+TEST_F(StatusInDialog, AnyTextIsShownAsItStandsAndMovesNothing) {
+    ASSERT_NE(label(), nullptr);
+    const auto before = places();
+    const std::string text = "<img src='file:///dev/zero'> " + std::string(3000, 'x');
+    desktop.statusLine().say(About::files, text);
+    EXPECT_EQ(label()->text().toStdString(), text);
+    EXPECT_EQ(label()->textFormat(), Qt::PlainText);
+    EXPECT_EQ(places(), before);
+    EXPECT_GT(label()->width(), 200) << "room for a few words";
+    EXPECT_EQ(label()->focusPolicy(), Qt::NoFocus);
+}
+
+TEST_F(StatusInDialog, AssistiveTechnologyIsToldOfANotificationOfThatName) {
+    desktop.statusLine().say(About::files, "something was kept");
+    const auto* told = QAccessible::queryAccessibleInterface(label());
+    ASSERT_NE(told, nullptr);
+    EXPECT_EQ(told->role(), QAccessible::Notification);
+    EXPECT_EQ(told->text(QAccessible::Name), "something was kept");
+}
+
+TEST_F(StatusInDialog, AfterTheDialogNobodyIsTold) {
+    controler.reset();
+    desktop.statusLine().say(About::files, "too late");
+    EXPECT_EQ(desktop.statusLine().text(), "too late");
+}
+
+class RowListTest : public DesktopTest {};
+
+TEST_F(RowListTest, RowsArePlainTextAndTheFirstIsSelected) {
+    QListWidget widget;
+    RowListControl list(&widget);
+    EXPECT_EQ(list.selectedRow(), -1);
+    list.setRows({"<b>one</b>", "two"});
+    EXPECT_EQ(widget.item(0)->text(), "<b>one</b>");
+    EXPECT_EQ(list.selectedRow(), 0);
+    widget.setCurrentRow(1);
+    EXPECT_EQ(list.selectedRow(), 1);
+    list.setRows({});
+    EXPECT_EQ(widget.count(), 0);
+    EXPECT_EQ(list.selectedRow(), -1);
+}
+
+} // namespace
