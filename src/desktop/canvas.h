@@ -38,7 +38,7 @@ struct Font {
     enum class Face {
         label,
         message
-    } face = Face::label; ///< label: Arial or its metric twin; message: the system's
+    } face = Face::label; ///< label: Arial or its metric equal; message: the system's
     double size = 12;
     friend bool operator==(const Font&, const Font&) = default;
 };

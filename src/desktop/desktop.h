@@ -25,7 +25,7 @@ class Timer {
 };
 
 /// The platform, asked for everything that a room cannot do alone. One implementation shows a real dialog,
-/// its twin serves the tests. Main thread only. Everything that waits (timers, panels) ends with the pick.
+/// a fake serves the tests. Main thread only. Everything that waits (timers, panels) ends with the pick.
 class Desktop {
   public:
     virtual ~Desktop() = default;

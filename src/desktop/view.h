@@ -41,7 +41,7 @@ struct AccessibleRow {
     bool selected = false;
 };
 
-/// What shows a view: the toolkit's widget, or the tests' twin. Null while a view is not connected.
+/// What shows a view: the toolkit's widget, or the tests' fake. Null while a view is not connected.
 class ViewHost {
   public:
     virtual ~ViewHost() = default;
