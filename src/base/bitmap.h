@@ -8,6 +8,8 @@
 
 namespace chromalog {
 
+inline constexpr int kLongestSide = 32767; ///< pixels: further out the toolkit's painter does not paint
+
 /// A picture, row 0 at the top, one 32-bit word a pixel: alpha, red, green, blue from the highest byte down,
 /// straight (not premultiplied). The order is the one that screens of little-endian machines want.
 struct Bitmap {

@@ -4,8 +4,6 @@
 #include "drive/locate.h"
 #include "drive/pictures.h"
 #include "drive/player.h"
-#include "qt/log_ring.h"
-#include "qt/qt_desktop.h"
 
 #include <fstream>
 #include <iterator>
@@ -30,38 +28,38 @@ Options optionsOf(const StandaloneSuite& suite) {
 }
 
 /// The script of this host run, and how far its picks have played it.
-std::optional<Playback> playback;
+struct KeptPlayback : Driven, Playback {};
 
 /// Reads the script for the first pick; an error message where it cannot be read.
-std::string openScript(const std::string& file) {
-    if (playback && playback->file == file) return {};
-    playback.emplace().file = file;
+std::string openScript(KeptPlayback& playback, const std::string& file) {
+    if (playback.file == file) return {};
+    static_cast<Playback&>(playback) = {};
+    playback.file = file;
     std::ifstream in(file, std::ios::binary);
     const std::string text(std::istreambuf_iterator<char>(in), {});
     if (!in.is_open() || in.bad()) return file + ": cannot be read";
     auto read = readScript(text);
     if (const auto* error = std::get_if<ScriptError>(&read))
         return file + ':' + std::to_string(error->line) + ": " + error->message;
-    playback->script = std::move(std::get<Script>(read));
+    playback.script = std::move(std::get<Script>(read));
     return {};
 }
 
 class Attachment : public Driven {
   public:
-    Attachment(QtDesktop& desktop, ChromalogControler& controler, const StandaloneSuite& suite,
-               const Options& options)
-        : desktop_(desktop), suite_(suite), options_(options) {
+    Attachment(DrivenDialog& dialog, const StandaloneSuite& suite, const Options& options,
+               KeptPlayback& playback)
+        : dialog_(dialog), suite_(suite), options_(options), settle_([&dialog] { dialog.mishap(); }) {
         if (options.drive) {
-            if (const std::string wrong = openScript(options.drive); !wrong.empty()) fail(wrong);
-            player_.emplace(desktop, controler, &suite, *playback,
-                            [this](const std::string& why) { fail(why); });
+            if (const std::string wrong = openScript(playback, options.drive); !wrong.empty()) fail(wrong);
+            player_.emplace(dialog, &suite, playback, [this](const std::string& why) { fail(why); });
         }
         settle_.wait(Settle::Keyboard::asItIs, [this] { dialogPainted(); });
     }
 
   private:
     void fail(const std::string& message) {
-        sayOnStandardError(message);
+        dialog_.say(message);
         suite_.endWith(2);
     }
 
@@ -72,7 +70,7 @@ class Attachment : public Driven {
         QWidget* control = controlSending(options_.finish);
         if (control) return click(middleOf(*control));
         fail(std::string("no visible control sends ") + options_.finish);
-        desktop_.modalLoops().stopAll(0);
+        dialog_.stopAllLoops();
     }
 
     bool takeScreenshot() {
@@ -85,7 +83,7 @@ class Attachment : public Driven {
         }
     }
 
-    QtDesktop& desktop_;
+    DrivenDialog& dialog_;
     const StandaloneSuite& suite_;
     Options options_;
     Settle settle_;
@@ -94,12 +92,12 @@ class Attachment : public Driven {
 
 } // namespace
 
-std::unique_ptr<Driven> attachDrive(QtDesktop& desktop, ChromalogControler& controler,
-                                    const StandaloneSuite* suite) {
-    if (!suite) return nullptr;
-    const Options options = optionsOf(*suite);
+std::unique_ptr<Driven> attachDrive(DrivenDialog& dialog, const StandaloneSuite& suite,
+                                    std::unique_ptr<Driven>& kept) {
+    const Options options = optionsOf(suite);
     if (!options.drive && !options.screenshot && !options.finish) return nullptr;
-    return std::make_unique<Attachment>(desktop, controler, *suite, options);
+    if (!kept) kept = std::make_unique<KeptPlayback>();
+    return std::make_unique<Attachment>(dialog, suite, options, static_cast<KeptPlayback&>(*kept));
 }
 
 } // namespace chromalog

@@ -1,13 +1,10 @@
 // Commands of the pointer: clicks, drags, menus.
 #include "drive/commands.h"
 
-#include "dialog/chromalog_controler.h"
 #include "drive/command_error.h"
 #include "drive/hand_over.h"
 #include "drive/locate.h"
-#include "qt/convert.h"
-#include "qt/qt_desktop.h"
-#include "swatches/swatch_list_geometry.h"
+#include "qt/driven_dialog.h"
 
 #include <QAction>
 #include <QApplication>
@@ -93,10 +90,10 @@ bool Commands::leavesMenuOpen(const Command& c) const {
 }
 
 void Commands::clickHeld(const Spot& spot, bool alt) {
-    const auto before = desktop_.keyboard;
-    if (alt) desktop_.keyboard = [] { return Qt::KeyboardModifiers(Qt::AltModifier); };
+    const auto before = dialog_.keyboard();
+    if (alt) dialog_.keyboard() = [] { return Qt::KeyboardModifiers(Qt::AltModifier); };
     click(spot, alt ? Qt::AltModifier : Qt::NoModifier);
-    desktop_.keyboard = before;
+    dialog_.keyboard() = before;
 }
 
 void Commands::clickAt(const Command& c) {
@@ -158,10 +155,7 @@ void Commands::menu(const Command& c) {
 /// A right click on the selected row opens the menu without selecting another one. The item is chosen from
 /// the menu's own loop, before the click returns.
 void Commands::openContextMenu(QWidget& outlet, const QString& operation) {
-    const SwatchPanels& panels = controler_.panels();
-    const SwatchPanel& panel = outlet.objectName() == "swatch2" ? panels.two : panels.one;
-    const Rect bounds{0, 0, double(outlet.width()), double(outlet.height())};
-    const Rect row = swatch_geometry::selectionRectForRow(bounds, panel.view.getSelected());
+    const Rect row = dialog_.selectedRow(outlet);
     const double y = std::clamp(row.y + row.h / 2, 0.0, outlet.height() - 1.0);
     waitingFor_ = operation;
     rightClick(spotOf(outlet, {outlet.width() / 2.0, y}));
@@ -180,7 +174,7 @@ void Commands::drag(const Command& c) {
     const Spot from = spotAt(c, 0);
     QWidget& target = reachableOutlet(c.text(3));
     const auto to = [&target, at = c.point(4)] { return spotOf(target, at); };
-    HandOver handOver(desktop_.drags(), to);
+    HandOver handOver(dialog_.dragLoop(), to);
     drive::press(from, Qt::LeftButton, Qt::NoModifier);
     const QPointF beyond = from.at + QPointF(QApplication::startDragDistance(), 0);
     moveTo({from.widget, beyond}, Qt::LeftButton, Qt::NoModifier);
@@ -200,7 +194,7 @@ void Commands::sweep(const Command& c) {
         const Point p{from.x + (to.x - from.x) * step / steps, from.y + (to.y - from.y) * step / steps};
         return Spot{start.widget, start.widget->mapFrom(&outlet, widgetPoint(outlet, p))};
     };
-    HandOver handOver(desktop_.drags(), [&] { return spotOf(outlet, to); });
+    HandOver handOver(dialog_.dragLoop(), [&] { return spotOf(outlet, to); });
     drive::press(start, Qt::LeftButton, Qt::NoModifier);
     for (double step = 1; step <= steps && !handOver.happened() && start.widget; ++step)
         moveTo(at(step), Qt::LeftButton, Qt::NoModifier);

@@ -12,9 +12,8 @@
 class QMenu;
 
 namespace chromalog {
-class ChromalogControler;
-class QtDesktop;
-} // namespace chromalog
+class DrivenDialog;
+}
 
 namespace chromalog::drive {
 
@@ -23,8 +22,8 @@ namespace chromalog::drive {
 /// script itself (waiting, answers) is the player's.
 class Commands {
   public:
-    Commands(QtDesktop& desktop, ChromalogControler& controler, const StandaloneSuite* standalone)
-        : desktop_(desktop), controler_(controler), standalone_(standalone) {}
+    Commands(DrivenDialog& dialog, const StandaloneSuite* standalone)
+        : dialog_(dialog), standalone_(standalone) {}
 
     void perform(const Command&);
     /// Whether the menu that is open, if any, can stay so for the command.
@@ -60,8 +59,7 @@ class Commands {
     void openContextMenu(QWidget& outlet, const QString& operation);
     Colour rgbOf(const WrittenColour&) const;
 
-    QtDesktop& desktop_;
-    ChromalogControler& controler_;
+    DrivenDialog& dialog_;
     const StandaloneSuite* standalone_; ///< null in other hosts
     long performed_ = 0;                ///< commands begun, those in nested loops included
     std::optional<QString> waitingFor_; ///< the operation of a menu item, until its menu is open

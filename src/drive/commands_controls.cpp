@@ -1,15 +1,11 @@
 // Commands of the keyboard, controls that are set to a value, drops from outside, and the paper.
-#include "abi/picker_record.h"
-#include "dialog/chromalog_controler.h"
 #include "drive/command_error.h"
 #include "drive/commands.h"
 #include "drive/hand_over.h"
 #include "drive/keyboard.h"
 #include "drive/locate.h"
 #include "drive/paper.h"
-#include "qt/controls/stepper_widget.h"
-#include "qt/convert.h"
-#include "qt/qt_desktop.h"
+#include "qt/driven_dialog.h"
 
 #include <QApplication>
 #include <QListWidget>
@@ -57,10 +53,11 @@ void setSlider(QSlider& slider, double value) {
 }
 
 /// By its arrows, the shorter way without wrapping.
-void setStepper(StepperWidget& stepper, double value) {
-    const double most = (stepper.maximum() - stepper.minimum()) / stepper.increment() + 1;
-    for (double steps = 0; stepper.value() != value; ++steps) {
-        const char* arrow = value > stepper.value() ? "qt_stepForwards" : "qt_stepBackwards";
+void setStepper(QWidget& stepper, double value) {
+    const auto number = [&stepper](const char* name) { return stepper.property(name).toDouble(); };
+    const double most = (number("maximum") - number("minimum")) / number("increment") + 1;
+    for (double steps = 0; number("value") != value; ++steps) {
+        const char* arrow = value > number("value") ? "qt_stepForwards" : "qt_stepBackwards";
         auto* button = stepper.findChild<QToolButton*>(arrow);
         if (!button || !stepper.isEnabled() || !(steps < most)) throw cannotBe(stepper, value);
         click(middleOf(*button));
@@ -94,7 +91,7 @@ void Commands::set(const Command& c) {
     QWidget& outlet = reachableOutlet(c.text(0));
     const double value = c.number(1);
     if (auto* slider = qobject_cast<QSlider*>(&outlet)) return setSlider(*slider, value);
-    if (auto* stepper = qobject_cast<StepperWidget*>(&outlet)) return setStepper(*stepper, value);
+    if (outlet.inherits(kStepperClass)) return setStepper(outlet, value);
     if (auto* button = qobject_cast<QAbstractButton*>(&outlet)) return setButton(*button, value);
     if (auto* list = qobject_cast<QListWidget*>(&outlet)) return setRow(*list, value);
     setMatrix(outlet, value);
@@ -121,10 +118,10 @@ void Commands::key(const Command& c) {
     QWidget* window = c.has(1) ? &focusOn(reachableOutlet(c.text(1))) : QApplication::activeWindow();
     if (!window) window = QApplication::activeModalWidget();
     if (!window) throw CommandError{"no window takes keys"};
-    const auto before = desktop_.keyboard;
-    if (stroke->modifiers) desktop_.keyboard = [held = stroke->modifiers] { return held; };
+    const auto before = dialog_.keyboard();
+    if (stroke->modifiers) dialog_.keyboard() = [held = stroke->modifiers] { return held; };
     strike(*window, *stroke);
-    desktop_.keyboard = before;
+    dialog_.keyboard() = before;
 }
 
 /// Colours in other spaces than RGB go through the host, as the colour that a pick is offered.
@@ -135,7 +132,7 @@ Colour Commands::rgbOf(const WrittenColour& written) const {
     std::int16_t eight[4];
     for (int i = 0; i < 4; ++i)
         eight[i] = static_cast<std::int16_t>(c[i] >> 8);
-    HostCSConvertColor(controler_.record().pickerRecord->colorServices, written.space, 0, eight);
+    dialog_.hostToRgb(written.space, eight);
     return Colour::rgb(eight[0] / 255.0, eight[1] / 255.0, eight[2] / 255.0, alpha);
 }
 
@@ -148,7 +145,7 @@ void Commands::drop(const Command& c) {
 }
 
 void Commands::paper(const Command& c) {
-    desktop_.sharedPrintInfo() = *readPaper(c.words);
+    dialog_.sharedPrintInfo() = *readPaper(c.words);
 }
 
 } // namespace chromalog::drive

@@ -11,11 +11,11 @@ void Commands::shot(const Command& c) {
 }
 
 void Commands::picture(const Command& c) {
-    writePicture(ownPicture(reachableOutlet(c.text(0))), c.text(1));
+    writePicture(ownPicture(dialog_, reachableOutlet(c.text(0))), c.text(1));
 }
 
 void Commands::state(const Command& c) {
-    writeState(dialogState(desktop_, controler_, standalone_), c.text(0));
+    writeState(dialogState(dialog_, standalone_), c.text(0));
 }
 
 } // namespace chromalog::drive

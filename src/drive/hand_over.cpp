@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDrag>
 #include <QDragEnterEvent>
+#include <QMimeData>
 
 #include <utility>
 
@@ -28,9 +29,9 @@ Qt::DropAction offer(const QMimeData& data, const Spot& target) {
     return drop.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
 }
 
-HandOver::HandOver(Drags& drags, std::function<Spot()> target)
-    : drags_(drags), target_(std::move(target)), before_(std::move(drags.run)) {
-    drags_.run = [this](QDrag& drag) {
+HandOver::HandOver(std::function<Qt::DropAction(QDrag&)>& loop, std::function<Spot()> target)
+    : loop_(loop), target_(std::move(target)), before_(std::move(loop)) {
+    loop_ = [this](QDrag& drag) {
         happened_ = true;
         drag.deleteLater(); // a drag that ran its own loop would do so itself
         return offer(*drag.mimeData(), target_());
@@ -38,7 +39,7 @@ HandOver::HandOver(Drags& drags, std::function<Spot()> target)
 }
 
 HandOver::~HandOver() {
-    drags_.run = std::move(before_);
+    loop_ = std::move(before_);
 }
 
 } // namespace chromalog::drive

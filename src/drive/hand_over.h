@@ -1,10 +1,10 @@
 #pragma once
 
 #include "drive/pointer.h"
-#include "qt/drags.h"
 
 #include <functional>
 
+class QDrag;
 class QMimeData;
 
 namespace chromalog::drive {
@@ -18,7 +18,7 @@ Qt::DropAction offer(const QMimeData&, const Spot& target);
 class HandOver {
   public:
     /// The target is asked for when a drag has begun: it may have to be scrolled into view.
-    HandOver(Drags&, std::function<Spot()> target);
+    HandOver(std::function<Qt::DropAction(QDrag&)>& loop, std::function<Spot()> target);
     ~HandOver();
     HandOver(const HandOver&) = delete;
     HandOver& operator=(const HandOver&) = delete;
@@ -26,7 +26,7 @@ class HandOver {
     bool happened() const { return happened_; }
 
   private:
-    Drags& drags_;
+    std::function<Qt::DropAction(QDrag&)>& loop_; ///< that runs drags
     std::function<Spot()> target_;
     std::function<Qt::DropAction(QDrag&)> before_;
     bool happened_ = false;

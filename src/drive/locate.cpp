@@ -1,10 +1,11 @@
 #include "drive/locate.h"
 
 #include "drive/command_error.h"
-#include "qt/controls/window_control.h"
+#include "qt/driven_dialog.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QDialog>
 #include <QMenu>
 
 #include <algorithm>
@@ -39,17 +40,17 @@ bool isBlocked(const QWidget& widget) {
     return modal && !isBelow(widget, modal);
 }
 
-QList<DialogWindow*> forms() {
-    QList<DialogWindow*> found;
+QList<QDialog*> forms() {
+    QList<QDialog*> found;
     for (QWidget* window : QApplication::topLevelWidgets())
-        if (auto* form = qobject_cast<DialogWindow*>(window)) found.append(form);
-    const auto rank = [](const DialogWindow* form) { return form->isVisible() ? isBlocked(*form) : 2; };
+        if (window->inherits(kDialogClass)) found.append(qobject_cast<QDialog*>(window));
+    const auto rank = [](const QDialog* form) { return form->isVisible() ? isBlocked(*form) : 2; };
     std::stable_sort(found.begin(), found.end(), [&](auto* a, auto* b) { return rank(a) < rank(b); });
     return found;
 }
 
 QWidget* findOutlet(const QString& name) {
-    for (DialogWindow* form : forms()) {
+    for (QDialog* form : forms()) {
         if (isOutlet(*form, name)) return form;
         for (QWidget* widget : form->findChildren<QWidget*>())
             if (widget->window() == form && isOutlet(*widget, name)) return widget;
@@ -66,14 +67,14 @@ QWidget& reachableOutlet(const std::string& name) {
 }
 
 QWidget* controlSending(const QString& operation) {
-    for (DialogWindow* form : forms())
+    for (QDialog* form : forms())
         for (QWidget* widget : form->findChildren<QWidget*>())
             if (widget->window() == form && sends(*widget, operation) && isReachable(*widget)) return widget;
     return nullptr;
 }
 
 MenuItem itemSending(const QString& operation) {
-    for (DialogWindow* form : forms())
+    for (QDialog* form : forms())
         for (QMenu* menu : form->findChildren<QMenu*>())
             for (QAction* action : menu->actions())
                 if (sends(*action, operation)) return {menu, action};

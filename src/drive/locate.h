@@ -5,16 +5,13 @@
 #include <QWidget>
 
 class QAction;
+class QDialog;
 class QMenu;
-
-namespace chromalog {
-class DialogWindow;
-}
 
 namespace chromalog::drive {
 
 /// Every loaded form's window, the one that has the input first, then those on the screen.
-QList<DialogWindow*> forms();
+QList<QDialog*> forms();
 
 /// The outlet of that name in any form; null where there is none. A leading underscore of the name is not its
 /// own.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desktop/printing.h"
+#include "base/print_info.h"
 
 #include <optional>
 #include <span>

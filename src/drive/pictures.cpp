@@ -2,16 +2,14 @@
 
 #include "drive/command_error.h"
 #include "files/file_io.h"
-#include "qt/convert.h"
-#include "qt/qt_desktop.h"
-#include "qt/raster_canvas.h"
-#include "qt/view_widget.h"
+#include "qt/driven_dialog.h"
 
 #include <QApplication>
 #include <QBuffer>
 #include <QImageWriter>
 #include <QPainter>
 #include <QPixmap>
+#include <QWidget>
 
 #include <algorithm>
 #include <cerrno>
@@ -44,7 +42,7 @@ QImage imageOf(const Bitmap& bitmap) {
     return image;
 }
 
-std::string sizeText(const Rect& r) {
+std::string sizeText(Size r) {
     return fromQt(QString::number(r.w) + " x " + QString::number(r.h));
 }
 
@@ -66,15 +64,13 @@ QImage screenPicture() {
     return picture;
 }
 
-QImage ownPicture(QWidget& outlet) {
-    auto* view = qobject_cast<ViewWidget*>(&outlet);
-    const bool isView = view && view->view() && view->desktop();
-    const Rect bounds =
-        isView ? view->view()->bounds() : Rect{0, 0, double(outlet.width()), double(outlet.height())};
-    if (bounds.w > kLongestSide || bounds.h > kLongestSide)
-        throw CommandError{fromQt(outlet.objectName()) + " is too large for a picture: " + sizeText(bounds) +
+QImage ownPicture(DrivenDialog& dialog, QWidget& outlet) {
+    const std::optional<Size> view = dialog.viewSize(outlet);
+    const Size size = view.value_or(Size{double(outlet.width()), double(outlet.height())});
+    if (size.w > kLongestSide || size.h > kLongestSide)
+        throw CommandError{fromQt(outlet.objectName()) + " is too large for a picture: " + sizeText(size) +
                            ", at most " + std::to_string(kLongestSide) + " a side"};
-    if (isView) return imageOf(view->desktop()->capture(*view->view()));
+    if (view) return imageOf(dialog.viewPicture(outlet));
     QImage picture(outlet.size(), QImage::Format_RGB32);
     outlet.render(&picture);
     return picture;

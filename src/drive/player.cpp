@@ -4,13 +4,11 @@
 #include "drive/locate.h"
 #include "drive/pointer.h"
 #include "drive/prompts.h"
-#include "qt/controls/window_control.h"
-#include "qt/convert.h"
-#include "qt/mishap.h"
-#include "qt/qt_desktop.h"
-#include "qt/qt_form.h"
+#include "qt/driven_dialog.h"
 
 #include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
 #include <QPrintDialog>
 #include <QProgressDialog>
 #include <QThread>
@@ -39,10 +37,10 @@ std::string takeFirst(std::deque<std::string>& queue) {
 
 } // namespace
 
-Player::Player(QtDesktop& desktop, ChromalogControler& controler, const StandaloneSuite* standalone,
-               Playback& playback, std::function<void(const std::string&)> fail)
-    : desktop_(desktop), playback_(playback), fail_(std::move(fail)),
-      commands_(desktop, controler, standalone) {}
+Player::Player(DrivenDialog& dialog, const StandaloneSuite* standalone, Playback& playback,
+               std::function<void(const std::string&)> fail)
+    : dialog_(dialog), playback_(playback), fail_(std::move(fail)), commands_(dialog, standalone),
+      settle_([&dialog] { dialog.mishap(); }) {}
 
 void Player::start() {
     again(Settle::Keyboard::ours);
@@ -78,7 +76,7 @@ void Player::next() {
 
 /// The dialog passes over a file that could not be written in silence; a script that names it does not.
 void Player::checkWritten() {
-    const auto notWritten = desktop_.statusLine().takeNotWritten();
+    const auto notWritten = dialog_.takeNotWritten();
     if (!notWritten.empty() && !finishing_) throw CommandError{notWritten.front()};
 }
 
@@ -87,12 +85,12 @@ bool Player::answerPrompts() {
     again(); // before the answer: it may run a loop of its own
     if (commands_.chooseWaitingItem()) return true;
     if (QMessageBox* question = replaceQuestion(); question && !finishing_) return agree(*question), true;
-    QMessageBox* alert = openAlert(desktop_);
+    QMessageBox* alert = openAlert(dialog_);
     if (alert && playback_.dismissals > 0) {
         --playback_.dismissals;
         return dismiss(*alert), true;
     }
-    QFileDialog* panel = desktop_.panels().current();
+    QFileDialog* panel = dialog_.filePanel();
     if (!panel || alert || playback_.choices.empty()) return false;
     answerPanel(*panel, takeFirst(playback_.choices));
     return true;
@@ -113,15 +111,14 @@ bool Player::makesWay(const Command& command) {
 void Player::checkAllowed(const Command& command) const {
     if (allowedInPanels(command.verb)) return;
     const std::string name(nameOf(command.verb));
-    if (const QMessageBox* alert = openAlert(desktop_))
+    if (const QMessageBox* alert = openAlert(dialog_))
         throw CommandError{name + " is not allowed while an alert is open: " + fromQt(textOf(*alert))};
-    if (desktop_.panels().current()) throw CommandError{name + " is not allowed while a file panel is open"};
+    if (dialog_.filePanel()) throw CommandError{name + " is not allowed while a file panel is open"};
 }
 
 void Player::play(const Command& command) {
     askedForKeyboard_ = false;
-    if (!desktop_.printJobs().nextPdf && !playback_.prints.empty())
-        desktop_.printJobs().nextPdf = takeFirst(playback_.prints);
+    if (!dialog_.nextPdf() && !playback_.prints.empty()) dialog_.nextPdf() = takeFirst(playback_.prints);
     struct Running {
         int& level;
         int outer;
@@ -144,11 +141,11 @@ void Player::play(const Command& command) {
 void Player::wait(const Command& command) {
     settle_.stop();
     QTimer::singleShot(int(command.number(0)), Qt::PreciseTimer, &settle_,
-                       [this] { guarded([this] { again(); }); });
+                       [this] { settle_.guarded([this] { again(); }); });
 }
 
 void Player::choose(const Command& command) {
-    if (QFileDialog* panel = desktop_.panels().current())
+    if (QFileDialog* panel = dialog_.filePanel())
         answerPanel(*panel, command.text(0));
     else
         playback_.choices.push_back(command.text(0));
@@ -162,7 +159,7 @@ void Player::answerPanel(QFileDialog& panel, const std::string& choice) {
 }
 
 void Player::answerAlert() {
-    if (QMessageBox* alert = openAlert(desktop_))
+    if (QMessageBox* alert = openAlert(dialog_))
         dismiss(*alert);
     else
         ++playback_.dismissals;
@@ -178,12 +175,12 @@ void Player::print(const Command& command) {
 
 /// The rest of the pick: whatever is open is closed, the dialog last.
 void Player::finish() {
-    const QMessageBox* alert = openAlert(desktop_);
+    const QMessageBox* alert = openAlert(dialog_);
     if (alert && !finishing_) return stop("an alert is not answered: " + fromQt(textOf(*alert)));
     finishing_ = true;
     again();
-    DialogWindow* dialog = desktop_.forms().empty() ? nullptr : desktop_.forms().front()->window();
-    if (++closings_ > kMostClosings || !dialog) return desktop_.modalLoops().stopAll(0);
+    QDialog* dialog = dialog_.window();
+    if (++closings_ > kMostClosings || !dialog) return dialog_.stopAllLoops();
     if (closeTopmost(dialog)) return;
     QWidget* cancel = controlSending("cancelPressed:");
     if (cancel)

@@ -29,8 +29,7 @@ struct Playback {
 class Player {
   public:
     /// `fail` is told what went wrong, once: "FILE:LINE: message".
-    Player(QtDesktop&, ChromalogControler&, const StandaloneSuite*, Playback&,
-           std::function<void(const std::string&)> fail);
+    Player(DrivenDialog&, const StandaloneSuite*, Playback&, std::function<void(const std::string&)> fail);
 
     void start(); ///< before the dialog's loop runs
 
@@ -52,7 +51,7 @@ class Player {
     void answerAlert();
     void print(const Command&);
 
-    QtDesktop& desktop_;
+    DrivenDialog& dialog_;
     Playback& playback_;
     std::function<void(const std::string&)> fail_;
     Commands commands_;

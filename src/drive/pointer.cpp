@@ -1,14 +1,20 @@
 #include "drive/pointer.h"
 
-#include "qt/view_widget.h"
-
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QMetaMethod>
 #include <QMouseEvent>
 #include <QScrollArea>
-#include <QtTest/qtestspontaneevent.h>
 
 #include <algorithm>
+
+QT_BEGIN_NAMESPACE
+/// The toolkit lets the class of this name mark an event as the window system's own.
+class QSpontaneKeyEvent {
+  public:
+    static inline void setSpontaneous(QEvent* event) { event->setSpontaneous(); }
+};
+QT_END_NAMESPACE
 
 namespace chromalog::drive {
 namespace {
@@ -48,8 +54,13 @@ void send(const Spot& spot, QEvent::Type type, Qt::MouseButton button, Qt::Mouse
 } // namespace
 
 QPointF widgetPoint(const QWidget& widget, Point inView) {
-    if (const auto* view = qobject_cast<const ViewWidget*>(&widget)) return view->toWidget(inView);
-    return {inView.x, widget.height() - inView.y};
+    const QMetaObject& type = *widget.metaObject();
+    const int view = type.indexOfMethod("widgetPoint(QPointF)");
+    if (view < 0) return {inView.x, widget.height() - inView.y};
+    QPointF at;
+    type.method(view).invoke(const_cast<QWidget*>(&widget), Qt::DirectConnection, Q_RETURN_ARG(QPointF, at),
+                             Q_ARG(QPointF, QPointF(inView.x, inView.y)));
+    return at;
 }
 
 Spot spotOf(QWidget& outlet, Point inView) {

@@ -2,7 +2,7 @@
 
 #include "drive/locate.h"
 #include "drive/pointer.h"
-#include "qt/qt_desktop.h"
+#include "qt/driven_dialog.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -18,8 +18,8 @@
 
 namespace chromalog::drive {
 
-QMessageBox* openAlert(const QtDesktop& desktop) {
-    if (QMessageBox* alert = desktop.openAlert()) return alert;
+QMessageBox* openAlert(const DrivenDialog& dialog) {
+    if (QMessageBox* alert = dialog.openAlert()) return alert;
     auto* own = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     return own && own != replaceQuestion() ? own : nullptr;
 }

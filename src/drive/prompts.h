@@ -8,13 +8,13 @@ class QPrintDialog;
 class QWidget;
 
 namespace chromalog {
-class QtDesktop;
+class DrivenDialog;
 }
 
 namespace chromalog::drive {
 
 /// The alert that waits, one of the toolkit's own included; null where there is none.
-QMessageBox* openAlert(const QtDesktop&);
+QMessageBox* openAlert(const DrivenDialog&);
 void dismiss(QMessageBox&);
 QString textOf(const QMessageBox&); ///< in one line
 

@@ -1,7 +1,5 @@
 #include "drive/settle.h"
 
-#include "qt/mishap.h"
-
 #include <QApplication>
 #include <QEvent>
 #include <QTimerEvent>
@@ -20,7 +18,7 @@ constexpr int kMostPolls = 1'000; ///< 5 s: nor does a window or the keyboard th
 
 } // namespace
 
-Settle::Settle() {
+Settle::Settle(std::function<void()> mishap) : mishap_(std::move(mishap)) {
     QCoreApplication::instance()->installEventFilter(this);
 }
 
@@ -76,12 +74,22 @@ void Settle::look() {
     then();
 }
 
-void Settle::timerEvent(QTimerEvent*) try {
+void Settle::timerEvent(QTimerEvent*) {
+    guarded([this] { pollAgain(); });
+}
+
+void Settle::pollAgain() {
     killTimer(std::exchange(timer_, 0));
     busy_ = true; // a whole quiet turn after the last window came up
     probe();
-} catch (...) {
-    mishap();
+}
+
+void Settle::guarded(const std::function<void()>& work) noexcept {
+    try {
+        work();
+    } catch (...) {
+        mishap_();
+    }
 }
 
 } // namespace chromalog::drive

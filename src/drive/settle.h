@@ -13,13 +13,15 @@ class Settle : public QObject {
   public:
     enum class Keyboard { asItIs, ours };
 
-    Settle();
+    /// `mishap` is called within a catch, for what the calls have thrown.
+    explicit Settle(std::function<void()> mishap);
     ~Settle() override;
 
     /// Calls `then` once, from the innermost event loop, when all is at rest; with Keyboard::ours also not
     /// before the application has the keyboard. A second call before that replaces the first.
     void wait(Keyboard, std::function<void()> then);
-    void stop(); ///< forgets what was waited for
+    void stop();                                              ///< forgets what was waited for
+    void guarded(const std::function<void()>& work) noexcept; ///< what it throws is the pick's mishap
 
   protected:
     bool event(QEvent*) override;
@@ -29,8 +31,10 @@ class Settle : public QObject {
   private:
     void probe();
     void look();
+    void pollAgain();
     bool windowsAreUp() const;
 
+    std::function<void()> mishap_;
     std::function<void()> then_;
     Keyboard keyboard_ = Keyboard::ours;
     bool busy_ = false;    ///< an event was delivered since the last probe

@@ -1,14 +1,11 @@
 #include "drive/state.h"
 
-#include "abi/picker_record.h"
-#include "dialog/chromalog_controler.h"
 #include "drive/command_error.h"
 #include "drive/json_values.h"
 #include "drive/state_lists.h"
 #include "drive/state_outlets.h"
 #include "files/size_limit_signal.h"
-#include "qt/convert.h"
-#include "qt/qt_desktop.h"
+#include "qt/driven_dialog.h"
 
 #include <QFile>
 #include <QJsonDocument>
@@ -23,36 +20,30 @@ void addAll(QJsonObject& state, const QJsonObject& more) {
         state[each.key()] = each.value();
 }
 
-QJsonObject coloursState(ChromalogControler& controler) {
-    const WorkingColours& colours = controler.colours();
-    return {{"firstColor", json(colours.getFirstColor())},
-            {"secondColor", json(colours.getSecondColor())},
-            {"luminosity", colours.getLuminosity()},
-            {"alpha1", colours.getAlpha()},
-            {"alpha2", colours.lastAlpha()},
-            {"harmonyMode", colours.getHarmonyMode()}};
+QJsonObject coloursState(const DrivenColours& colours) {
+    return {{"firstColor", json(colours.first)}, {"secondColor", json(colours.second)},
+            {"luminosity", colours.luminosity},  {"alpha1", colours.alpha1},
+            {"alpha2", colours.alpha2},          {"harmonyMode", colours.harmonyMode}};
 }
 
-QJsonObject wheelState(const chromaticCircleView& wheel) {
-    const HarmonyPoints& points = wheel.harmony();
-    return {{"size", json(Size{wheel.bounds().w, wheel.bounds().h})},
-            {"selectedPoint", json(wheel.selectedPoint())},
-            {"oppositePoint", json(points.opposite)},
-            {"balance1", json(points.balance1)},
-            {"balance2", json(points.balance2)},
-            {"equi1", json(points.equi1)},
-            {"equi2", json(points.equi2)},
-            {"quadri1", json(points.quadri1)},
-            {"quadri2", json(points.quadri2)}};
+QJsonObject wheelState(const DrivenWheel& wheel) {
+    return {{"size", json(wheel.size)},
+            {"selectedPoint", json(wheel.selected)},
+            {"oppositePoint", json(wheel.opposite)},
+            {"balance1", json(wheel.balance1)},
+            {"balance2", json(wheel.balance2)},
+            {"equi1", json(wheel.equi1)},
+            {"equi2", json(wheel.equi2)},
+            {"quadri1", json(wheel.quadri1)},
+            {"quadri2", json(wheel.quadri2)}};
 }
 
-QJsonObject chartState(const chartView& chart) {
-    return {{"selectedColor", json(chart.selectedColor())}, {"isPrinting", chart.isPrinting() ? 1 : 0}};
+QJsonObject chartState(const DrivenChart& chart) {
+    return {{"selectedColor", json(chart.selected)}, {"isPrinting", chart.printing ? 1 : 0}};
 }
 
-QJsonObject gradientState(const degradeView& gradient) {
+QJsonObject gradientState(const DrivenChart& gradient, const DrivenCorners& corners) {
     QJsonObject state = chartState(gradient);
-    const GradientCorners& corners = gradient.corners();
     addAll(state, {{"UL", json(corners.UL)},
                    {"UR", json(corners.UR)},
                    {"LL", json(corners.LL)},
@@ -60,58 +51,56 @@ QJsonObject gradientState(const degradeView& gradient) {
     return state;
 }
 
-QJsonObject historyState(ChromalogControler& controler) {
-    const GlobalRecord& data = controler.record();
-    const ProtocolControler& history = controler.history();
-    QJsonObject state{{"useSecondColor", data.useSecondColor},
-                      {"undoLimit", data.undoLimit},
-                      {"undoCount", history.undoSteps()},
-                      {"maxUndoSteps", history.undoStepsAtMost()}};
-    if (const SnapshotStack* manager = history.manager())
-        addAll(state, {{"undoNames", jsonArray(manager->undoNames())},
-                       {"redoNames", jsonArray(manager->redoNames())}});
+QJsonObject historyState(const DrivenHistory& history) {
+    QJsonObject state{{"useSecondColor", history.useSecondColor},
+                      {"undoLimit", history.undoLimit},
+                      {"undoCount", history.undoSteps},
+                      {"maxUndoSteps", history.undoStepsAtMost}};
+    if (history.keepsSteps)
+        addAll(state,
+               {{"undoNames", jsonArray(history.undoNames)}, {"redoNames", jsonArray(history.redoNames)}});
     return state;
 }
 
-QJsonObject printState(QtDesktop& desktop, const PrintOptions& options) {
-    const PrintInfo& info = desktop.sharedPrintInfo();
-    return {{"printSize", options.printSize},
-            {"printName", options.printName},
-            {"printRGB", options.printRGB},
-            {"printCMYK", options.printCMYK},
+QJsonObject printState(const DrivenPrint& print) {
+    const PrintInfo& info = print.info;
+    return {{"printSize", print.size},
+            {"printName", print.name},
+            {"printRGB", print.rgb},
+            {"printCMYK", print.cmyk},
             {"printInfo", QJsonObject{{"paper", json(info.paper)},
                                       {"margins", QJsonArray{info.left, info.right, info.top, info.bottom}},
                                       {"scale", info.scale}}}};
 }
 
-QJsonArray typesOf(const Pasteboard& board) {
+QJsonArray typesOf(const DrivenPasteboard& board) {
     QJsonArray types;
     if (board.colourType) types.append("color");
     if (board.textType) types.append("string");
     return types;
 }
 
-QJsonObject pasteboardState(const Pasteboard& board) {
+QJsonObject pasteboardState(const DrivenPasteboard& board) {
     QJsonObject state{{"types", typesOf(board)}};
     if (board.colour) state["color"] = json(*board.colour);
     if (board.text) state["string"] = json(*board.text);
     return state;
 }
 
-QJsonObject dragState(const DragRecord& drag) {
-    return {{"types", typesOf(drag.request.pasteboard)},
-            {"imageSize", json(drag.request.image.size)},
-            {"result", drag.result == Qt::IgnoreAction ? "none" : "copy"}};
+QJsonObject dragState(const DrivenDrag& drag) {
+    return {{"types", typesOf(drag.pasteboard)},
+            {"imageSize", json(drag.imageSize)},
+            {"result", drag.taken ? "copy" : "none"}};
 }
 
-QJsonObject panelState(const PanelRecord& panel) {
+QJsonObject panelState(const DrivenPanel& panel) {
     return {{"kind", json(panel.kind)},
             {"types", jsonArray(panel.types)},
             {"parent", json(panel.parent)},
             {"multiple", false}};
 }
 
-QJsonObject alertState(const Alert& alert) {
+QJsonObject alertState(const DrivenAlert& alert) {
     return {{"message", json(alert.message)},
             {"informative", json(alert.informative)},
             {"buttons", QJsonArray{json(alert.button)}}};
@@ -125,21 +114,21 @@ template <typename Records, typename State> QJsonArray eachOf(const Records& rec
 }
 
 /// The list view logs every draw; those lines would drown the others.
-QJsonArray logState(const LogRing& ring) {
+QJsonArray logState(const std::vector<std::string>& log) {
     QJsonArray lines;
-    for (const std::string& line : ring.lines())
+    for (const std::string& line : log)
         if (!line.starts_with("DrawSwatches")) lines.append(json(line));
     return lines;
 }
 
-QJsonObject desktopState(QtDesktop& desktop) {
-    QJsonObject state{{"pasteboard", pasteboardState(desktop.generalPasteboard())},
-                      {"panels", eachOf(desktop.panels().records(), panelState)},
-                      {"alerts", eachOf(desktop.alerts(), alertState)},
-                      {"sounds", jsonArray(desktop.sounds())},
-                      {"log", logState(desktop.logRing())},
-                      {"status", json(desktop.statusLine().text())}};
-    if (desktop.drags().last) state["lastDrag"] = dragState(*desktop.drags().last);
+QJsonObject desktopState(const DrivenState& held) {
+    QJsonObject state{{"pasteboard", pasteboardState(held.pasteboard)},
+                      {"panels", eachOf(held.panels, panelState)},
+                      {"alerts", eachOf(held.alerts, alertState)},
+                      {"sounds", jsonArray(held.sounds)},
+                      {"log", logState(held.log)},
+                      {"status", json(held.status)}};
+    if (held.lastDrag) state["lastDrag"] = dragState(*held.lastDrag);
     return state;
 }
 
@@ -157,13 +146,12 @@ QJsonObject callsState(const StandaloneSuite& suite) {
     return calls;
 }
 
-QJsonObject hostState(ChromalogControler& controler, const StandaloneSuite* suite) {
-    const PickParms& parms = controler.record().pickerRecord->pickParms;
+QJsonObject hostState(const DrivenHost& host, const StandaloneSuite* suite) {
     QJsonArray components;
-    for (const std::uint16_t component : parms.colorComponents)
+    for (const int component : host.components)
         components.append(component);
-    QJsonObject state{{"record", QJsonObject{{"sourceSpace", parms.sourceSpace},
-                                             {"resultSpace", parms.resultSpace},
+    QJsonObject state{{"record", QJsonObject{{"sourceSpace", host.sourceSpace},
+                                             {"resultSpace", host.resultSpace},
                                              {"colorComponents", components}}}};
     if (suite) addAll(state, {{"misuse", misuseState(*suite)}, {"calls", callsState(*suite)}});
     return state;
@@ -171,18 +159,18 @@ QJsonObject hostState(ChromalogControler& controler, const StandaloneSuite* suit
 
 } // namespace
 
-QJsonObject dialogState(QtDesktop& desktop, ChromalogControler& controler,
-                        const StandaloneSuite* standalone) {
+QJsonObject dialogState(const DrivenDialog& dialog, const StandaloneSuite* standalone) {
+    const DrivenState held = dialog.state();
     QJsonObject state{{"outlets", outletsState()},
-                      {"wheel", wheelState(controler.views().wheel)},
-                      {"gradient", gradientState(controler.views().gradient)},
-                      {"tone", chartState(controler.views().tone)},
-                      {"lists", listsState(controler)},
-                      {"host", hostState(controler, standalone)}};
-    addAll(state, coloursState(controler));
-    addAll(state, historyState(controler));
-    addAll(state, printState(desktop, controler.printOptions()));
-    addAll(state, desktopState(desktop));
+                      {"wheel", wheelState(held.wheel)},
+                      {"gradient", gradientState(held.gradient, held.corners)},
+                      {"tone", chartState(held.tone)},
+                      {"lists", listsState(held.lists)},
+                      {"host", hostState(held.host, standalone)}};
+    addAll(state, coloursState(held.colours));
+    addAll(state, historyState(held.history));
+    addAll(state, printState(held.print));
+    addAll(state, desktopState(held));
     return state;
 }
 

@@ -1,67 +1,52 @@
 #include "drive/state_lists.h"
 
-#include "dialog/chromalog_controler.h"
 #include "drive/json_values.h"
+#include "qt/driven_dialog.h"
 
 #include <QJsonObject>
 
 namespace chromalog::drive {
 namespace {
 
-/// The characters after a length byte, as far as the field reaches.
-QJsonValue charactersOf(std::span<const std::uint8_t> pascal) {
-    return hex(pascal.subspan(1, pascal[0]));
+QJsonObject recordState(const DrivenSwatch& swatch) {
+    return {{"length", swatch.nameLength},
+            {"name", hex(swatch.name)},
+            {"SRed", qint64(swatch.red)},
+            {"SGreen", qint64(swatch.green)},
+            {"SBlue", qint64(swatch.blue)}};
 }
 
-QJsonObject recordState(const FCOStruct& record) {
-    return {{"length", record.Namen[0]},
-            {"name", charactersOf(record.Namen)},
-            {"SRed", qint64(record.SRed)},
-            {"SGreen", qint64(record.SGreen)},
-            {"SBlue", qint64(record.SBlue)}};
-}
-
-QJsonArray recordsState(const CSwatchList& list) {
+QJsonArray recordsState(const DrivenList& list) {
     QJsonArray records;
-    for (const FCOStruct& record : list.shownRecords())
-        records.append(recordState(record));
+    for (const DrivenSwatch& swatch : list.records)
+        records.append(recordState(swatch));
     return records;
 }
 
-QJsonArray hitsState(const CSwatchList& list) {
+QJsonArray hitsState(const DrivenList& list) {
     QJsonArray hits;
-    for (const FoundEntry& hit : list.hits())
+    for (const DrivenHit& hit : list.hits)
         hits.append(QJsonObject{{"position", qint64(hit.position)}, {"scrollValue", hit.scrollValue}});
     return hits;
 }
 
-/// How far the list's top has moved out of its clip.
-double scrolledBy(const CSwatchList& list) {
-    const auto clip = list.superviewBounds();
-    return clip ? clip->y : 0;
-}
-
-QJsonObject listState(const SwatchPanel& panel) {
-    const CSwatchList& list = panel.view;
-    return {{"viewCount", list.getNumberOfColors()},
-            {"storedCount", panel.storedCount},
-            {"selected", list.getSelected()},
-            {"start", list.getStartColor()},
-            {"viewName", json(list.getSwatchName())},
-            {"storedName", charactersOf(panel.storedName)},
-            {"scroller", panel.scroller->verticalScroller()},
-            {"scrollY", scrolledBy(list)},
-            {"contentHeight", list.frame().h},
-            {"hits", hitsState(list)},
-            {"lastShown", qint64(list.lastShown())},
-            {"sens", list.direction()},
+QJsonObject listState(const DrivenList& list) {
+    return {{"viewCount", list.viewCount},         {"storedCount", list.storedCount},
+            {"selected", list.selected},           {"start", list.start},
+            {"viewName", json(list.viewName)},     {"storedName", hex(list.storedName)},
+            {"scroller", list.scroller},           {"scrollY", list.scrollY},
+            {"contentHeight", list.contentHeight}, {"hits", hitsState(list)},
+            {"lastShown", qint64(list.lastShown)}, {"sens", list.direction},
             {"records", recordsState(list)}};
 }
 
 } // namespace
 
-QJsonArray listsState(ChromalogControler& controler) {
-    return {listState(controler.panels().one), listState(controler.panels().two)};
+QJsonArray listsState(const std::vector<DrivenList>& lists) {
+    QJsonArray states;
+    for (const DrivenList& list : lists)
+        states.append(listState(list));
+    return states;
 }
 
 } // namespace chromalog::drive

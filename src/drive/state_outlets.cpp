@@ -2,14 +2,9 @@
 
 #include "drive/json_values.h"
 #include "drive/locate.h"
-#include "qt/controls/color_well_widget.h"
-#include "qt/controls/level_indicator_widget.h"
-#include "qt/controls/stepper_widget.h"
-#include "qt/controls/tinted_button.h"
-#include "qt/controls/window_control.h"
-#include "qt/form_names.h"
-#include "qt/view_widget.h"
+#include "qt/driven_dialog.h"
 
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -24,9 +19,13 @@ namespace {
 /// The class that the dialog gave the control, or the view's; else the widget's own.
 QString classOf(const QWidget& widget) {
     if (const QVariant name = widget.property(kClassName); name.isValid()) return name.toString();
-    if (const auto* shown = qobject_cast<const ViewWidget*>(&widget))
-        return shown->view() ? shown->view()->className() : "View";
     return QString::fromLatin1(widget.metaObject()->className()).section("::", -1);
+}
+
+/// Four components; null where the control has no colour.
+QJsonValue colourOf(const QVariant& rgba) {
+    const QVariantList components = rgba.toList();
+    return components.isEmpty() ? QJsonValue(QJsonValue::Null) : QJsonArray::fromVariantList(components);
 }
 
 QJsonArray frameInWindow(const QWidget& widget) {
@@ -37,8 +36,7 @@ QJsonArray frameInWindow(const QWidget& widget) {
 void addButton(QJsonObject& state, const QAbstractButton& button) {
     state["title"] = button.text().remove('&');
     if (button.isCheckable()) state["value"] = button.isChecked() ? 1 : 0;
-    if (const auto* tinted = qobject_cast<const TintedButton*>(&button))
-        state["background"] = json(tinted->tint());
+    if (const QVariant tint = button.property("rgba"); tint.isValid()) state["background"] = colourOf(tint);
 }
 
 void addRange(QJsonObject& state, double value, double minimum, double maximum) {
@@ -47,7 +45,11 @@ void addRange(QJsonObject& state, double value, double minimum, double maximum) 
     state["max"] = maximum;
 }
 
-void addWindow(QJsonObject& state, const DialogWindow& window) {
+double number(const QWidget& widget, const char* property) {
+    return widget.property(property).toDouble();
+}
+
+void addWindow(QJsonObject& state, const QDialog& window) {
     state["title"] = window.windowTitle();
     state["key"] = window.isActiveWindow();
     state["floating"] = window.windowType() == Qt::Tool;
@@ -84,13 +86,14 @@ void addContents(QJsonObject& state, const QWidget& widget) {
         addButton(state, *button);
     else if (const auto* slider = qobject_cast<const QSlider*>(&widget))
         addRange(state, slider->value(), slider->minimum(), slider->maximum());
-    else if (const auto* stepper = qobject_cast<const StepperWidget*>(&widget))
-        addRange(state, stepper->value(), stepper->minimum(), stepper->maximum());
-    else if (const auto* level = qobject_cast<const LevelIndicatorWidget*>(&widget))
-        state["value"] = level->value();
-    else if (const auto* well = qobject_cast<const ColorWellWidget*>(&widget))
-        state["color"] = json(well->color());
-    else if (const auto* window = qobject_cast<const DialogWindow*>(&widget))
+    else if (widget.inherits(kStepperClass))
+        addRange(state, number(widget, "value"), number(widget, "minimum"), number(widget, "maximum"));
+    else if (widget.property("level").isValid())
+        state["value"] = number(widget, "level");
+    else if (const QVariant colour = widget.property("rgba"); colour.isValid())
+        state["color"] = colourOf(colour);
+    else if (const auto* window = qobject_cast<const QDialog*>(&widget);
+             window && window->inherits(kDialogClass))
         addWindow(state, *window);
     else
         addMatrix(state, widget);
@@ -105,7 +108,7 @@ QJsonObject outletState(const QWidget& widget) {
 }
 
 /// A context menu is a window of its own, but its form's outlet.
-bool belongsTo(const DialogWindow& form, const QWidget& widget) {
+bool belongsTo(const QDialog& form, const QWidget& widget) {
     return widget.window() == &form || qobject_cast<const QMenu*>(&widget);
 }
 
@@ -118,7 +121,7 @@ QString outletName(const QWidget& widget) {
 
 QJsonObject outletsState() {
     QJsonObject outlets;
-    for (DialogWindow* form : forms()) {
+    for (QDialog* form : forms()) {
         outlets[outletName(*form)] = outletState(*form);
         for (const QWidget* widget : form->findChildren<QWidget*>())
             if (belongsTo(*form, *widget) && !isDecoration(widget->objectName()))

@@ -1,4 +1,4 @@
-#include "drive/attach_drive.h"
+#include "plugin/open_drive.h"
 #include "qt/qt_platform.h"
 
 #if defined(_WIN32)
@@ -10,6 +10,6 @@
 /// The one symbol that a host looks for. Called on the host's main thread.
 extern "C" CHROMALOG_EXPORT void PluginMain(std::int16_t selector, void* record, std::intptr_t* data,
                                             std::int16_t* result) {
-    chromalog::QtPlatform platform(chromalog::attachDrive);
+    chromalog::QtPlatform platform(chromalog::openDrive);
     chromalog::runPluginMain(selector, record, data, result, platform);
 }

@@ -6,8 +6,10 @@
 #include <QColor>
 #include <QRectF>
 #include <QString>
+#include <QVariantList>
 
 #include <cmath>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -45,6 +47,11 @@ inline QColor toQt(const Colour& c) {
 inline Colour fromQt(const QColor& c) {
     const QRgba64 w = c.rgba64();
     return Colour::rgb(w.red() / 65535.0, w.green() / 65535.0, w.blue() / 65535.0, w.alpha() / 65535.0);
+}
+
+/// Red, green, blue and alpha exactly, 0..1; empty where there is no colour.
+inline QVariantList componentsOf(const std::optional<Colour>& c) {
+    return c ? QVariantList{c->red(), c->green(), c->blue(), c->alpha()} : QVariantList();
 }
 
 inline QRectF toQt(const Rect& r) {

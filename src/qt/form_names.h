@@ -2,12 +2,24 @@
 
 #include <QString>
 
+#include <algorithm>
+#include <array>
+
 namespace chromalog {
 
 /// Captions, layouts, spacers, groups, boxes and the toolkit's own children stand in a form for looks alone.
-bool isDecoration(const QString& objectName);
+inline bool isDecoration(const QString& objectName) {
+    static constexpr std::array prefixes = {"caption", "layout", "spacer", "group", "box", "qt_"};
+    return objectName.isEmpty() || std::any_of(prefixes.begin(), prefixes.end(), [&](const char* prefix) {
+               return objectName.startsWith(prefix);
+           });
+}
 
 /// The property of a widget that names the dialog's own class of its control, where it has one.
 inline constexpr const char* kClassName = "className";
+
+/// Classes of ours as the toolkit's own objects name them, for whoever knows no more of them than that.
+inline constexpr const char* kDialogClass = "chromalog::DialogWindow";
+inline constexpr const char* kStepperClass = "chromalog::StepperWidget";
 
 } // namespace chromalog

@@ -2,6 +2,7 @@
 
 #include "abi/standalone_suite.h"
 #include "files/size_limit_signal.h"
+#include "qt/driven_qt.h"
 #include "qt/qt_desktop.h"
 
 #include <QFontInfo>
@@ -38,7 +39,9 @@ void QtPlatform::log(std::string_view line) {
 }
 
 void QtPlatform::dialogReady(Desktop& desktop, ChromalogControler& controler) {
-    driven_ = attach_(static_cast<QtDesktop&>(desktop), controler, standalone_);
+    if (!standalone_) return;
+    dialog_ = std::make_unique<DrivenQt>(static_cast<QtDesktop&>(desktop), controler);
+    driven_ = attach_(*dialog_, *standalone_);
 }
 
 } // namespace chromalog

@@ -2,7 +2,7 @@
 
 #include "dialog/pick.h"
 #include "qt/application_guard.h"
-#include "qt/driven.h"
+#include "qt/driven_dialog.h"
 
 #include <memory>
 
@@ -22,7 +22,8 @@ class QtPlatform : public Platform {
     const AttachDriven attach_;
     std::unique_ptr<ApplicationGuard> application_; ///< outlives the desktop that makeDesktop gave away
     const StandaloneSuite* standalone_ = nullptr;
-    std::unique_ptr<Driven> driven_; ///< a script, or what the options ask of the dialog
+    std::unique_ptr<DrivenDialog> dialog_; ///< for what drives it
+    std::unique_ptr<Driven> driven_;       ///< a script, or what the options ask of the dialog
 };
 
 } // namespace chromalog

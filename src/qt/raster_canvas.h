@@ -5,8 +5,6 @@
 
 namespace chromalog {
 
-inline constexpr int kLongestSide = 32767; ///< pixels: further out the toolkit's painter does not paint
-
 /// The view's own picture at one pixel a point, whatever the screen's scale: what picks read. Outlines are
 /// not antialiased, so that a pick finds the colour of a cell and no mixture. A longer side is cut off.
 Bitmap rasterPicture(View&);

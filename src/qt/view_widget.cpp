@@ -91,6 +91,10 @@ QWidget* ViewWidget::clipWidget() const {
                : nullptr;
 }
 
+QString ViewWidget::className() const {
+    return QString::fromLatin1(view_ ? view_->className() : "View");
+}
+
 QPointF ViewWidget::toWidget(Point p) const {
     if (!view_) return {p.x, p.y};
     return {p.x, view_->isFlipped() ? p.y : height() - p.y};

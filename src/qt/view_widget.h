@@ -13,6 +13,7 @@ class QtDesktop;
 /// Shows any view: lays it out, paints it upright, turns the toolkit's events into the view's calls.
 class ViewWidget : public QWidget, public ViewHost {
     Q_OBJECT
+    Q_PROPERTY(QString className READ className)
   public:
     explicit ViewWidget(QWidget* parent = nullptr);
     ~ViewWidget() override;
@@ -22,6 +23,9 @@ class ViewWidget : public QWidget, public ViewHost {
     View* view() const { return view_; }
     QtDesktop* desktop() const { return desktop_; }
 
+    QString className() const; ///< the view's; "View" without one
+    /// The same as toWidget, for those who know the toolkit's objects alone.
+    Q_INVOKABLE QPointF widgetPoint(QPointF inView) const { return toWidget({inView.x(), inView.y()}); }
     QPointF toWidget(Point inView) const;
     Point toView(QPointF inWidget) const;
 

@@ -96,7 +96,7 @@ TEST_F(DriveParts, ADragIsHandedToTheTargetAndThenNoMore) {
     show();
     const DragRequest request{&view, {{20, 20}, Colour{}, false, {}}, {true, false, Colour{}, std::nullopt}};
     {
-        HandOver handOver(desktop.drags(), [&] { return spotOf(widget, {5, 6}); });
+        HandOver handOver(desktop.drags().run, [&] { return spotOf(widget, {5, 6}); });
         EXPECT_FALSE(handOver.happened());
         desktop.beginDrag(request);
         EXPECT_TRUE(handOver.happened());
@@ -107,7 +107,7 @@ TEST_F(DriveParts, ADragIsHandedToTheTargetAndThenNoMore) {
     int own = 0;
     desktop.drags().run = [&](QDrag&) { return ++own, Qt::IgnoreAction; };
     {
-        HandOver handOver(desktop.drags(), [] { return Spot{}; });
+        HandOver handOver(desktop.drags().run, [] { return Spot{}; });
     }
     desktop.beginDrag(request);
     EXPECT_EQ(own, 1) << "the loop of before is back";
@@ -163,7 +163,7 @@ TEST_F(DriveParts, RestComesAfterPaintsAndPostedCallsButDoesNotWaitForTimers) {
     };
     QTimer::singleShot(0, &widget, [&] { post(3); }); // each call posts the next
     widget.update();
-    Settle settle;
+    Settle settle([] { mishap(); });
     QEventLoop loop;
     settle.wait(Settle::Keyboard::asItIs, [&] {
         order.push_back("rest");

@@ -8,6 +8,7 @@
 #include "dialog/chromalog_controler.h"
 #include "drive/commands.h"
 #include "qt/application_guard.h"
+#include "qt/driven_qt.h"
 #include "qt/qt_desktop.h"
 
 #include <QApplication>
@@ -45,7 +46,8 @@ class DialogOnServer {
         settings.dataDirectory = folder.path();
         desktop = std::make_unique<QtDesktop>(settings);
         controler = std::make_unique<ChromalogControler>(*record, *desktop);
-        commands = std::make_unique<drive::Commands>(*desktop, *controler, nullptr);
+        driven = std::make_unique<DrivenQt>(*desktop, *controler);
+        commands = std::make_unique<drive::Commands>(*driven, nullptr);
         window().show();
         window().raise();
         window().activateWindow();
@@ -60,13 +62,14 @@ class DialogOnServer {
         commands->perform(std::get<drive::Script>(script).at(0));
     }
 
-    TemporaryFolder folder; ///< holds swatches.aco, with forty swatches
+    TemporaryFolder folder;                                    ///< holds swatches.aco, with forty swatches
     XServer server{XServer::WhenAlone::stays, "2600x1600x24"}; ///< takes the dialog at every scale
     std::optional<ApplicationGuard> application;
     PickerRecord picker{};
     std::unique_ptr<GlobalRecord> record = std::make_unique<GlobalRecord>();
     std::unique_ptr<QtDesktop> desktop;
     std::unique_ptr<ChromalogControler> controler;
+    std::unique_ptr<DrivenQt> driven;
     std::unique_ptr<drive::Commands> commands;
 
   private:

@@ -69,6 +69,20 @@ std::vector<std::string> ElfFile::importedSymbols() const {
     return names;
 }
 
+std::vector<std::string> ElfFile::ownSymbols() const {
+    std::vector<std::string> names;
+    for (const Symbol& symbol : symbols(SHT_SYMTAB))
+        if (isDefined(symbol.entry)) names.push_back(symbol.name);
+    return names;
+}
+
+std::vector<std::string> ElfFile::neededLibraries() const {
+    std::vector<std::string> names;
+    for (const Elf64_Dyn& entry : dynamicEntries(DT_NEEDED))
+        names.push_back(dynamicText(entry));
+    return names;
+}
+
 std::vector<Elf64_Phdr> ElfFile::segments(std::uint32_t type) const {
     std::vector<Elf64_Phdr> found;
     for (std::uint64_t i = 0; i < header_.e_phnum; ++i) {
@@ -109,14 +123,18 @@ bool ElfFile::relocatesCode() const {
     return hasDynamicFlag(DT_FLAGS, DF_TEXTREL) || !dynamicEntries(DT_TEXTREL).empty();
 }
 
-std::vector<std::string> ElfFile::searchPaths() const {
+std::string ElfFile::dynamicText(const Elf64_Dyn& entry) const {
     std::uint64_t strings = 0;
     for (std::uint64_t i = 0; i < header_.e_shnum; ++i)
         if (section(i).sh_type == SHT_DYNAMIC) strings = section(section(i).sh_link).sh_offset;
+    return file_.c_str() + strings + entry.d_un.d_val;
+}
+
+std::vector<std::string> ElfFile::searchPaths() const {
     std::vector<std::string> paths;
     for (const std::int64_t tag : {DT_RPATH, DT_RUNPATH})
         for (const Elf64_Dyn& entry : dynamicEntries(tag)) {
-            std::istringstream list(file_.c_str() + strings + entry.d_un.d_val);
+            std::istringstream list(dynamicText(entry));
             for (std::string path; std::getline(list, path, ':');)
                 paths.push_back(path);
         }

@@ -16,6 +16,9 @@ class ElfFile {
     /// Names offered to a loader: defined, not hidden symbols of the dynamic symbol table.
     std::vector<std::string> exportedSymbols() const;
     std::vector<std::string> importedSymbols() const;
+    /// Names of all that the file holds itself, as far as it was not stripped of them.
+    std::vector<std::string> ownSymbols() const;
+    std::vector<std::string> neededLibraries() const;
 
     bool bindsNow() const;
     bool hasReadOnlyRelocations() const;
@@ -35,6 +38,7 @@ class ElfFile {
     std::vector<Symbol> symbols(std::uint32_t table) const; ///< SHT_DYNSYM or SHT_SYMTAB
     std::vector<Elf64_Phdr> segments(std::uint32_t type) const;
     std::vector<Elf64_Dyn> dynamicEntries(std::int64_t tag) const;
+    std::string dynamicText(const Elf64_Dyn&) const;
     bool hasDynamicFlag(std::int64_t tag, std::uint64_t flag) const;
 
     std::string file_;

@@ -57,10 +57,16 @@ TEST_P(Hardening, JumpsLandOnlyWhereFunctionsBegin) {
 #endif
 }
 
+std::string nameOf(const testing::TestParamInfo<Built>& built) {
+    static const char* const names[] = {"Module", "Program", "Player"};
+    return names[built.index];
+}
+
 INSTANTIATE_TEST_SUITE_P(Built, Hardening,
                          testing::Values(Built{CHROMALOG_MODULE, "PluginMain"},
-                                         Built{CHROMALOG_PROGRAM, "main"}),
-                         [](const auto& built) { return built.index == 0 ? "Module" : "Program"; });
+                                         Built{CHROMALOG_PROGRAM, "main"},
+                                         Built{CHROMALOG_DRIVE_MODULE, "chromalogDrive"}),
+                         nameOf);
 
 } // namespace
 } // namespace chromalog

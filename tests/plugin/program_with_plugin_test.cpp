@@ -2,6 +2,7 @@
 #include "support/run_program.h"
 
 #include <filesystem>
+#include <fstream>
 #include <gmock/gmock.h>
 #include <unistd.h>
 
@@ -59,6 +60,25 @@ TEST_F(ProgramWithPlugIn, TheAboutCallEndsQuietly) {
     const ProgramResult result = run({"--about"});
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.out, "");
+}
+
+TEST_F(ProgramWithPlugIn, WithoutItsPlayerAPlugInSaysSoAndThePickEnds) {
+    const fs::path alone = folder / "Chromalog.so";
+    fs::copy_file(CHROMALOG_MODULE, alone);
+    std::ofstream(folder / "script") << "ok\n";
+    const std::vector<std::vector<std::string>> options{{"--accept"},
+                                                        {"--cancel"},
+                                                        {"--screenshot", (folder / "shot.png").string()},
+                                                        {"--drive", (folder / "script").string()}};
+    for (const std::vector<std::string>& asked : options) {
+        std::vector<std::string> words{"--plugin", alone.string(), "--color", "#3366cc"};
+        words.insert(words.end(), asked.begin(), asked.end());
+        const ProgramResult result = run(words);
+        EXPECT_EQ(result.exitCode, 2) << asked.front() << result.err;
+        EXPECT_THAT(result.err, HasSubstr("Chromalog: the pick ended: scripts cannot be played: " +
+                                          (folder / "ChromalogDrive.so").string()))
+            << asked.front();
+    }
 }
 
 TEST_F(ProgramWithPlugIn, TheScreenshotIsAPicture) {

@@ -49,6 +49,15 @@ TEST(Structure, TheDialogAloneReadsTheProcessWidePointers) {
     EXPECT_THAT(offenders, testing::IsEmpty());
 }
 
+/// A module of its own: what it includes it compiles again, so it takes of the plug-in's rooms an interface.
+TEST(Structure, ThePlayerKnowsTheDialogByOneHeader) {
+    std::set<std::string> named;
+    for (const SourceFile& file : sources("src/drive"))
+        for (const std::string& name : includes(file))
+            if (name.starts_with("qt/")) named.insert(name);
+    EXPECT_THAT(named, testing::ElementsAre("qt/driven_dialog.h"));
+}
+
 /// What recovers lists is told of the stored file, not of the plug-in's record.
 bool knowsTheRecord(const std::string& name) {
     return name.find("/preferences_file.") != name.npos;

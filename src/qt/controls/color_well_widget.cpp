@@ -39,6 +39,10 @@ void ColorWellWidget::setColor(const Colour& colour) {
     QAccessible::updateAccessibility(&described);
 }
 
+QVariantList ColorWellWidget::rgba() const {
+    return componentsOf(colour_);
+}
+
 QString ColorWellWidget::valueText() const {
     return toQt(accessibleColour(colour_));
 }

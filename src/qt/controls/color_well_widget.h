@@ -3,6 +3,7 @@
 #include "desktop/controls.h"
 #include "qt/form_names.h"
 
+#include <QVariantList>
 #include <QWidget>
 
 namespace chromalog {
@@ -13,12 +14,14 @@ class Drags;
 /// code.
 class ColorWellWidget : public QWidget, public ColorWell {
     Q_OBJECT
+    Q_PROPERTY(QVariantList rgba READ rgba)
   public:
     explicit ColorWellWidget(QWidget* parent = nullptr);
     void setDrags(Drags* drags) { drags_ = drags; }
 
     void setColor(const Colour&) override;
     Colour color() const override { return colour_; }
+    QVariantList rgba() const; ///< four components, 0..1, exactly
     QString valueText() const; ///< "RGB 12 34 56, #0c2238"
 
     void whenDropped(std::function<void(const DragInfo&)> f) override { onDrop_ = std::move(f); }

@@ -10,6 +10,7 @@ namespace chromalog {
 /// range.
 class LevelIndicatorWidget : public QProgressBar, public LevelIndicator {
     Q_OBJECT
+    Q_PROPERTY(double level READ value)
   public:
     explicit LevelIndicatorWidget(QWidget* parent = nullptr);
 

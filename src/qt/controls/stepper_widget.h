@@ -11,6 +11,10 @@ namespace chromalog {
 /// Two arrow buttons that walk a value up and down, past the ends where it wraps.
 class StepperWidget : public QWidget, public Stepper {
     Q_OBJECT
+    Q_PROPERTY(double value READ value)
+    Q_PROPERTY(double minimum READ minimum)
+    Q_PROPERTY(double maximum READ maximum)
+    Q_PROPERTY(double increment READ increment)
   public:
     explicit StepperWidget(QWidget* parent = nullptr);
 

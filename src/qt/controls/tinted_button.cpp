@@ -12,6 +12,10 @@ void TintedButton::setTint(const Colour& tint) {
     update();
 }
 
+QVariantList TintedButton::rgba() const {
+    return componentsOf(tint_);
+}
+
 void TintedButton::paintEvent(QPaintEvent* event) try {
     if (!tint_) return QPushButton::paintEvent(event);
     QPainter painter(this);

@@ -3,6 +3,7 @@
 #include "base/colour.h"
 
 #include <QPushButton>
+#include <QVariantList>
 
 #include <optional>
 
@@ -12,10 +13,12 @@ namespace chromalog {
 /// they like.
 class TintedButton : public QPushButton {
     Q_OBJECT
+    Q_PROPERTY(QVariantList rgba READ rgba)
   public:
     using QPushButton::QPushButton;
     void setTint(const Colour& tint);
     const std::optional<Colour>& tint() const { return tint_; }
+    QVariantList rgba() const; ///< the tint's four components, 0..1, exactly; empty without one
 
   protected:
     void paintEvent(QPaintEvent*) override;

@@ -1,0 +1,50 @@
+#include "plugin/open_drive.h"
+
+#include "abi/standalone_suite.h"
+
+#include <algorithm>
+#include <dlfcn.h>
+#include <filesystem>
+#include <stdexcept>
+
+namespace chromalog {
+namespace {
+
+bool isAskedFor(const StandaloneSuite& suite) {
+    const auto given = [&suite](const char* option) { return suite.option(option) != nullptr; };
+    return std::ranges::any_of(std::initializer_list{"drive", "screenshot", "accept", "cancel"}, given);
+}
+
+/// Beside this module, whatever the loader searches.
+std::string pathOfDrive() {
+    Dl_info own{};
+    if (dladdr(reinterpret_cast<const void*>(&pathOfDrive), &own) == 0 || !own.dli_fname)
+        throw std::runtime_error("this module's own place is not known");
+    return (std::filesystem::absolute(own.dli_fname).parent_path() / CHROMALOG_DRIVE_FILE).string();
+}
+
+using Attach = Driven* (*)(DrivenDialog*, const StandaloneSuite*, std::unique_ptr<Driven>* kept);
+
+/// How far a script was played: it goes with this module, which a host may load anew.
+std::unique_ptr<Driven> kept;
+
+/// Never closed again: what it has registered with the toolkit outlives the pick.
+Attach attachOfDrive() {
+    const std::string path = pathOfDrive();
+    void* module = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
+    void* attach = module ? dlsym(module, "chromalogDrive") : nullptr;
+    if (!attach) throw std::runtime_error(std::string("scripts cannot be played: ") + dlerror());
+    return reinterpret_cast<Attach>(attach);
+}
+
+} // namespace
+
+std::unique_ptr<Driven> openDrive(DrivenDialog& dialog, const StandaloneSuite& suite) try {
+    if (!isAskedFor(suite)) return nullptr;
+    return std::unique_ptr<Driven>(attachOfDrive()(&dialog, &suite, &kept));
+} catch (...) {
+    suite.endWith(2);
+    throw;
+}
+
+} // namespace chromalog
