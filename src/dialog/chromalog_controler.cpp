@@ -5,7 +5,6 @@
 #include "dialog/host_side.h"
 #include "print/chart_printing.h"
 #include "print/list_printing.h"
-#include "record/name_text.h"
 
 namespace chromalog {
 namespace {
@@ -220,10 +219,6 @@ void ChromalogControler::printList(SwatchPanel& panel) {
 
 void ChromalogControler::setUndoablePosition(std::string_view labelKey) {
     if (history_) history_->setUndoablePosition(desktop_.localized(labelKey));
-}
-
-void ChromalogControler::setFirstColor(const FCOStruct& swatch) {
-    colours_.setFirstColor(swatch, macRomanToUtf8(zeroTerminatedName(swatch)));
 }
 
 std::string ChromalogControler::hostBooks() {

@@ -16,8 +16,6 @@ class ChromalogControler : SwatchPanelsDelegate {
   public:
     ChromalogControler(GlobalRecord&, Desktop&);
     ~ChromalogControler() override;
-    ChromalogControler(const ChromalogControler&) = delete;
-    ChromalogControler& operator=(const ChromalogControler&) = delete;
 
     static ChromalogControler* chromalogControler(); ///< of the pick that runs; null outside one
 
@@ -50,7 +48,9 @@ class ChromalogControler : SwatchPanelsDelegate {
 
     // The lists' delegate.
     void setUndoablePosition(std::string_view labelKey) override;
-    void setFirstColor(const FCOStruct&) override;
+    void setFirstColor(const FCOStruct& swatch, const std::string& name) override {
+        colours_.setFirstColor(swatch, name);
+    }
     bool isFirstColorId(const Colour& colour, std::int16_t index, std::string& name) override {
         return colours_.isFirstColorId(colour, index, name);
     }

@@ -116,7 +116,8 @@ SwatchPanel& SwatchPanels::panelOf(const CSwatchList& list) {
 void SwatchPanels::setFirstColor(CSwatchList& list, std::int16_t index) {
     // An index outside the list points at no swatch: the first colour then stays.
     if (!panelOf(list).feedsFirstColor || index < 0 || index >= list.shownRows()) return;
-    delegate_.setFirstColor(list.records()[static_cast<std::size_t>(index)]);
+    const FCOStruct& swatch = list.records()[static_cast<std::size_t>(index)];
+    delegate_.setFirstColor(swatch, macRomanToUtf8(zeroTerminatedName(swatch)));
 }
 
 } // namespace chromalog

@@ -18,8 +18,8 @@ namespace chromalog {
 class SwatchPanelsDelegate {
   public:
     virtual ~SwatchPanelsDelegate() = default;
-    virtual void setUndoablePosition(std::string_view labelKey) = 0; ///< before a change of a list
-    virtual void setFirstColor(const FCOStruct&) = 0;
+    virtual void setUndoablePosition(std::string_view labelKey) = 0;           ///< before a change of a list
+    virtual void setFirstColor(const FCOStruct&, const std::string& name) = 0; ///< name: UTF-8
     /// True and the first colour's name where the colour equals the first colour exactly; else `nameOut` is
     /// left alone.
     virtual bool isFirstColorId(const Colour&, std::int16_t index, std::string& nameOut) = 0;

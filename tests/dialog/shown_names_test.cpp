@@ -72,7 +72,8 @@ TEST_F(ShownNames, ADropOnTheSecondWellLeavesTheNameOfTheFirstColour) {
         store(dialog.record().swatchList1[0].Namen, "swatch");
         auto& name = control<HeadlessTextField>(desktop, "colorName");
         name.setText("first");
-        control<HeadlessColorWell>(desktop, "origSecondColor").drop(Colour::rgb(1, 0, 0), &dialog.panels().one.view);
+        control<HeadlessColorWell>(desktop, "origSecondColor")
+            .drop(Colour::rgb(1, 0, 0), &dialog.panels().one.view);
         EXPECT_TRUE(dialog.colours().getSecondColor().sameRgb(Colour::rgb(1, 0, 0)));
         EXPECT_EQ(name.text(), "first");
     });

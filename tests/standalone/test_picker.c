@@ -41,7 +41,9 @@ __attribute__((destructor)) static void beLate(void) {
 
 static void report(PickerRecord* record, int16_t* result) {
     const char* text = "the picker has no colours left";
-    if (wants("report controls")) text = "red \x1b[31m\r\n\x7f, \xc2\x9b" "31m, \xc3\xa9\xc2\xa0";
+    if (wants("report controls"))
+        text = "red \x1b[31m\r\n\x7f, \xc2\x9b"
+               "31m, \xc3\xa9\xc2\xa0";
     record->errorString[0] = (unsigned char)strlen(text);
     memcpy(record->errorString + 1, text, strlen(text));
     *result = errReportString;
