@@ -17,9 +17,7 @@ class Control {
   public:
     virtual ~Control() = default;
     virtual void setEnabled(bool) {}
-    virtual bool enabled() const { return false; }
     virtual void setHidden(bool) {}
-    virtual bool hidden() const { return false; }
     /// Makes it a control of one of the dialog's own classes, for those who look at the dialog from outside.
     virtual void setClassName(const char*) {}
 };
@@ -41,7 +39,6 @@ class TextField : public Control {
 class Button : public Control {
   public:
     virtual void setTitle(std::string_view) {}
-    virtual std::string title() const { return {}; }
     virtual void setBackground(const Colour&) {} ///< the title stays readable on it
     virtual void setState(int) {}                ///< two-state buttons and check boxes: 0 or 1
     virtual int state() const { return 0; }
@@ -49,7 +46,7 @@ class Button : public Control {
 
 /// A colour well: shows a colour and drags it out. Where `whenDropped` is set it takes a dropped one; others
 /// show what was computed.
-class ColorWell : public Control, public DragSource {
+class ColorWell : public Control {
   public:
     virtual void setColor(const Colour&) {}
     virtual Colour color() const { return {}; }
@@ -59,7 +56,6 @@ class ColorWell : public Control, public DragSource {
 
 class Slider : public Control {
   public:
-    virtual void setValue(double) {}
     virtual double value() const { return 0; }
 };
 
@@ -74,13 +70,11 @@ class Stepper : public Control {
 class LevelIndicator : public Control {
   public:
     virtual void setValue(double) {} ///< kept as given; only its drawing is clamped to 0..10
-    virtual double value() const { return 0; }
 };
 
 class TextView : public Control {
   public:
     virtual void setText(std::string_view) {}
-    virtual std::string text() const { return {}; }
 };
 
 class ScrollView : public Control {

@@ -62,7 +62,6 @@ class View : public DragSource {
     /// Sets the frame because the host laid the view out; the host is not told.
     void layOut(const Rect&);
     const Rect& bounds() const { return bounds_; }
-    void setBounds(const Rect& bounds) { bounds_ = bounds; }
     bool hidden() const { return hidden_; }
     void setHidden(bool);
     void setNeedsDisplay();

@@ -1,11 +1,8 @@
 #include "qt/qt_form.h"
 
-#include "qt/controls/color_well_widget.h"
+#include "qt/controls/drawn_controls.h"
 #include "qt/controls/field_control.h"
-#include "qt/controls/level_indicator_widget.h"
-#include "qt/controls/list_scroll_area.h"
 #include "qt/controls/simple_controls.h"
-#include "qt/controls/stepper_widget.h"
 #include "qt/controls/window_control.h"
 #include "qt/convert.h"
 #include "qt/form_names.h"
@@ -34,20 +31,15 @@ struct Connector {
 
     template <typename Widget> Widget* find() const { return root.findChild<Widget*>(name); }
 
-    template <typename Type> bool bind(Outlet<Type>* outlet, Type* control) const {
-        if (!control) return false;
-        outlet->connect(control);
-        disconnects.push_back([outlet] { outlet->connect(nullptr); });
-        return true;
-    }
-
-    /// Wraps a widget of the toolkit in the control.
+    /// Wraps a widget in the control.
     template <typename Control, typename Widget, typename Type>
     bool wrap(Outlet<Type>* outlet, Widget* widget) const {
         if (!widget) return false;
         auto control = std::make_shared<Control>(widget);
         controls.push_back(control);
-        return bind<Type>(outlet, control.get());
+        outlet->connect(control.get());
+        disconnects.push_back([outlet] { outlet->connect(nullptr); });
+        return true;
     }
 
     bool operator()(Outlet<TextField>* o) const {
@@ -62,15 +54,15 @@ struct Connector {
     bool operator()(Outlet<Window>* o) const {
         return root.objectName() == name && wrap<WindowControl>(o, &root);
     }
-    bool operator()(Outlet<Stepper>* o) const { return bind<Stepper>(o, find<StepperWidget>()); }
+    bool operator()(Outlet<Stepper>* o) const { return wrap<StepperControl>(o, find<StepperWidget>()); }
     bool operator()(Outlet<LevelIndicator>* o) const {
-        return bind<LevelIndicator>(o, find<LevelIndicatorWidget>());
+        return wrap<LevelIndicatorControl>(o, find<LevelIndicatorWidget>());
     }
-    bool operator()(Outlet<ScrollView>* o) const { return bind<ScrollView>(o, find<ListScrollArea>()); }
+    bool operator()(Outlet<ScrollView>* o) const { return wrap<ScrollViewControl>(o, find<ListScrollArea>()); }
     bool operator()(Outlet<ColorWell>* o) const {
         auto* well = find<ColorWellWidget>();
         if (well) well->setDrags(&desktop.drags());
-        return bind<ColorWell>(o, well);
+        return wrap<ColorWellControl>(o, well);
     }
     bool operator()(View* view) const {
         auto* widget = find<ViewWidget>();

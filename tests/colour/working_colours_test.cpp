@@ -220,12 +220,12 @@ std::function<std::optional<std::string>(const DragSource*)> selectedIn(const Dr
 
 TEST(WorkingColoursTest, ADropOnTheFirstWellTakesTheNameOfAListAlone) {
     HeadlessColours colours;
-    const DragSource list;
+    const DragSource list, other;
     colours.nameOfDragged = selectedIn(list);
     colours.colorName->setText("Before");
     HeadlessColorWell& first = well(colours.origFirstColor);
     first.setColor(Colour::rgb(0.1, 0.2, 0.3, 0.5));
-    colours.setFirstAndSecondFromDrop(&first, first);
+    colours.setFirstAndSecondFromDrop(&other, first);
     EXPECT_EQ(colours.colorName->text(), "Before");
     EXPECT_EQ(colours.getFirstColor().alpha(), 1.0);
     EXPECT_EQ(colours.getFirstColor().green(), 0.2);

@@ -261,8 +261,10 @@ TEST_F(HistoryTest, DumpUndoAlwaysLeavesOneSpace) {
     view.setText("old");
     history->dumpUndo();
     EXPECT_EQ(view.text(), " ");
-    EXPECT_EQ(history->getUndoView()->text(), " ");
-    EXPECT_EQ(history->getRedoView()->text(), "");
+    EXPECT_TRUE(history->getUndoView().is(&view));
+    auto& redo = platform.forms.at("ProtocolPanel")->outlet<HeadlessTextView>("redoView");
+    EXPECT_TRUE(history->getRedoView().is(&redo));
+    EXPECT_EQ(redo.text(), "");
     EXPECT_TRUE(history->getProtocolWindow().connected());
 }
 

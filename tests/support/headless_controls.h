@@ -11,9 +11,9 @@ namespace chromalog::test {
 template <typename Base> class Headless : public Base {
   public:
     void setEnabled(bool enabled) override { enabled_ = enabled; }
-    bool enabled() const override { return enabled_; }
+    bool enabled() const { return enabled_; }
     void setHidden(bool hidden) override { hidden_ = hidden; }
-    bool hidden() const override { return hidden_; }
+    bool hidden() const { return hidden_; }
 
   private:
     bool enabled_ = true;
@@ -61,7 +61,7 @@ class HeadlessButton : public Headless<Button> {
   public:
     Colour background;
     void setTitle(std::string_view title) override { title_ = title; }
-    std::string title() const override { return title_; }
+    std::string title() const { return title_; }
     std::function<void()> onShow; ///< where set, after it was given a background
     void setBackground(const Colour& c) override {
         background = c;
@@ -100,18 +100,22 @@ class HeadlessColorWell : public Headless<ColorWell> {
     Colour color_;
 };
 
-template <typename Base> class HeadlessValue : public Headless<Base> {
+class HeadlessLevelIndicator : public Headless<LevelIndicator> {
   public:
     void setValue(double v) override { value_ = v; }
-    double value() const override { return value_; }
+    double value() const { return value_; }
 
   private:
     double value_ = 0;
 };
-using HeadlessLevelIndicator = HeadlessValue<LevelIndicator>;
-class HeadlessSlider : public HeadlessValue<Slider> {
+
+class HeadlessSlider : public Headless<Slider> {
   public:
-    HeadlessSlider() { setValue(50); }
+    void setValue(double v) { value_ = v; }
+    double value() const override { return value_; }
+
+  private:
+    double value_ = 50;
 };
 
 class HeadlessStepper : public Headless<Stepper> {
@@ -127,7 +131,7 @@ class HeadlessStepper : public Headless<Stepper> {
 class HeadlessTextView : public Headless<TextView> {
   public:
     void setText(std::string_view text) override { text_ = text; }
-    std::string text() const override { return text_; }
+    std::string text() const { return text_; }
 
   private:
     std::string text_;

@@ -1,10 +1,11 @@
 #pragma once
 
-#include "desktop/controls.h"
-#include "qt/form_names.h"
+#include "desktop/pasteboard.h"
 
 #include <QVariantList>
 #include <QWidget>
+
+#include <functional>
 
 namespace chromalog {
 
@@ -12,24 +13,20 @@ class Drags;
 
 /// A colour well: a bezel around a colour. It drags its colour out, takes a dropped one, and copies its hex
 /// code.
-class ColorWellWidget : public QWidget, public ColorWell {
+class ColorWellWidget : public QWidget, public DragSource {
     Q_OBJECT
     Q_PROPERTY(QVariantList rgba READ rgba)
   public:
     explicit ColorWellWidget(QWidget* parent = nullptr);
     void setDrags(Drags* drags) { drags_ = drags; }
 
-    void setColor(const Colour&) override;
-    Colour color() const override { return colour_; }
+    void setColor(const Colour&);
+    Colour color() const { return colour_; }
     QVariantList rgba() const; ///< four components, 0..1, exactly
     QString valueText() const; ///< "RGB 12 34 56, #0c2238"
 
-    void whenDropped(std::function<void(const DragInfo&)> f) override { onDrop_ = std::move(f); }
-    void setEnabled(bool on) override { QWidget::setEnabled(on); }
-    bool enabled() const override { return isEnabled(); }
-    void setHidden(bool hidden) override { QWidget::setHidden(hidden); }
-    bool hidden() const override { return isHidden(); }
-    void setClassName(const char* name) override { setProperty(kClassName, name); }
+    /// Called after the well took a dropped colour; without it the well takes none.
+    void whenDropped(std::function<void(const DragInfo&)> f) { onDrop_ = std::move(f); }
 
     QSize sizeHint() const override { return {44, 28}; }
     QSize minimumSizeHint() const override { return {24, 24}; }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desktop/controls.h"
+#include "base/geometry.h"
 
 #include <QScrollArea>
 
@@ -12,20 +12,15 @@ class ViewWidget;
 constexpr int kListRowPitch = 22;
 
 /// Scrolls one view that sets its own height. The view is always as wide as the clip.
-class ListScrollArea : public QScrollArea, public ScrollView {
+class ListScrollArea : public QScrollArea {
     Q_OBJECT
   public:
     explicit ListScrollArea(QWidget* parent = nullptr);
 
-    void setEnabled(bool on) override { QWidget::setEnabled(on); }
-    bool enabled() const override { return isEnabled(); }
-    void setHidden(bool hidden) override { QWidget::setHidden(hidden); }
-    bool hidden() const override { return isHidden(); }
-
-    void setVerticalScroller(double) override;
-    double verticalScroller() const override;
-    void scrollToPoint(Point) override;
-    void setNeedsDisplay() override;
+    void setVerticalScroller(double); ///< 0..1
+    double verticalScroller() const;
+    void scrollToPoint(Point);
+    void setNeedsDisplay();
 
     ViewWidget* content() const;
 

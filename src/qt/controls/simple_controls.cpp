@@ -4,18 +4,11 @@
 #include "qt/convert.h"
 
 #include <QRadioButton>
-#include <QSignalBlocker>
-
-#include <cmath>
 
 namespace chromalog {
 
 void ButtonControl::setTitle(std::string_view title) {
     if (widget_) widget_->setText(toQt(title));
-}
-
-std::string ButtonControl::title() const {
-    return widget_ ? fromQt(widget_->text()) : std::string();
 }
 
 void ButtonControl::setBackground(const Colour& colour) {
@@ -30,18 +23,8 @@ int ButtonControl::state() const {
     return widget_ && widget_->isChecked() ? 1 : 0;
 }
 
-void SliderControl::setValue(double value) {
-    if (!widget_ || !std::isfinite(value)) return;
-    const QSignalBlocker quiet(widget_); // an action is sent for a person's changes only
-    widget_->setValue(int(std::lround(std::clamp(value, -1e9, 1e9))));
-}
-
 void TextViewControl::setText(std::string_view text) {
     if (widget_) widget_->setPlainText(toQt(text));
-}
-
-std::string TextViewControl::text() const {
-    return widget_ ? fromQt(widget_->toPlainText()) : std::string();
 }
 
 void RadioMatrixControl::selectRow(int row) {

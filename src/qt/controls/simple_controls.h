@@ -14,7 +14,6 @@ class ButtonControl : public WidgetControl<Button, QAbstractButton> {
   public:
     using WidgetControl::WidgetControl;
     void setTitle(std::string_view) override;
-    std::string title() const override;
     void setBackground(const Colour&) override; ///< a TintedButton only
     void setState(int) override;
     int state() const override;
@@ -23,7 +22,6 @@ class ButtonControl : public WidgetControl<Button, QAbstractButton> {
 class SliderControl : public WidgetControl<Slider, QSlider> {
   public:
     using WidgetControl::WidgetControl;
-    void setValue(double) override;
     double value() const override { return widget_ ? widget_->value() : 0; }
 };
 
@@ -31,7 +29,6 @@ class TextViewControl : public WidgetControl<TextView, QPlainTextEdit> {
   public:
     using WidgetControl::WidgetControl;
     void setText(std::string_view) override;
-    std::string text() const override;
 };
 
 /// The radio buttons of a container, in their order in the form; rows count from 0.

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "desktop/controls.h"
-
 #include <QWidget>
 
 class QToolButton;
@@ -9,7 +7,7 @@ class QToolButton;
 namespace chromalog {
 
 /// Two arrow buttons that walk a value up and down, past the ends where it wraps.
-class StepperWidget : public QWidget, public Stepper {
+class StepperWidget : public QWidget {
     Q_OBJECT
     Q_PROPERTY(double value READ value)
     Q_PROPERTY(double minimum READ minimum)
@@ -18,16 +16,11 @@ class StepperWidget : public QWidget, public Stepper {
   public:
     explicit StepperWidget(QWidget* parent = nullptr);
 
-    void configure(double minimum, double maximum, double increment, double value, bool wraps) override;
-    double value() const override { return value_; }
+    void configure(double minimum, double maximum, double increment, double value, bool wraps);
+    double value() const { return value_; }
     double minimum() const { return minimum_; }
     double maximum() const { return maximum_; }
     double increment() const { return increment_; }
-
-    void setEnabled(bool on) override { QWidget::setEnabled(on); }
-    bool enabled() const override { return isEnabled(); }
-    void setHidden(bool hidden) override { QWidget::setHidden(hidden); }
-    bool hidden() const override { return isHidden(); }
 
     void stepForwards() { step(1); } ///< nothing while disabled
     void stepBackwards() { step(-1); }

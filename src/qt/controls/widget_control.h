@@ -16,11 +16,9 @@ template <typename ControlType, typename WidgetType> class WidgetControl : publi
     void setEnabled(bool on) override {
         if (widget_) widget_->setEnabled(on);
     }
-    bool enabled() const override { return widget_ && widget_->isEnabled(); }
     void setHidden(bool hidden) override {
         if (widget_) widget_->setHidden(hidden);
     }
-    bool hidden() const override { return !widget_ || widget_->isHidden(); }
     void setClassName(const char* name) override {
         if (widget_) widget_->setProperty(kClassName, name);
     }
