@@ -79,6 +79,8 @@ class TextView : public Control {
 
 class ScrollView : public Control {
   public:
+    static constexpr int kRowPitch = 22; ///< points; a step of the wheel or of an arrow button
+
     virtual void setVerticalScroller(double) {
     } ///< 0..1; the content at v × (content height − clip height) shows
     virtual double verticalScroller() const { return 0; }

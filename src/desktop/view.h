@@ -38,7 +38,7 @@ struct Accessible {
 struct AccessibleRow {
     std::string name;
     std::string value;
-    bool selected = false;
+    Rect rect; ///< in view coordinates, the full width
 };
 
 /// What shows a view: the toolkit's widget, or the tests' fake. Null while a view is not connected.
@@ -98,6 +98,8 @@ class View : public DragSource {
     virtual Accessible accessible() const { return {}; }
     virtual int accessibleRowCount() const { return 0; }
     virtual AccessibleRow accessibleRow(int) const { return {}; }
+    virtual std::optional<int> accessibleSelectedRow() const { return std::nullopt; }
+    virtual int accessibleRowAt(Point) const { return -1; } ///< may be past the last row
     virtual void selectAccessibleRow(int) {}
     virtual void setAccessibleValue(double) {} ///< sliders
 

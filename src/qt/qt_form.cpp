@@ -58,7 +58,9 @@ struct Connector {
     bool operator()(Outlet<LevelIndicator>* o) const {
         return wrap<LevelIndicatorControl>(o, find<LevelIndicatorWidget>());
     }
-    bool operator()(Outlet<ScrollView>* o) const { return wrap<ScrollViewControl>(o, find<ListScrollArea>()); }
+    bool operator()(Outlet<ScrollView>* o) const {
+        return wrap<ScrollViewControl>(o, find<ListScrollArea>());
+    }
     bool operator()(Outlet<ColorWell>* o) const {
         auto* well = find<ColorWellWidget>();
         if (well) well->setDrags(&desktop.drags());

@@ -1,6 +1,5 @@
 #include "qt/view_accessible.h"
 
-#include "qt/controls/list_scroll_area.h"
 #include "qt/controls/status_label.h"
 #include "qt/controls/well_accessible.h"
 #include "qt/convert.h"
@@ -30,8 +29,11 @@ class RowAccessible : public QAccessibleInterface, public QAccessibleActionInter
     int indexOfChild(const QAccessibleInterface*) const override { return -1; }
     void setText(QAccessible::Text, const QString&) override {}
     QRect rect() const override {
-        if (!list_) return {};
-        return {list_->mapToGlobal(QPoint(0, row_ * kListRowPitch)), QSize(list_->width(), kListRowPitch)};
+        return guarded(QRect(), [this] {
+            if (!isValid()) return QRect();
+            const QRect inList = list_->toWidget(view()->accessibleRow(row_).rect).toRect();
+            return QRect(list_->mapToGlobal(inList.topLeft()), inList.size());
+        });
     }
     QAccessible::Role role() const override { return QAccessible::ListItem; }
     QString text(QAccessible::Text kind) const override try {
@@ -47,7 +49,8 @@ class RowAccessible : public QAccessibleInterface, public QAccessibleActionInter
         QAccessible::State state;
         state.selectable = true;
         state.invalid = !isValid();
-        state.selected = guarded(false, [this] { return isValid() && view()->accessibleRow(row_).selected; });
+        state.selected =
+            guarded(false, [this] { return isValid() && view()->accessibleSelectedRow() == row_; });
         return state;
     }
     void* interface_cast(QAccessible::InterfaceType type) override {
@@ -135,7 +138,8 @@ class ViewAccessible : public QAccessibleWidget, public QAccessibleValueInterfac
     }
     QAccessibleInterface* childAt(int x, int y) const override {
         const QPoint at = widget()->mapFromGlobal(QPoint(x, y));
-        return widget()->rect().contains(at) ? child(at.y() / kListRowPitch) : nullptr;
+        if (!view() || !widget()->rect().contains(at)) return nullptr;
+        return child(view()->accessibleRowAt(static_cast<ViewWidget*>(widget())->toView(at)));
     }
 
     QVariant currentValue() const override { return range() ? QVariant(range()->value) : QVariant(); }

@@ -100,6 +100,10 @@ QPointF ViewWidget::toWidget(Point p) const {
     return {p.x, view_->isFlipped() ? p.y : height() - p.y};
 }
 
+QRectF ViewWidget::toWidget(const Rect& r) const {
+    return QRectF(toWidget(Point{r.x, r.y}), toWidget(Point{r.x + r.w, r.y + r.h})).normalized();
+}
+
 Point ViewWidget::toView(QPointF p) const {
     if (!view_) return {p.x(), p.y()};
     return {p.x(), view_->isFlipped() ? p.y() : height() - p.y()};
@@ -223,9 +227,10 @@ void ViewWidget::keyPressEvent(QKeyEvent* event) try {
 /// The keyboard's menu key opens the menu of the selected row. By mouse the view was told at the press.
 void ViewWidget::contextMenuEvent(QContextMenuEvent* event) try {
     if (!view_ || event->reason() != QContextMenuEvent::Keyboard) return;
-    for (int row = 0; row < view_->accessibleRowCount(); ++row)
-        if (view_->accessibleRow(row).selected)
-            return view_->rightMouseDown({{width() / 2.0, (row + 0.75) * kListRowPitch}});
+    const auto row = view_->accessibleSelectedRow();
+    if (!row) return;
+    const Rect rect = view_->accessibleRow(*row).rect;
+    view_->rightMouseDown({{width() / 2.0, rect.y + 0.75 * rect.h}}); // where a press is the row's too
 } catch (...) {
     mishap();
 }

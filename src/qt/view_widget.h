@@ -25,8 +25,9 @@ class ViewWidget : public QWidget, public ViewHost {
 
     QString className() const; ///< the view's; "View" without one
     /// The same as toWidget, for those who know the toolkit's objects alone.
-    Q_INVOKABLE QPointF widgetPoint(QPointF inView) const { return toWidget({inView.x(), inView.y()}); }
+    Q_INVOKABLE QPointF widgetPoint(QPointF inView) const { return toWidget(Point{inView.x(), inView.y()}); }
     QPointF toWidget(Point inView) const;
+    QRectF toWidget(const Rect& inView) const;
     Point toView(QPointF inWidget) const;
 
     void needsDisplay() override;

@@ -1,8 +1,12 @@
 #include "base/colour_text.h"
 #include "record/name_text.h"
+#include "swatches/swatch_list_geometry.h"
 #include "swatches/swatch_list_view.h"
 
 namespace chromalog {
+
+namespace geometry = swatch_geometry;
+
 namespace {
 
 /// What the row's patch shows, as any colour is told once it is picked.
@@ -29,7 +33,17 @@ Accessible CSwatchList::accessible() const {
 AccessibleRow CSwatchList::accessibleRow(int row) const {
     const FCOStruct* record = recordAt(records(), row);
     if (!record) return {};
-    return {macRomanToUtf8(nameBytes(*record)), spokenColour(*record), row == selectcolor};
+    const Rect rect{0, geometry::kRowPitch * row, bounds().w, geometry::kRowPitch};
+    return {macRomanToUtf8(nameBytes(*record)), spokenColour(*record), rect};
+}
+
+std::optional<int> CSwatchList::accessibleSelectedRow() const {
+    const bool shown = selectcolor < shownRows() && recordAt(records(), selectcolor);
+    return shown ? std::optional<int>(selectcolor) : std::nullopt;
+}
+
+int CSwatchList::accessibleRowAt(Point p) const {
+    return static_cast<int>(p.y / geometry::kRowPitch);
 }
 
 } // namespace chromalog

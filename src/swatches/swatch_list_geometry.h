@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/geometry.h"
+#include "desktop/controls.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -12,7 +13,7 @@ namespace chromalog {
 /// origin.
 namespace swatch_geometry {
 
-inline constexpr double kRowPitch = 22;
+inline constexpr double kRowPitch = ScrollView::kRowPitch; ///< a step scrolls one row
 inline constexpr double kMargin = 5;
 inline constexpr double kPatchWidth = 32;
 inline constexpr double kPatchHeight = 16;

@@ -108,6 +108,8 @@ class CSwatchList : public View {
     Accessible accessible() const override;
     int accessibleRowCount() const override { return shownRows(); }
     AccessibleRow accessibleRow(int row) const override;
+    std::optional<int> accessibleSelectedRow() const override;
+    int accessibleRowAt(Point) const override;
     void selectAccessibleRow(int row) override { selectRow(static_cast<std::int16_t>(row)); }
 
   private:

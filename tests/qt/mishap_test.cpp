@@ -35,7 +35,10 @@ class ThrowingView : public SpyView {
     Accessible accessible() const override { return const_cast<ThrowingView*>(this)->toss(), told; }
     int accessibleRowCount() const override { return 1; }
     AccessibleRow accessibleRow(int) const override {
-        return const_cast<ThrowingView*>(this)->toss(), AccessibleRow{"row", "value", false};
+        return const_cast<ThrowingView*>(this)->toss(), AccessibleRow{"row", "value", {}};
+    }
+    std::optional<int> accessibleSelectedRow() const override {
+        return const_cast<ThrowingView*>(this)->toss(), 0;
     }
     void selectAccessibleRow(int) override { toss(); }
 
@@ -149,6 +152,7 @@ const Call kCalls[] = {
     {"accessible role", [](ViewWidget& w) { accessible(w)->role(); }},
     {"accessible value", [](ViewWidget& w) { accessible(w)->interface_cast(QAccessible::ValueInterface); }},
     {"accessible row", [](ViewWidget& w) { accessible(w)->child(0)->text(QAccessible::Name); }},
+    {"accessible place", [](ViewWidget& w) { accessible(w)->child(0)->rect(); }},
     {"accessible state", [](ViewWidget& w) { accessible(w)->child(0)->state(); }},
     {"accessible action", [](ViewWidget& w) { accessible(w)->child(0)->actionInterface()->doAction({}); }},
 };

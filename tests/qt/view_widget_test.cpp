@@ -43,9 +43,9 @@ TEST_F(ViewWidgetTest, PositionsAreTheViewsOwnAndExact) {
     view.flipped = true;
     mouse(QEvent::MouseButtonPress, {10.25, 20.5});
     EXPECT_EQ(view.places.back(), (Point{10.25, 20.5}));
-    EXPECT_EQ(widget.toWidget({3, 4}), QPointF(3, 4));
+    EXPECT_EQ(widget.toWidget(Point{3, 4}), QPointF(3, 4));
     view.flipped = false;
-    EXPECT_EQ(widget.toWidget({3, 4}), QPointF(3, 46));
+    EXPECT_EQ(widget.toWidget(Point{3, 4}), QPointF(3, 46));
 }
 
 TEST_F(ViewWidgetTest, EveryMoveIsADrag) {
@@ -157,11 +157,15 @@ class ListView : public SpyView {
   public:
     int rows = 3;
     int chosen = -1;
+    mutable std::vector<int> asked; ///< rows
     ListView() { flipped = true; }
     int accessibleRowCount() const override { return rows; }
     AccessibleRow accessibleRow(int row) const override {
-        return {"row " + std::to_string(row), "value", row == 1};
+        asked.push_back(row);
+        return {"row " + std::to_string(row), "value", {0, row * 22.0, bounds().w, 22}};
     }
+    std::optional<int> accessibleSelectedRow() const override { return 1; }
+    int accessibleRowAt(Point p) const override { return int(p.y / 22); }
     void selectAccessibleRow(int row) override { chosen = row; }
     void fit(double height) { setFrame({frame().x, frame().y, frame().w, height}); }
 };
@@ -209,6 +213,7 @@ TEST_F(ViewWidgetTest, ARowIsFoundUnderAPointOfTheScreen) {
     EXPECT_EQ(nameAt(100, 30), "none") << "beside the list";
     EXPECT_EQ(nameAt(5, -1), "none");
     const QRect second = accessible->child(1)->rect();
+    EXPECT_EQ(second, QRect(widget.mapToGlobal(QPoint(0, 22)), QSize(100, 22)));
     EXPECT_EQ(accessible->childAt(second.center().x(), second.center().y()), accessible->child(1));
     widget.setView(nullptr);
 }
@@ -225,6 +230,7 @@ TEST_F(ViewWidgetTest, TheMenuKeyOpensTheSelectedRowsMenu) {
     ASSERT_EQ(list.places.size(), 1U);
     EXPECT_EQ(list.calls.back(), "right");
     EXPECT_EQ(int((list.places[0].y - 5) / 22), 1); // the row that a press there selects
+    EXPECT_THAT(list.asked, ElementsAre(1)) << "no walk over all rows";
     widget.setView(nullptr);
 }
 

@@ -314,10 +314,20 @@ TEST_F(SwatchListView, AssistiveTechnologyReadsRows) {
     EXPECT_EQ(list.accessibleRowCount(), 3);
     EXPECT_EQ(list.accessibleRow(1).name, "swatch 1");
     EXPECT_EQ(list.accessibleRow(1).value, "RGB 1 255 0, #01ff00");
-    EXPECT_FALSE(list.accessibleRow(1).selected);
-    EXPECT_TRUE(list.accessibleRow(2).selected);
+    EXPECT_EQ(list.accessibleSelectedRow(), 2);
+    EXPECT_EQ(list.accessibleRow(1).rect, (Rect{0, 22, list.bounds().w, 22}));
+    EXPECT_EQ(list.accessibleRowAt({3, 21.5}), 0);
+    EXPECT_EQ(list.accessibleRowAt({3, 22}), 1);
     EXPECT_EQ(list.accessibleRow(-1).name, "");
     EXPECT_EQ(list.accessibleRow(5000).name, "");
+}
+
+TEST_F(SwatchListView, ASelectedRowThatIsNotShownIsNone) {
+    fill(3);
+    list.setSelectedColor(3);
+    EXPECT_EQ(list.accessibleSelectedRow(), std::nullopt);
+    list.setSelectedColor(-1);
+    EXPECT_EQ(list.accessibleSelectedRow(), std::nullopt);
 }
 
 TEST_F(SwatchListView, SelectingAnAccessibleRowIsAsAClick) {

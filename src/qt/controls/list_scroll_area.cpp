@@ -1,5 +1,6 @@
 #include "qt/controls/list_scroll_area.h"
 
+#include "desktop/controls.h"
 #include "qt/controls/focus_ring.h"
 #include "qt/mishap.h"
 #include "qt/view_widget.h"
@@ -21,7 +22,7 @@ ListScrollArea::ListScrollArea(QWidget* parent) : QScrollArea(parent) {
     quiet.setColor(QPalette::WindowText, quiet.color(QPalette::Mid));
     setPalette(quiet);
     setFocusPolicy(Qt::NoFocus);
-    verticalScrollBar()->setSingleStep(kListRowPitch);
+    verticalScrollBar()->setSingleStep(ScrollView::kRowPitch);
 }
 
 ViewWidget* ListScrollArea::content() const {

@@ -8,9 +8,6 @@ namespace chromalog {
 
 class ViewWidget;
 
-/// Points a row of a list is high; a step of the wheel or of an arrow button scrolls one.
-constexpr int kListRowPitch = 22;
-
 /// Scrolls one view that sets its own height. The view is always as wide as the clip.
 class ListScrollArea : public QScrollArea {
     Q_OBJECT
