@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/colour.h"
+
 #include <array>
 #include <cstdint>
 #include <optional>
@@ -33,6 +35,9 @@ using RgbWords = std::array<std::uint16_t, 3>;
 constexpr std::uint16_t wordOf(double component) {
     return static_cast<std::uint16_t>(component * 65535.0);
 }
+inline RgbWords wordsOf(const Colour& c) {
+    return {wordOf(c.red()), wordOf(c.green()), wordOf(c.blue())};
+}
 
 /// The 8-bit value that people read for a word, everywhere but in the dialog's value fields and on printed
 /// labels, which truncate: word × 255 / 65535 rounded, so that every 8-bit value comes back from its word.
@@ -42,5 +47,9 @@ constexpr int byteOf(std::uint16_t word) {
 
 std::string hexText(const RgbWords&);    ///< "#e54c19"
 std::string spokenText(const RgbWords&); ///< "RGB 229 76 25, #e54c19"
+/// A colour as assistive technology tells it: the 8-bit values of what OK returns.
+inline std::string spokenText(const Colour& colour) {
+    return spokenText(wordsOf(colour));
+}
 
 } // namespace chromalog

@@ -2,13 +2,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace chromalog {
 namespace {
 
 // Where float and double take turns below, the last bits of the points depend on it, and points are later
 // truncated to whole pixels: every cast is meant.
-constexpr double pi = 3.141592653589793;
+using std::numbers::pi;
 constexpr double radiansPerDegree = 0.017453292519943295;
 constexpr double third = 2.0943951023931953; // 120 degrees
 

@@ -1,5 +1,6 @@
 #include "colour/value_fields.h"
 
+#include "base/channels.h"
 #include "base/number_text.h"
 
 #include <algorithm>
@@ -28,10 +29,6 @@ template <typename Ink> Inks inksOf(const ValueFields& f, Ink ink) {
 }
 
 } // namespace
-
-int eightBit(double component) {
-    return static_cast<int>(component * 255.0);
-}
 
 int inkPercent(std::int16_t hostComponent) {
     return (255 - hostComponent) * 100 / 255;

@@ -18,8 +18,6 @@ struct ValueFields {
 /// Host inks: 0..255 with 255 = no ink; cyan, magenta, yellow, black.
 using Inks = std::array<std::int16_t, 4>;
 
-/// The 8-bit value of a component: component × 255 truncated toward zero.
-int eightBit(double component);
 /// Percent of ink that a host component stands for: (255 − c) × 100 / 255, truncated toward zero.
 int inkPercent(std::int16_t hostComponent);
 /// The ink percentages of 8-bit red, green and blue, asked of the host. Where the conversion fails, the

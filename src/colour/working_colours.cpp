@@ -1,6 +1,7 @@
 #include "colour/working_colours.h"
 
 #include <cstdint>
+#include <numbers>
 
 namespace chromalog {
 namespace {
@@ -89,7 +90,7 @@ void WorkingColours::showFirstColor() {
 }
 
 void WorkingColours::setAlpha(float radians) {
-    alpha2_ = static_cast<float>(radians / 3.141592653589793 / 2.0 * 360.0);
+    alpha2_ = static_cast<float>(radians / std::numbers::pi / 2.0 * 360.0);
 }
 
 void WorkingColours::setLuminosity(float l) {

@@ -1,5 +1,6 @@
 #include "print/page_layout.h"
 
+#include "base/channels.h"
 #include "colour/value_fields.h"
 #include "record/name_text.h"
 
@@ -30,12 +31,6 @@ template <typename... Args> std::string formatted(const char* format, Args... ar
     char text[64];
     std::snprintf(text, sizeof text, format, args...);
     return text;
-}
-
-/// A channel as a fraction, by way of single precision. May lie outside 0..1: texts show it, fills are
-/// clamped.
-double fraction(std::int64_t channel) {
-    return static_cast<float>(channel) / 65535.0;
 }
 
 /// Builds the pages of one job, swatch after swatch.
@@ -69,8 +64,8 @@ class PageBuilder {
     }
 
     PrintCell cell(const FCOStruct& swatch, double x, double y) const {
-        const double red = fraction(swatch.SRed), green = fraction(swatch.SGreen),
-                     blue = fraction(swatch.SBlue);
+        const double red = fractionOf(swatch.SRed), green = fractionOf(swatch.SGreen),
+                     blue = fractionOf(swatch.SBlue);
         const int r8 = printedByte(red), g8 = printedByte(green), b8 = printedByte(blue);
         const auto inks =
             inkPercents({r8, g8, b8}, setting_.services); // the host is asked whatever is printed

@@ -34,8 +34,8 @@ inline constexpr Font kPrintFont{Font::Face::message, 6};
 /// Paints what falls on the sheet; text is black.
 void paintPage(const PrintPage&, Canvas&);
 
-/// A component × 255 truncated to a whole number and cut to 8 bits, as labels show it: 1.0 is 255, 2.0 is
-/// 254.
+/// A component of any size × 255, truncated to a whole number and cut to 8 bits, as labels show it: 1.0 is
+/// 255, 2.0 is 254.
 std::uint8_t printedByte(double component);
 
 } // namespace chromalog

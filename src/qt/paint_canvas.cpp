@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 #include <optional>
 
 namespace chromalog {
@@ -25,7 +26,7 @@ std::optional<Path> grownRingSector(const Path& path, double margin) {
     const bool closesARing = e[0].p == e[1].p && e[0].start == e[1].end && e[0].end == e[1].start &&
                              !e[0].clockwise && e[1].clockwise;
     const double outer = e[0].radius + margin, inner = e[1].radius - margin;
-    const double degrees = 180 / 3.141592653589793;
+    const double degrees = 180 / std::numbers::pi;
     const double atOuter = std::asin(margin / outer) * degrees;
     const double atInner =
         std::asin(std::min(margin / inner, 1.0)) * degrees; // a side is a parallel to the radius

@@ -1,5 +1,6 @@
 #include "swatches/nearest_display.h"
 
+#include "base/channels.h"
 #include "record/name_text.h"
 #include "swatches/nearest.h"
 
@@ -18,9 +19,8 @@ void NearestDisplay::getNearFco(const CSwatchList& swatch1, const Colour& second
     float distance = 0;
     const FCOStruct* record = recordAt(swatch1.records(), swatch1.getNearColor(secondColor, distance));
     if (!record) return;
-    const auto component = [](std::int64_t channel) { return static_cast<float>(channel) / 65535.0; };
     const Colour colour =
-        Colour::rgb(component(record->SRed), component(record->SGreen), component(record->SBlue));
+        Colour::rgb(fractionOf(record->SRed), fractionOf(record->SGreen), fractionOf(record->SBlue));
     nearColor->setColor(colour);
     showRgb(near, colour);
     showCmyk(near, colour, services);

@@ -1,6 +1,6 @@
 #include "swatches/sort.h"
 
-#include "base/colour.h"
+#include "base/channels.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -79,9 +79,8 @@ void sortByName(ListRecords shown) {
 }
 
 float hueOf(const FCOStruct& record) {
-    const auto component = [](std::int64_t channel) { return static_cast<float>(channel) / 65535.0; };
     return static_cast<float>(
-        Colour::rgb(component(record.SRed), component(record.SGreen), component(record.SBlue)).hue());
+        Colour::rgb(fractionOf(record.SRed), fractionOf(record.SGreen), fractionOf(record.SBlue)).hue());
 }
 
 void sortByHue(ListRecords shown) {

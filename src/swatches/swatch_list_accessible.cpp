@@ -13,7 +13,7 @@ namespace {
 std::string spokenColour(const FCOStruct& record) {
     float rgba[4];
     CSwatchList::objRGBToCGColor(CSwatchList::bufferColorOf(record), rgba);
-    return spokenText({wordOf(rgba[0]), wordOf(rgba[1]), wordOf(rgba[2])});
+    return spokenText(Colour::rgb(rgba[0], rgba[1], rgba[2]));
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 #include "views/chart_view.h"
 
-#include "views/accessible_colour.h"
+#include "base/colour_text.h"
 #include "views/arrow_keys.h"
 
 namespace chromalog {
@@ -55,7 +55,7 @@ Accessible chartView::accessible() const {
     Accessible a;
     a.role = Accessible::Role::chart;
     a.name = accessibleName();
-    a.value = selectedColor_ ? accessibleColour(*selectedColor_) : "no color picked";
+    a.value = selectedColor_ ? spokenText(*selectedColor_) : "no color picked";
     a.description =
         "Arrow keys pick the next cell, with Shift the tenth. Drag to carry the picked color away.";
     return a;

@@ -1,6 +1,6 @@
 #include "views/chromatic_circle_view.h"
 
-#include "views/accessible_colour.h"
+#include "base/colour_text.h"
 #include "views/arrow_keys.h"
 
 #include <algorithm>
@@ -161,7 +161,7 @@ Accessible chromaticCircleView::accessible() const {
     Accessible a;
     a.role = Accessible::Role::colourChooser;
     a.name = "Color wheel";
-    a.value = accessibleColour(colours_.getSecondColor());
+    a.value = spokenText(colours_.getSecondColor());
     a.description =
         "Hue and saturation of the second color. Arrow keys move the point, with Shift ten times as far.";
     return a;

@@ -1,6 +1,6 @@
 #include "views/luminosity_view.h"
 
-#include "views/accessible_colour.h"
+#include "base/colour_text.h"
 #include "views/arrow_keys.h"
 
 #include <algorithm>
@@ -72,7 +72,7 @@ Accessible luminosityView::accessible() const {
     Accessible a;
     a.role = Accessible::Role::slider;
     a.name = "Luminosity";
-    a.value = accessibleColour(colours_.getSecondColor());
+    a.value = spokenText(colours_.getSecondColor());
     a.description = "Brightness of the second color in percent. Arrow keys change it by 1, with Shift by 10.";
     a.range = {percent(), 0, 100, 1};
     return a;

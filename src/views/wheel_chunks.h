@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/channels.h"
+
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -17,8 +19,8 @@ struct BrightnessScale {
 
     /// Brightness in 0..1.
     explicit BrightnessScale(float brightness)
-        : top(static_cast<std::uint32_t>(brightness * 255.0)), scale(static_cast<float>(brightness * 255.0)) {
-    }
+        : top(static_cast<std::uint32_t>(eightBit(brightness))),
+          scale(static_cast<float>(brightness * 255.0)) {}
 
     std::uint32_t fixed(float factor) const { return std::bit_cast<std::uint32_t>(factor * scale + offset); }
     /// Bit fractionBits - 1 tells whether all bits of the fraction are zero; the other bits mean nothing.

@@ -1,23 +1,24 @@
 #include "views/wheel_picture.h"
 
+#include "base/channels.h"
+
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace chromalog {
 namespace {
 
-constexpr double pi = 3.141592653589793;
 constexpr double backgroundBrightness = 0.93;
 constexpr float opaqueSaturation = 0.9999f; // outside of it the disc fades out
 constexpr std::uint32_t opaqueBlack = 0xFF000000u;
 
 std::uint32_t byteOf(double component) {
-    return static_cast<std::uint32_t>(component * 255);
+    return static_cast<std::uint32_t>(eightBit(component));
 }
 
 std::uint32_t wordOf(const Colour& c, float alpha) {
-    const auto a = static_cast<std::uint32_t>(alpha * 255);
-    return a << 24 | byteOf(c.red()) << 16 | byteOf(c.green()) << 8 | byteOf(c.blue());
+    return byteOf(alpha) << 24 | byteOf(c.red()) << 16 | byteOf(c.green()) << 8 | byteOf(c.blue());
 }
 
 std::uint32_t background() {
@@ -51,7 +52,7 @@ void getColorWheelValue(int x, int y, float* hue, float* saturation, float radiu
     const float nx = (x - radius) / radius;
     const float ny = (y - radius) / radius;
     *saturation = std::sqrt(nx * nx + ny * ny);
-    *hue = static_cast<float>(std::acos(nx / *saturation) / pi / 2.0);
+    *hue = static_cast<float>(std::acos(nx / *saturation) / std::numbers::pi / 2.0);
     if (ny < 0) *hue = 1 - *hue;
 }
 
@@ -76,7 +77,7 @@ void WheelPicture::render(int size, float brightness) {
     size = std::max(size, 0);
     if (size != bitmap_.width) measure(size);
     const float held = brightness > 0 ? std::min(brightness, 1.0f) : 0; // as a colour holds it
-    if (held * 255.0 < 1)                                               // so is every byte
+    if (byteOf(held) == 0)                                              // so is every byte
         for (const RowSpan& span : spans_)
             std::fill_n(&bitmap_.pixels[span.first], span.length, opaqueBlack);
     else
@@ -130,7 +131,7 @@ void WheelPicture::measureRow(int row) {
         runs_.back().end = x + 1;
         const float alpha = alphaOf(saturation);
         if (alpha == 1) continue;
-        const auto word = static_cast<std::uint32_t>(alpha * 255) << 24;
+        const auto word = byteOf(alpha) << 24;
         rim_.push_back({start + x, word});
         if (mirrors) rim_.push_back({mirror + x, word});
     }

@@ -104,8 +104,14 @@ TEST(ColourText, WordsAreTruncatedAsOkReturnsThem) {
 TEST(ColourText, WritesHexAndSpokenValues) {
     EXPECT_EQ(hexText({58981, 19660, 6553}), "#e54c19");
     EXPECT_EQ(hexText({0, 1 * 257, 16 * 257}), "#000110");
-    EXPECT_EQ(spokenText({0xF8F8, 0xF9F9, 0xFAFA}), "RGB 248 249 250, #f8f9fa");
-    EXPECT_EQ(spokenText({65535, 65535, 65535}), "RGB 255 255 255, #ffffff");
+    EXPECT_EQ(spokenText(RgbWords{0xF8F8, 0xF9F9, 0xFAFA}), "RGB 248 249 250, #f8f9fa");
+    EXPECT_EQ(spokenText(RgbWords{65535, 65535, 65535}), "RGB 255 255 255, #ffffff");
+}
+
+TEST(ColourText, AColourIsTheOneThatOkReturns) {
+    EXPECT_EQ(spokenText(Colour::rgb(0.9, 0.3, 0.1)), "RGB 229 76 25, #e54c19");
+    EXPECT_EQ(spokenText(Colour::rgb(1, 0, 1)), "RGB 255 0 255, #ff00ff");
+    EXPECT_EQ(spokenText(Colour::rgb(0.999, 0.4999, 0.001)), "RGB 255 127 0, #ff7f00");
 }
 
 TEST(ColourText, NamesAreSortedForTheSearch) {

@@ -9,6 +9,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstring>
+#include <numbers>
 #include <random>
 
 namespace chromalog {
@@ -79,12 +80,12 @@ bool agree(Size view, Point selected, float spread) {
 
 /// Counter-clockwise from positive x, degrees 0..360.
 double angleOf(Size view, Point p) {
-    const double degrees = std::atan2(p.y - view.h / 2, p.x - view.w / 2) * 180 / 3.141592653589793;
+    const double degrees = std::atan2(p.y - view.h / 2, p.x - view.w / 2) * 180 / std::numbers::pi;
     return degrees < 0 ? degrees + 360 : degrees;
 }
 
 Point at(Size view, double degrees, double radius) {
-    const double a = degrees * 3.141592653589793 / 180;
+    const double a = degrees * std::numbers::pi / 180;
     return {view.w / 2 + radius * std::cos(a), view.h / 2 + radius * std::sin(a)};
 }
 

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <numbers>
 
 namespace chromalog {
 namespace {
@@ -202,7 +203,7 @@ TEST_F(ToneView, KeysWalkTheRingsAndSectors) {
     };
     EXPECT_EQ(centre(), (Point{80, 80}));
     const auto expectAt = [&](int ring, int sector) {
-        const double angle = (sector + 0.5) * 11.25 * 3.141592653589793 / 180;
+        const double angle = (sector + 0.5) * 11.25 * std::numbers::pi / 180;
         EXPECT_NEAR(centre().x, 80 + 10 * (ring + 0.5) * std::cos(angle), 1e-9);
         EXPECT_NEAR(centre().y, 80 + 10 * (ring + 0.5) * std::sin(angle), 1e-9);
     };

@@ -1,10 +1,10 @@
 #include "qt/controls/color_well_widget.h"
 
+#include "base/colour_text.h"
 #include "qt/controls/focus_ring.h"
 #include "qt/convert.h"
 #include "qt/drags.h"
 #include "qt/mishap.h"
-#include "views/accessible_colour.h"
 
 #include <QAccessible>
 #include <QAction>
@@ -44,7 +44,7 @@ QVariantList ColorWellWidget::rgba() const {
 }
 
 QString ColorWellWidget::valueText() const {
-    return toQt(accessibleColour(colour_));
+    return toQt(spokenText(colour_));
 }
 
 void ColorWellWidget::copyAsHex() try {
