@@ -154,7 +154,7 @@ std::map<std::string, std::string> optionsGiven(const CLI::App& app) {
 
 void readTables(CommandLine& line) {
     const auto text = [&line](const char* key) {
-        return line.given.count(key) ? line.given.at(key) : std::string();
+        return line.given.contains(key) ? line.given.at(key) : std::string();
     };
     if (const auto format = kFormats.find(text("format")); format != kFormats.end())
         line.format = format->second;
@@ -236,7 +236,7 @@ std::optional<CommandLine> parseCommandLine(int argc, const char* const* argv, i
     }
     readTables(line);
     const auto parsed = readColour(colour, line.scale);
-    const bool both = line.given.count("accept") && line.given.count("cancel");
+    const bool both = line.given.contains("accept") && line.given.contains("cancel");
     if (!parsed || both) {
         exitCode = complain(both ? "--accept excludes --cancel" : wrongColour(colour));
         return std::nullopt;
