@@ -57,7 +57,7 @@ void stepAfterOneEdit(benchmark::State& state) {
         record->swatchList1[row++ % 4999].SRed ^= 1;
         push(stack, *record);
     }
-    state.counters["held"] = static_cast<double>(stack.heldBytes());
+    state.counters["stored"] = static_cast<double>(stack.storedBytes());
 }
 
 void stepAfterAWholeListChange(benchmark::State& state) {
@@ -77,7 +77,7 @@ void stepAfterAWholeListChange(benchmark::State& state) {
         state.ResumeTiming();
         push(stack, *record);
     }
-    state.counters["held"] = static_cast<double>(stack.heldBytes());
+    state.counters["stored"] = static_cast<double>(stack.storedBytes());
 }
 
 void firstStepOfAPick(benchmark::State& state) {

@@ -112,9 +112,9 @@ void readThroughStdio(benchmark::State& state) {
         for (int i = 0; i < count; ++i) {
             FCOStruct& record = list()[static_cast<std::size_t>(i)];
             if (std::fread(colour, 1, 10, file) != 10 || std::fread(length, 1, 4, file) != 4) std::abort();
-            record.SRed = bigEndianWord(colour + 2);
-            record.SGreen = bigEndianWord(colour + 4);
-            record.SBlue = bigEndianWord(colour + 6);
+            record.SRed = bigEndian16(colour + 2);
+            record.SGreen = bigEndian16(colour + 4);
+            record.SBlue = bigEndian16(colour + 6);
             record.Namen[0] = static_cast<std::uint8_t>(length[3] - 1);
             for (int k = 1; k <= record.Namen[0] + 1; ++k) {
                 if (std::fread(unit, 1, 2, file) != 2) std::abort();

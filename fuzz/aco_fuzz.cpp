@@ -7,7 +7,7 @@ namespace chromalog {
 namespace {
 
 /// Every book has the file itself as its contents.
-class EchoShelf : public ColourBookShelf {
+class EchoShelf : public ColourBookRegistry {
   public:
     explicit EchoShelf(Bytes file) : file_(file) {}
     std::optional<std::vector<std::uint8_t>> readBook(std::string_view) const override {

@@ -5,7 +5,7 @@
 namespace chromalog {
 namespace {
 
-class OneBook : public ColourBookShelf {
+class OneBook : public ColourBookRegistry {
   public:
     explicit OneBook(Bytes file) : file_(file) {}
     std::optional<std::vector<std::uint8_t>> readBook(std::string_view) const override {
@@ -48,8 +48,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     BookColour colour;
     for (int i = 0; i < std::min<int>(book.count(), 100) && book.next(colour); ++i)
         expectSameAsWalking(index, file, colour.key);
-    const OneBook shelf(file);
-    BookLookup lookup(shelf, fuzz::convert);
+    const OneBook registry(file);
+    BookLookup lookup(registry, fuzz::convert);
     lookup.getValueFromAse(space, key);
     lookup.meetUnknownSpace(space);
     lookup.getValueFromAse(10, key);

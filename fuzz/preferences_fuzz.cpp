@@ -24,7 +24,7 @@ std::vector<std::uint8_t> fileFrom(Bytes input) {
 
 /// What the dialog reads of a list at its start, under the count that it was told.
 void readList(ListRecords records, std::int16_t count) {
-    for (FCOStruct& record : records.first(static_cast<std::size_t>(heldCount(count)))) {
+    for (FCOStruct& record : records.first(static_cast<std::size_t>(clampedCount(count)))) {
         terminateName(record);
         if (record.Namen[0] != 0)
             fuzz::require(!macRomanToUtf8(nameBytes(record)).empty(), "a name is shown");

@@ -6,7 +6,7 @@
 #include "qt/fonts.h"
 #include "qt/view_widget.h"
 #include "record/name_text.h"
-#include "support/headless_desktop.h"
+#include "support/list_delegate.h"
 #include "swatches/swatch_list_geometry.h"
 #include "swatches/swatch_list_view.h"
 
@@ -25,28 +25,18 @@
 namespace chromalog {
 namespace {
 
-constexpr int kWidth = 200, kHeight = 400, kRow = 22;
+constexpr int kWidth = 200, kHeight = 400, kRow = ScrollView::kRowPitch;
 
 struct Offscreen {
     Offscreen() { ::setenv("QT_QPA_PLATFORM", "offscreen", 0); }
 };
 
-class QuietDelegate : public CSwatchListDelegate {
+class QuietDelegate : public test::ListDelegate {
   public:
-    test::HeadlessDesktop screen;
-    ScrollView noScroller;
-    Menu noMenu;
     Desktop& desktop() override {
         screen.logLines.clear(); // a line a draw would fill the memory
         return screen;
     }
-    void setFirstColor(CSwatchList&, std::int16_t) override {}
-    bool isFirstColorId(const Colour&, std::int16_t, std::string&) override { return false; }
-    void activateKnobs(CSwatchList&, double) override {}
-    void setUndoablePosition(std::string_view) override {}
-    ListRecords list1Records() override { return {}; }
-    ScrollView& scroller(CSwatchList&) override { return noScroller; }
-    Menu& menu(CSwatchList&) override { return noMenu; }
 };
 
 std::unique_ptr<FCOStruct[]> swatches(int count) {

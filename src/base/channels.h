@@ -19,11 +19,17 @@ constexpr double fractionOf(std::int64_t channel) {
     return static_cast<float>(channel) / 65535.0;
 }
 
+/// The same for what a chosen swatch makes the first colour: the channel's low 32 bits, unsigned, all in
+/// single precision, so a hair away from fractionOf and far above 1 for a negative one. Kept.
+constexpr float unsignedFractionOf(std::int64_t channel) {
+    return static_cast<float>(static_cast<std::uint32_t>(channel)) / 65535.0f;
+}
+
 /// The high bytes of 16-bit components, as the host converts them.
-constexpr std::array<std::int16_t, 4> highBytes(std::span<const std::uint16_t, 4> words) {
+constexpr std::array<std::int16_t, 4> highBytes(std::span<const std::uint16_t, 4> channels) {
     std::array<std::int16_t, 4> bytes{};
     for (std::size_t i = 0; i < bytes.size(); ++i)
-        bytes[i] = static_cast<std::int16_t>(words[i] >> 8);
+        bytes[i] = static_cast<std::int16_t>(channels[i] >> 8);
     return bytes;
 }
 

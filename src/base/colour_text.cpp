@@ -27,13 +27,13 @@ const NamedSpace* spaceOf(std::string_view name) {
     return found == std::end(kSpaces) ? nullptr : found;
 }
 
-std::uint16_t word(std::uint32_t byte) {
+std::uint16_t channelOfByte(std::uint32_t byte) {
     return static_cast<std::uint16_t>((byte & 0xFF) * 257);
 }
 
 WrittenColour fromBytes(std::uint32_t rgb) {
     WrittenColour c;
-    c.components = {word(rgb >> 16), word(rgb >> 8), word(rgb), 0};
+    c.components = {channelOfByte(rgb >> 16), channelOfByte(rgb >> 8), channelOfByte(rgb), 0};
     return c;
 }
 
@@ -56,7 +56,7 @@ std::optional<WrittenColour> readHex(std::string_view digits, WithAlpha withAlph
     case 8: {
         if (withAlpha == WithAlpha::no) return std::nullopt;
         WrittenColour c = fromBytes(*value >> 8);
-        c.alpha = word(*value);
+        c.alpha = channelOfByte(*value);
         return c;
     }
     default:
@@ -116,14 +116,14 @@ std::string missingComponents(std::string_view text) {
     return space ? missingIn(text.substr(colon + 1), *space) : std::string();
 }
 
-std::string hexText(const RgbWords& rgb) {
+std::string hexText(const RgbChannels& rgb) {
     char text[8];
     std::snprintf(text, sizeof text, "#%06x",
                   static_cast<unsigned>(byteOf(rgb[0]) << 16 | byteOf(rgb[1]) << 8 | byteOf(rgb[2])));
     return text;
 }
 
-std::string spokenText(const RgbWords& rgb) {
+std::string spokenText(const RgbChannels& rgb) {
     char text[32];
     std::snprintf(text, sizeof text, "RGB %d %d %d, ", byteOf(rgb[0]), byteOf(rgb[1]), byteOf(rgb[2]));
     return text + hexText(rgb);

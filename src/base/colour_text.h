@@ -22,34 +22,35 @@ enum class WithAlpha { no, yes };
 
 /// Reads #rrggbb, #rgb, a CSS colour name (any case), or SPACE:c0,c1,... with SPACE one of rgb hsb cmyk lab
 /// gray and as many decimal components 0..65535 as the space has, up to four; #rrggbbaa where asked. A byte b
-/// is the word b * 257. Nothing for any other text.
+/// is the channel b * 257. Nothing for any other text.
 std::optional<WrittenColour> readWrittenColour(std::string_view text, WithAlpha = WithAlpha::no);
 
 /// What a text of the last form lacks: "missing: green, blue". Empty for every other text.
 std::string missingComponents(std::string_view text);
 
 /// 16-bit red, green and blue, as the picker record holds them.
-using RgbWords = std::array<std::uint16_t, 3>;
+using RgbChannels = std::array<std::uint16_t, 3>;
 
 /// What OK returns for a component in 0..1: component × 65535, truncated.
-constexpr std::uint16_t wordOf(double component) {
+constexpr std::uint16_t channelOf(double component) {
     return static_cast<std::uint16_t>(component * 65535.0);
 }
-inline RgbWords wordsOf(const Colour& c) {
-    return {wordOf(c.red()), wordOf(c.green()), wordOf(c.blue())};
+inline RgbChannels channelsOf(const Colour& c) {
+    return {channelOf(c.red()), channelOf(c.green()), channelOf(c.blue())};
 }
 
-/// The 8-bit value that people read for a word, everywhere but in the dialog's value fields and on printed
-/// labels, which truncate: word × 255 / 65535 rounded, so that every 8-bit value comes back from its word.
-constexpr int byteOf(std::uint16_t word) {
-    return (word + 128) / 257; // 257 is odd: no ties
+/// The 8-bit value that people read for a 16-bit channel, everywhere but in the dialog's value fields and on
+/// printed labels, which truncate: channel × 255 / 65535 rounded, so that every 8-bit value comes back from
+/// its channel.
+constexpr int byteOf(std::uint16_t channel) {
+    return (channel + 128) / 257; // 257 is odd: no ties
 }
 
-std::string hexText(const RgbWords&);    ///< "#e54c19"
-std::string spokenText(const RgbWords&); ///< "RGB 229 76 25, #e54c19"
+std::string hexText(const RgbChannels&);    ///< "#e54c19"
+std::string spokenText(const RgbChannels&); ///< "RGB 229 76 25, #e54c19"
 /// A colour as assistive technology tells it: the 8-bit values of what OK returns.
 inline std::string spokenText(const Colour& colour) {
-    return spokenText(wordsOf(colour));
+    return spokenText(channelsOf(colour));
 }
 
 } // namespace chromalog

@@ -18,7 +18,7 @@ std::int16_t firstInk(const Outlet<TextField>& field) {
 }
 
 std::int16_t secondInk(const Outlet<TextField>& field) {
-    // Held well inside 64 bits before the product; 16 bits saturate far earlier.
+    // Clamped well inside 64 bits before the product; 16 bits saturate far earlier.
     constexpr std::int64_t bound = 1'000'000'000;
     const std::int64_t percent = std::clamp(integerValue(field->text()), -bound, bound);
     return saturated16(static_cast<double>((100 - percent) * 255 / 100));

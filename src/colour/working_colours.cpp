@@ -1,17 +1,11 @@
 #include "colour/working_colours.h"
 
+#include "base/channels.h"
+
 #include <cstdint>
 #include <numbers>
 
 namespace chromalog {
-namespace {
-
-float channelFraction(std::int64_t channel) {
-    return static_cast<float>(static_cast<std::uint32_t>(channel)) / 65535.0f;
-}
-
-} // namespace
-
 std::vector<OutletEntry> WorkingColours::table() {
     return {
         {"firstR", &first.R},
@@ -189,8 +183,8 @@ void WorkingColours::updateSecondColor() {
 }
 
 void WorkingColours::setFirstColor(const FCOStruct& swatch, const std::string& name) {
-    firstColor_ = Colour::rgb(channelFraction(swatch.SRed), channelFraction(swatch.SGreen),
-                              channelFraction(swatch.SBlue));
+    firstColor_ = Colour::rgb(unsignedFractionOf(swatch.SRed), unsignedFractionOf(swatch.SGreen),
+                              unsignedFractionOf(swatch.SBlue));
     origFirstColor->setColor(firstColor_);
     colorName->setText(name);
     showRgb(first, firstColor_);

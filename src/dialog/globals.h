@@ -9,7 +9,7 @@ class ChromalogControler;
 class ProtocolControler;
 class PrintOptionController;
 
-/// The process-wide pointers, read by the plug-in's entry and the controllers alone. Null outside a pick,
+/// The process-wide pointers, read by the pick and the controllers alone. Null outside a pick,
 /// apart from sSPBasic.
 extern GlobalRecord* gData;
 extern SPBasicSuite* sSPBasic;

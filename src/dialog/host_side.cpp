@@ -21,7 +21,7 @@ Colour takeHostColour(PickerRecord& record) {
 }
 
 void returnColour(PickerRecord& record, const Colour& colour) {
-    std::ranges::copy(wordsOf(colour), record.pickParms.colorComponents); // the fourth stays
+    std::ranges::copy(channelsOf(colour), record.pickParms.colorComponents); // the fourth stays
 }
 
 std::string hostBooks(const PickerRecord& record, const Desktop& desktop) {

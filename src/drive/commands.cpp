@@ -18,12 +18,12 @@
 namespace chromalog::drive {
 namespace {
 
-Spot spotAt(const Command& c, std::size_t outlet) {
-    return spotOf(reachableOutlet(c.text(outlet)), c.point(outlet + 1));
+PointerTarget targetAt(const Command& c, std::size_t outlet) {
+    return targetOf(reachableOutlet(c.text(outlet)), c.point(outlet + 1));
 }
 
 /// Where a person would click the control: in the middle; check boxes take clicks near their mark alone.
-Spot clickSpot(QWidget& control) {
+PointerTarget clickTarget(QWidget& control) {
     const bool mark = qobject_cast<QCheckBox*>(&control) || qobject_cast<QRadioButton*>(&control);
     if (!mark) return middleOf(control);
     return {&control, {std::min(control.width(), control.height()) / 2.0, control.height() / 2.0}};
@@ -89,42 +89,42 @@ bool Commands::leavesMenuOpen(const Command& c) const {
     }
 }
 
-void Commands::clickHeld(const Spot& spot, bool alt) {
+void Commands::clickWith(const PointerTarget& target, bool alt) {
     const auto before = dialog_.keyboard();
     if (alt) dialog_.keyboard() = [] { return Qt::KeyboardModifiers(Qt::AltModifier); };
-    click(spot, alt ? Qt::AltModifier : Qt::NoModifier);
+    click(target, alt ? Qt::AltModifier : Qt::NoModifier);
     dialog_.keyboard() = before;
 }
 
 void Commands::clickAt(const Command& c) {
-    clickHeld(spotAt(c, 0), c.has(3));
+    clickWith(targetAt(c, 0), c.has(3));
 }
 
 /// A view opens its menu at the press, other controls when the window system asks for one. A menu that opened
 /// took the release as well.
-void Commands::rightClick(const Spot& spot) {
+void Commands::rightClick(const PointerTarget& target) {
     const auto before = std::pair(performed_, waitingFor_);
     const auto menuCame = [&] {
         return std::pair(performed_, waitingFor_) != before || QApplication::activePopupWidget();
     };
-    drive::press(spot, Qt::RightButton, Qt::NoModifier);
-    if (!menuCame()) askForMenu(spot);
-    if (!menuCame()) drive::release(spot, Qt::RightButton, Qt::NoModifier);
+    drive::press(target, Qt::RightButton, Qt::NoModifier);
+    if (!menuCame()) askForMenu(target);
+    if (!menuCame()) drive::release(target, Qt::RightButton, Qt::NoModifier);
 }
 
 void Commands::rightClickAt(const Command& c) {
-    rightClick(spotAt(c, 0));
+    rightClick(targetAt(c, 0));
 }
 
 void Commands::press(const Command& c) {
     if (findOutlet(toQt(c.text(0))))
-        clickHeld(clickSpot(reachableOutlet(c.text(0))), c.has(1));
+        clickWith(clickTarget(reachableOutlet(c.text(0))), c.has(1));
     else
         pressOperation(toQt(c.text(0)), c.has(1));
 }
 
 void Commands::pressOperation(const QString& operation, bool alt) {
-    if (QWidget* control = controlSending(operation)) return clickHeld(clickSpot(*control), alt);
+    if (QWidget* control = controlSending(operation)) return clickWith(clickTarget(*control), alt);
     if (QMenu* open = openMenu(); open && itemOf(*open, operation)) return choose(*open, operation);
     const auto [menu, action] = itemSending(operation);
     if (menu) return openContextMenu(reachableOutlet(fromQt(ownerOf(*menu))), operation);
@@ -135,7 +135,7 @@ void Commands::pressEither(const QString& operation, const QString& other) {
     QWidget* control = controlSending(operation);
     if (!control) control = controlSending(other);
     if (!control) throw CommandError{"no visible control sends '" + fromQt(operation) + "'"};
-    clickHeld(clickSpot(*control), false);
+    clickWith(clickTarget(*control), false);
 }
 
 void Commands::ok(const Command&) {
@@ -158,7 +158,7 @@ void Commands::openContextMenu(QWidget& outlet, const QString& operation) {
     const Rect row = dialog_.selectedRow(outlet);
     const double y = std::clamp(row.y + row.h / 2, 0.0, outlet.height() - 1.0);
     waitingFor_ = operation;
-    rightClick(spotOf(outlet, {outlet.width() / 2.0, y}));
+    rightClick(targetOf(outlet, {outlet.width() / 2.0, y}));
     if (std::exchange(waitingFor_, std::nullopt))
         throw CommandError{fromQt(outlet.objectName()) + " opened no context menu"};
 }
@@ -171,15 +171,15 @@ bool Commands::chooseWaitingItem() {
 }
 
 void Commands::drag(const Command& c) {
-    const Spot from = spotAt(c, 0);
+    const PointerTarget from = targetAt(c, 0);
     QWidget& target = reachableOutlet(c.text(3));
-    const auto to = [&target, at = c.point(4)] { return spotOf(target, at); };
+    const auto to = [&target, at = c.point(4)] { return targetOf(target, at); };
     HandOver handOver(dialog_.dragLoop(), to);
     drive::press(from, Qt::LeftButton, Qt::NoModifier);
     const QPointF beyond = from.at + QPointF(QApplication::startDragDistance(), 0);
     moveTo({from.widget, beyond}, Qt::LeftButton, Qt::NoModifier);
     if (handOver.happened() || !from.widget) return; // a drag takes the release with it
-    const Spot end = to();
+    const PointerTarget end = to();
     const QPointF at = from.widget->mapFromGlobal(end.widget->mapToGlobal(end.at));
     moveTo({from.widget, at}, Qt::LeftButton, Qt::NoModifier);
     if (!handOver.happened()) drive::release({from.widget, at}, Qt::LeftButton, Qt::NoModifier);
@@ -189,12 +189,12 @@ void Commands::sweep(const Command& c) {
     QWidget& outlet = reachableOutlet(c.text(0));
     const Point from = c.point(1), to = c.point(3);
     const double steps = c.number(5);
-    const Spot start = spotOf(outlet, from);
+    const PointerTarget start = targetOf(outlet, from);
     const auto at = [&](double step) {
         const Point p{from.x + (to.x - from.x) * step / steps, from.y + (to.y - from.y) * step / steps};
-        return Spot{start.widget, start.widget->mapFrom(&outlet, widgetPoint(outlet, p))};
+        return PointerTarget{start.widget, start.widget->mapFrom(&outlet, widgetPoint(outlet, p))};
     };
-    HandOver handOver(dialog_.dragLoop(), [&] { return spotOf(outlet, to); });
+    HandOver handOver(dialog_.dragLoop(), [&] { return targetOf(outlet, to); });
     drive::press(start, Qt::LeftButton, Qt::NoModifier);
     for (double step = 1; step <= steps && !handOver.happened() && start.widget; ++step)
         moveTo(at(step), Qt::LeftButton, Qt::NoModifier);

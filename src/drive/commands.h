@@ -36,7 +36,7 @@ class Commands {
   private:
     void clickAt(const Command&);
     void rightClickAt(const Command&);
-    void rightClick(const Spot&);
+    void rightClick(const PointerTarget&);
     void press(const Command&);
     void drag(const Command&);
     void sweep(const Command&);
@@ -53,7 +53,7 @@ class Commands {
     void picture(const Command&);
     void state(const Command&);
 
-    void clickHeld(const Spot&, bool alt);
+    void clickWith(const PointerTarget&, bool alt);
     void pressOperation(const QString& operation, bool alt);
     void pressEither(const QString& operation, const QString& other);
     void openContextMenu(QWidget& outlet, const QString& operation);

@@ -119,7 +119,7 @@ void Commands::key(const Command& c) {
     if (!window) window = QApplication::activeModalWidget();
     if (!window) throw CommandError{"no window takes keys"};
     const auto before = dialog_.keyboard();
-    if (stroke->modifiers) dialog_.keyboard() = [held = stroke->modifiers] { return held; };
+    if (stroke->modifiers) dialog_.keyboard() = [keys = stroke->modifiers] { return keys; };
     strike(*window, *stroke);
     dialog_.keyboard() = before;
 }
@@ -137,7 +137,7 @@ Colour Commands::rgbOf(const WrittenColour& written) const {
 }
 
 void Commands::drop(const Command& c) {
-    const Spot target = spotOf(reachableOutlet(c.text(0)), c.point(1));
+    const PointerTarget target = targetOf(reachableOutlet(c.text(0)), c.point(1));
     QMimeData data; // as another program offers it: no exact doubles, no source
     data.setColorData(toQt(rgbOf(c.colour(3))));
     if (c.has(4)) data.setText(toQt(c.text(4)));

@@ -9,7 +9,7 @@
 
 namespace chromalog::drive {
 
-Qt::DropAction offer(const QMimeData& data, const Spot& target) {
+Qt::DropAction offer(const QMimeData& data, const PointerTarget& target) {
     if (!target.widget) return Qt::IgnoreAction;
     const QPoint near =
         target.at.toPoint(); // entering and moving know whole pixels alone, a drop the exact point
@@ -29,7 +29,7 @@ Qt::DropAction offer(const QMimeData& data, const Spot& target) {
     return drop.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
 }
 
-HandOver::HandOver(std::function<Qt::DropAction(QDrag&)>& loop, std::function<Spot()> target)
+HandOver::HandOver(std::function<Qt::DropAction(QDrag&)>& loop, std::function<PointerTarget()> target)
     : loop_(loop), target_(std::move(target)), before_(std::move(loop)) {
     loop_ = [this](QDrag& drag) {
         happened_ = true;

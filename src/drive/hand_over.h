@@ -12,13 +12,13 @@ namespace chromalog::drive {
 /// Offers the data to the widget as a drag does that enters it, moves to the point and is dropped there.
 /// Works the same on platforms without drags. The action that the target took; Qt::IgnoreAction where it
 /// refused.
-Qt::DropAction offer(const QMimeData&, const Spot& target);
+Qt::DropAction offer(const QMimeData&, const PointerTarget& target);
 
 /// While it lives, a drag that begins is handed to the target at once instead of following the pointer.
 class HandOver {
   public:
     /// The target is asked for when a drag has begun: it may have to be scrolled into view.
-    HandOver(std::function<Qt::DropAction(QDrag&)>& loop, std::function<Spot()> target);
+    HandOver(std::function<Qt::DropAction(QDrag&)>& loop, std::function<PointerTarget()> target);
     ~HandOver();
     HandOver(const HandOver&) = delete;
     HandOver& operator=(const HandOver&) = delete;
@@ -27,7 +27,7 @@ class HandOver {
 
   private:
     std::function<Qt::DropAction(QDrag&)>& loop_; ///< that runs drags
-    std::function<Spot()> target_;
+    std::function<PointerTarget()> target_;
     std::function<Qt::DropAction(QDrag&)> before_;
     bool happened_ = false;
 };

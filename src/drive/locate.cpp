@@ -13,10 +13,6 @@
 namespace chromalog::drive {
 namespace {
 
-bool isOutlet(const QWidget& widget, const QString& name) {
-    return widget.objectName() == name || widget.objectName() == '_' + name;
-}
-
 bool isReachable(const QWidget& widget) {
     return widget.isVisible() && !isBlocked(widget);
 }
@@ -50,11 +46,8 @@ QList<QDialog*> forms() {
 }
 
 QWidget* findOutlet(const QString& name) {
-    for (QDialog* form : forms()) {
-        if (isOutlet(*form, name)) return form;
-        for (QWidget* widget : form->findChildren<QWidget*>())
-            if (widget->window() == form && isOutlet(*widget, name)) return widget;
-    }
+    for (QDialog* form : forms())
+        if (QWidget* outlet = outletIn(*form, name)) return outlet;
     return nullptr;
 }
 

@@ -13,8 +13,7 @@ namespace chromalog::drive {
 /// Every loaded form's window, the one that has the input first, then those on the screen.
 QList<QDialog*> forms();
 
-/// The outlet of that name in any form; null where there is none. A leading underscore of the name is not its
-/// own.
+/// The outlet of that name in any form; null where there is none.
 QWidget* findOutlet(const QString& name);
 
 /// The outlet, which must be one that a person could reach: on the screen and not behind a modal window.

@@ -5,6 +5,7 @@
 #include <QMetaMethod>
 #include <QMouseEvent>
 #include <QScrollArea>
+#include <QScrollBar>
 
 #include <algorithm>
 
@@ -19,8 +20,6 @@ QT_END_NAMESPACE
 namespace chromalog::drive {
 namespace {
 
-constexpr int kScrollMargin = 22; ///< pixels shown beyond the point: one row of a list
-
 QScrollArea* scrollAreaOf(const QWidget& widget) {
     const QWidget* viewport = widget.parentWidget();
     auto* area = qobject_cast<QScrollArea*>(viewport ? viewport->parentWidget() : nullptr);
@@ -32,7 +31,8 @@ void scrollIntoView(const QWidget& widget, QPointF at) {
     if (!area) return;
     const double y = widget.y() + at.y();
     if (y < 0 || y > area->viewport()->height())
-        area->ensureVisible(0, std::clamp(int(at.y()), 0, widget.height()), 0, kScrollMargin);
+        area->ensureVisible(0, std::clamp(int(at.y()), 0, widget.height()), 0,
+                            area->verticalScrollBar()->singleStep()); // one row more
 }
 
 /// As if the window system had sent it: a click then gives the focus, among others. sendEvent would take the
@@ -42,13 +42,13 @@ void notify(QWidget& widget, QEvent& event) {
     qApp->notify(&widget, &event);
 }
 
-void send(const Spot& spot, QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons held,
+void send(const PointerTarget& target, QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons buttons,
           Qt::KeyboardModifiers modifiers) {
-    if (!spot.widget) return;
-    const QWidget* window = spot.widget->window();
-    QMouseEvent event(type, spot.at, spot.widget->mapTo(window, spot.at), spot.widget->mapToGlobal(spot.at),
-                      button, held, modifiers);
-    notify(*spot.widget, event);
+    if (!target.widget) return;
+    const QWidget* window = target.widget->window();
+    QMouseEvent event(type, target.at, target.widget->mapTo(window, target.at),
+                      target.widget->mapToGlobal(target.at), button, buttons, modifiers);
+    notify(*target.widget, event);
 }
 
 } // namespace
@@ -63,7 +63,7 @@ QPointF widgetPoint(const QWidget& widget, Point inView) {
     return at;
 }
 
-Spot spotOf(QWidget& outlet, Point inView) {
+PointerTarget targetOf(QWidget& outlet, Point inView) {
     const QPointF at = widgetPoint(outlet, inView);
     scrollIntoView(outlet, at);
     QWidget* inner = outlet.childAt(at.toPoint());
@@ -71,32 +71,32 @@ Spot spotOf(QWidget& outlet, Point inView) {
     return {inner, inner->mapFrom(&outlet, at)};
 }
 
-Spot middleOf(QWidget& widget) {
-    return spotOf(widget, {widget.width() / 2.0, widget.height() / 2.0});
+PointerTarget middleOf(QWidget& widget) {
+    return targetOf(widget, {widget.width() / 2.0, widget.height() / 2.0});
 }
 
-void press(const Spot& spot, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) {
-    send(spot, QEvent::MouseButtonPress, button, button, modifiers);
+void press(const PointerTarget& target, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) {
+    send(target, QEvent::MouseButtonPress, button, button, modifiers);
 }
 
-void moveTo(const Spot& spot, Qt::MouseButton held, Qt::KeyboardModifiers modifiers) {
-    send(spot, QEvent::MouseMove, Qt::NoButton, held, modifiers);
+void moveTo(const PointerTarget& target, Qt::MouseButton buttons, Qt::KeyboardModifiers modifiers) {
+    send(target, QEvent::MouseMove, Qt::NoButton, buttons, modifiers);
 }
 
-void release(const Spot& spot, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) {
-    send(spot, QEvent::MouseButtonRelease, button, Qt::NoButton, modifiers);
+void release(const PointerTarget& target, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) {
+    send(target, QEvent::MouseButtonRelease, button, Qt::NoButton, modifiers);
 }
 
-void askForMenu(const Spot& spot) {
-    if (!spot.widget) return;
-    QContextMenuEvent event(QContextMenuEvent::Mouse, spot.at.toPoint(),
-                            spot.widget->mapToGlobal(spot.at).toPoint());
-    notify(*spot.widget, event);
+void askForMenu(const PointerTarget& target) {
+    if (!target.widget) return;
+    QContextMenuEvent event(QContextMenuEvent::Mouse, target.at.toPoint(),
+                            target.widget->mapToGlobal(target.at).toPoint());
+    notify(*target.widget, event);
 }
 
-void click(const Spot& spot, Qt::KeyboardModifiers modifiers) {
-    press(spot, Qt::LeftButton, modifiers);
-    release(spot, Qt::LeftButton, modifiers);
+void click(const PointerTarget& target, Qt::KeyboardModifiers modifiers) {
+    press(target, Qt::LeftButton, modifiers);
+    release(target, Qt::LeftButton, modifiers);
 }
 
 } // namespace chromalog::drive

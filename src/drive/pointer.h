@@ -9,7 +9,7 @@
 namespace chromalog::drive {
 
 /// A place on the screen: the innermost widget there, and the exact point in its own pixels.
-struct Spot {
+struct PointerTarget {
     QPointer<QWidget> widget;
     QPointF at;
 };
@@ -19,19 +19,19 @@ struct Spot {
 QPointF widgetPoint(const QWidget&, Point inView);
 
 /// What a press at the position meets. A position that a scroll area hides is scrolled into view first.
-Spot spotOf(QWidget& outlet, Point inView);
-Spot middleOf(QWidget&);
+PointerTarget targetOf(QWidget& outlet, Point inView);
+PointerTarget middleOf(QWidget&);
 
 /// The pointer's events, sent to the widget itself: dispatch by the window would round to whole pixels and
 /// could not reach the edges.
-void press(const Spot&, Qt::MouseButton, Qt::KeyboardModifiers);
-void moveTo(const Spot&, Qt::MouseButton held, Qt::KeyboardModifiers);
-void release(const Spot&, Qt::MouseButton, Qt::KeyboardModifiers);
+void press(const PointerTarget&, Qt::MouseButton, Qt::KeyboardModifiers);
+void moveTo(const PointerTarget&, Qt::MouseButton buttons, Qt::KeyboardModifiers);
+void release(const PointerTarget&, Qt::MouseButton, Qt::KeyboardModifiers);
 
 /// What the window system sends beside a press of the right button.
-void askForMenu(const Spot&);
+void askForMenu(const PointerTarget&);
 
 /// Press and release with the left button. The widget may be gone after either.
-void click(const Spot&, Qt::KeyboardModifiers = Qt::NoModifier);
+void click(const PointerTarget&, Qt::KeyboardModifiers = Qt::NoModifier);
 
 } // namespace chromalog::drive

@@ -121,14 +121,14 @@ QJsonArray logState(const std::vector<std::string>& log) {
     return lines;
 }
 
-QJsonObject desktopState(const DrivenState& held) {
-    QJsonObject state{{"pasteboard", pasteboardState(held.pasteboard)},
-                      {"panels", eachOf(held.panels, panelState)},
-                      {"alerts", eachOf(held.alerts, alertState)},
-                      {"sounds", jsonArray(held.sounds)},
-                      {"log", logState(held.log)},
-                      {"status", json(held.status)}};
-    if (held.lastDrag) state["lastDrag"] = dragState(*held.lastDrag);
+QJsonObject desktopState(const DrivenState& driven) {
+    QJsonObject state{{"pasteboard", pasteboardState(driven.pasteboard)},
+                      {"panels", eachOf(driven.panels, panelState)},
+                      {"alerts", eachOf(driven.alerts, alertState)},
+                      {"sounds", jsonArray(driven.sounds)},
+                      {"log", logState(driven.log)},
+                      {"status", json(driven.status)}};
+    if (driven.lastDrag) state["lastDrag"] = dragState(*driven.lastDrag);
     return state;
 }
 
@@ -160,17 +160,17 @@ QJsonObject hostState(const DrivenHost& host, const StandaloneSuite* suite) {
 } // namespace
 
 QJsonObject dialogState(const DrivenDialog& dialog, const StandaloneSuite* standalone) {
-    const DrivenState held = dialog.state();
+    const DrivenState driven = dialog.state();
     QJsonObject state{{"outlets", outletsState()},
-                      {"wheel", wheelState(held.wheel)},
-                      {"gradient", gradientState(held.gradient, held.corners)},
-                      {"tone", chartState(held.tone)},
-                      {"lists", listsState(held.lists)},
-                      {"host", hostState(held.host, standalone)}};
-    addAll(state, coloursState(held.colours));
-    addAll(state, historyState(held.history));
-    addAll(state, printState(held.print));
-    addAll(state, desktopState(held));
+                      {"wheel", wheelState(driven.wheel)},
+                      {"gradient", gradientState(driven.gradient, driven.corners)},
+                      {"tone", chartState(driven.tone)},
+                      {"lists", listsState(driven.lists)},
+                      {"host", hostState(driven.host, standalone)}};
+    addAll(state, coloursState(driven.colours));
+    addAll(state, historyState(driven.history));
+    addAll(state, printState(driven.print));
+    addAll(state, desktopState(driven));
     return state;
 }
 

@@ -76,12 +76,12 @@ TemporaryFile::~TemporaryFile() {
 bool TemporaryFile::takePlace(Flush flush, FileIdentity* taken) {
     if (flush == Flush::toDisk && ::fsync(file_.get()) != 0) return false;
     if (!named_ && !giveName()) return false;
-    const Descriptor held(::fcntl(file_.get(), F_DUPFD_CLOEXEC, 0)); // with the lock
+    const Descriptor descriptor(::fcntl(file_.get(), F_DUPFD_CLOEXEC, 0)); // with the lock
     if (!file_.close() || ::rename(name_.c_str(), target_.c_str()) != 0) return false;
     named_ = false;
     struct stat status;
     const bool known =
-        held.isOpen() ? ::fstat(held.get(), &status) == 0 : ::stat(target_.c_str(), &status) == 0;
+        descriptor.isOpen() ? ::fstat(descriptor.get(), &status) == 0 : ::stat(target_.c_str(), &status) == 0;
     if (taken) *taken = known ? identityOf(status) : FileIdentity();
     return true;
 }

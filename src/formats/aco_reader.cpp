@@ -56,8 +56,9 @@ void SetHexValue(std::uint8_t* characters, std::int16_t value) {
 class AcoRecords {
   public:
     AcoRecords(ByteCursor cursor, std::int16_t start, ListRecords records, ColorServicesProc services,
-               const ColourBookShelf& shelf)
-        : cursor_(cursor), start_(start), records_(records), services_(services), books_(shelf, services) {}
+               const ColourBookRegistry& registry)
+        : cursor_(cursor), start_(start), records_(records), services_(services), books_(registry, services) {
+    }
 
     void readVersion1(int count);
     void readVersion2(int count, Section);
@@ -89,7 +90,7 @@ void AcoRecords::readVersion1(int count) {
         std::int64_t channels[3];
         for (int c = 0; c < 3; ++c) {
             const auto value =
-                static_cast<std::int16_t>(bigEndianWord(&bytes[2 + 2 * static_cast<std::size_t>(c)]));
+                static_cast<std::int16_t>(bigEndian16(&bytes[2 + 2 * static_cast<std::size_t>(c)]));
             channels[c] = value * 256;
             SetHexValue(record->Namen + 1 + 2 * c, value);
         }
@@ -111,7 +112,7 @@ void AcoRecords::readColour(FCOStruct& record, Section section) {
     const auto bytes = cursor_.take<kColourSize>();
     std::uint16_t words[5];
     for (std::size_t i = 0; i < 5; ++i)
-        words[i] = bigEndianWord(&bytes[2 * i]);
+        words[i] = bigEndian16(&bytes[2 * i]);
     const auto space = static_cast<std::int16_t>(words[0]);
     if (space == 0) {
         storeColour(record, words[1], words[2], words[3]);
@@ -171,7 +172,7 @@ AcoHeader readAcoHeader(Bytes file, std::int16_t start) {
     const auto bytes = ByteCursor(file).take<kHeaderSize>();
     AcoHeader header;
     header.version = static_cast<std::int8_t>(bytes[1]);
-    header.count = static_cast<std::int16_t>(bigEndianWord(&bytes[2]));
+    header.count = static_cast<std::int16_t>(bigEndian16(&bytes[2]));
     const int total = header.count + start;
     if (total >= kListCapacity) {
         header.overLimit = total;
@@ -183,8 +184,8 @@ AcoHeader readAcoHeader(Bytes file, std::int16_t start) {
 
 std::optional<std::int16_t> readAcoRecords(Bytes file, const AcoHeader& header, std::int16_t start,
                                            ListRecords records, ColorServicesProc services,
-                                           const ColourBookShelf& shelf) {
-    AcoRecords reader(ByteCursor(file, kHeaderSize), start, records, services, shelf);
+                                           const ColourBookRegistry& registry) {
+    AcoRecords reader(ByteCursor(file, kHeaderSize), start, records, services, registry);
     if (header.version == 2) reader.readVersion2(header.count, Section::alone);
     if (header.version != 1) return std::nullopt;
     reader.readVersion1(header.count);

@@ -24,6 +24,6 @@ AcoHeader readAcoHeader(Bytes file, std::int16_t start);
 /// keep their fields that a file does not hold. Returns what the view is told next, where a second section
 /// follows the first.
 std::optional<std::int16_t> readAcoRecords(Bytes file, const AcoHeader&, std::int16_t start, ListRecords,
-                                           ColorServicesProc, const ColourBookShelf&);
+                                           ColorServicesProc, const ColourBookRegistry&);
 
 } // namespace chromalog

@@ -6,7 +6,7 @@ namespace {
 constexpr std::size_t kHeaderSize = 4;
 constexpr std::size_t kFixedEntrySize = 16; // colour, length and terminating unit
 
-std::uint8_t* putWord(std::uint8_t* out, std::int64_t value) {
+std::uint8_t* put16(std::uint8_t* out, std::int64_t value) {
     *out++ = static_cast<std::uint8_t>(value >> 8);
     *out++ = static_cast<std::uint8_t>(value);
     return out;
@@ -16,18 +16,18 @@ std::uint8_t* putEntry(std::uint8_t* out, const FCOStruct& record) {
     const std::uint8_t length = record.Namen[0];
     for (const std::int64_t word :
          {std::int64_t{0}, record.SRed, record.SGreen, record.SBlue, std::int64_t{0}})
-        out = putWord(out, word);
-    out = putWord(out, 0);
-    out = putWord(out, static_cast<std::uint8_t>(length + 1)); // 255 characters write 0: kept
+        out = put16(out, word);
+    out = put16(out, 0);
+    out = put16(out, static_cast<std::uint8_t>(length + 1)); // 255 characters write 0: kept
     for (int k = 1; k <= length; ++k)
-        out = putWord(out, record.Namen[k]);
-    return putWord(out, 0);
+        out = put16(out, record.Namen[k]);
+    return put16(out, 0);
 }
 
 } // namespace
 
 void writeAco(std::vector<std::uint8_t>& data, ConstListRecords records, std::int16_t count) {
-    records = records.first(std::min(records.size(), static_cast<std::size_t>(heldCount(count))));
+    records = records.first(std::min(records.size(), static_cast<std::size_t>(clampedCount(count))));
     std::size_t size = kHeaderSize;
     for (const FCOStruct& record : records)
         size += kFixedEntrySize + 2u * record.Namen[0];

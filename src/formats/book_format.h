@@ -42,7 +42,7 @@ void convertBookColour(std::int16_t space, const BookComponents&, ColorServicesP
                        std::int16_t (&slots)[4]);
 
 /// Fills the records from the first on with a whole book, named by their keys. Returns the count for the
-/// list: the file's own, held to the capacity. A file that ends early leaves the remaining records as they
+/// list: the file's own, clamped to the capacity. A file that ends early leaves the remaining records as they
 /// were.
 std::int16_t loadBook(Bytes file, ListRecords, ColorServicesProc);
 

@@ -60,7 +60,7 @@ const BookIndex* BookLookup::indexInForce() {
     if (std::exchange(lookedFor_, true)) return index_;
     const auto [entry, isNew] = read_.try_emplace(std::string(book_));
     if (isNew)
-        if (const auto bytes = shelf_.readBook(book_)) entry->second.emplace(Bytes(*bytes));
+        if (const auto bytes = registry_.readBook(book_)) entry->second.emplace(Bytes(*bytes));
     return index_ = entry->second ? &*entry->second : nullptr;
 }
 

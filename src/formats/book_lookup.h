@@ -11,9 +11,9 @@
 namespace chromalog {
 
 /// The folder of colour books, as a look-up sees it.
-class ColourBookShelf {
+class ColourBookRegistry {
   public:
-    virtual ~ColourBookShelf() = default;
+    virtual ~ColourBookRegistry() = default;
     /// A whole book by its file name, or nothing where it cannot be read.
     virtual std::optional<std::vector<std::uint8_t>> readBook(std::string_view file) const = 0;
 };
@@ -39,8 +39,8 @@ class BookIndex {
 /// once, and the book in force and the last result are carried from record to record.
 class BookLookup {
   public:
-    BookLookup(const ColourBookShelf& shelf, ColorServicesProc services)
-        : shelf_(shelf), services_(services) {}
+    BookLookup(const ColourBookRegistry& registry, ColorServicesProc services)
+        : registry_(registry), services_(services) {}
 
     /// Red, green and blue for a reference; those of the look-up before (at first 0, 0, 0) where nothing is
     /// found.
@@ -52,7 +52,7 @@ class BookLookup {
     void putInForce(std::string_view book);
     const BookIndex* indexInForce();
 
-    const ColourBookShelf& shelf_;
+    const ColourBookRegistry& registry_;
     ColorServicesProc services_;
     const BookChoice* choice_ = nullptr; ///< for the space of the record before; most follow in runs
     std::int16_t chosenSpace_ = 0;       ///< no book's

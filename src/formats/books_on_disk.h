@@ -5,7 +5,7 @@
 namespace chromalog {
 
 /// The folder of colour books on disk. Without a name no book is found.
-class BooksOnDisk : public ColourBookShelf {
+class BooksOnDisk : public ColourBookRegistry {
   public:
     explicit BooksOnDisk(std::string path) : path_(std::move(path)) {}
     std::optional<std::vector<std::uint8_t>> readBook(std::string_view file) const override;

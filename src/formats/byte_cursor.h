@@ -10,7 +10,7 @@ namespace chromalog {
 
 using Bytes = std::span<const std::uint8_t>;
 
-constexpr std::uint16_t bigEndianWord(const std::uint8_t* bytes) {
+constexpr std::uint16_t bigEndian16(const std::uint8_t* bytes) {
     return static_cast<std::uint16_t>(bytes[0] << 8 | bytes[1]);
 }
 
@@ -41,7 +41,7 @@ class ByteCursor {
         return bytes;
     }
     std::uint8_t byte() { return take<1>()[0]; }
-    std::uint16_t word() { return bigEndianWord(take<2>().data()); }
+    std::uint16_t word() { return bigEndian16(take<2>().data()); }
 
   private:
     Bytes file_;

@@ -114,7 +114,7 @@ const Snapshot* SnapshotStack::latest() const {
     return undo_.empty() ? nullptr : undo_.back().actions.back().snapshot.get();
 }
 
-std::size_t SnapshotStack::heldBytes() const {
+std::size_t SnapshotStack::storedBytes() const {
     std::unordered_set<const void*> counted;
     std::size_t bytes = 0;
     for (const Steps* steps : {&undo_, &redo_})

@@ -47,7 +47,7 @@ class SnapshotStack {
 
     /// The state most recently recorded for undo; null where there is none.
     const Snapshot* latest() const;
-    std::size_t heldBytes() const; ///< memory of all snapshots, shared pages counted once
+    std::size_t storedBytes() const; ///< memory of all snapshots, shared pages counted once
 
   private:
     struct Step {

@@ -23,10 +23,10 @@ std::string pathOfDrive() {
     return (std::filesystem::absolute(own.dli_fname).parent_path() / CHROMALOG_DRIVE_FILE).string();
 }
 
-using Attach = Driven* (*)(DrivenDialog*, const StandaloneSuite*, std::unique_ptr<Driven>* kept);
+using Attach = Driven* (*)(DrivenDialog*, const StandaloneSuite*, std::unique_ptr<Driven>* playback);
 
 /// How far a script was played: it goes with this module, which a host may load anew.
-std::unique_ptr<Driven> kept;
+std::unique_ptr<Driven> playback;
 
 /// Never closed again: what it has registered with the toolkit outlives the pick.
 Attach attachOfDrive() {
@@ -41,7 +41,7 @@ Attach attachOfDrive() {
 
 std::unique_ptr<Driven> openDrive(DrivenDialog& dialog, const StandaloneSuite& suite) try {
     if (!isAskedFor(suite)) return nullptr;
-    return std::unique_ptr<Driven>(attachOfDrive()(&dialog, &suite, &kept));
+    return std::unique_ptr<Driven>(attachOfDrive()(&dialog, &suite, &playback));
 } catch (...) {
     suite.endWith(2);
     throw;

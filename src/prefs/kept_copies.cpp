@@ -1,5 +1,6 @@
 #include "prefs/kept_copies.h"
 
+#include "base/file_name.h"
 #include "files/real_file.h"
 
 #include <algorithm>
@@ -44,7 +45,7 @@ std::optional<std::time_t> dateOfCopy(const std::string& name) {
 }
 
 std::vector<std::string> copyNames(const std::string& preferences) {
-    const std::string own = preferences.substr(preferences.rfind('/') + 1) + '.';
+    const std::string own = std::string(fileNameOf(preferences)) + '.';
     std::vector<std::string> names;
     const std::unique_ptr<DIR, int (*)(DIR*)> entries(::opendir(folderOf(preferences).c_str()), &::closedir);
     while (const dirent* entry = entries ? ::readdir(entries.get()) : nullptr) {

@@ -1,5 +1,6 @@
 #include "prefs/recover_copy.h"
 
+#include "base/file_name.h"
 #include "files/real_file.h"
 #include "files/replace_file.h"
 #include "files/temporary_file.h"
@@ -14,7 +15,7 @@ namespace chromalog {
 namespace {
 
 std::string withoutFile(std::string name, const std::string& preferences) {
-    const std::string own = preferences.substr(preferences.rfind('/') + 1);
+    const std::string_view own = fileNameOf(preferences);
     if (name.starts_with(own)) name.erase(0, own.size());
     if (name.starts_with('.')) name.erase(0, 1);
     return name;

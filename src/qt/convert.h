@@ -39,11 +39,11 @@ inline std::string fromQt(const QString& text) {
 /// 16 bits a channel, rounded: v/255 and w/65535 come out as exactly v and w, which QColor's floats do not
 /// promise.
 inline QColor toQt(const Colour& c) {
-    const auto word = [](double v) { return static_cast<quint16>(std::lround(v * 65535.0)); };
-    return QColor::fromRgba64(word(c.red()), word(c.green()), word(c.blue()), word(c.alpha()));
+    const auto channel = [](double v) { return static_cast<quint16>(std::lround(v * 65535.0)); };
+    return QColor::fromRgba64(channel(c.red()), channel(c.green()), channel(c.blue()), channel(c.alpha()));
 }
 
-/// The colour's 16-bit words over 65535, in double. Never redF(): it is single precision.
+/// The colour's 16-bit channels over 65535, in double. Never redF(): it is single precision.
 inline Colour fromQt(const QColor& c) {
     const QRgba64 w = c.rgba64();
     return Colour::rgb(w.red() / 65535.0, w.green() / 65535.0, w.blue() / 65535.0, w.alpha() / 65535.0);

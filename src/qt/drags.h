@@ -14,8 +14,8 @@ class QWidget;
 
 namespace chromalog {
 
-/// A colour as programs exchange it (16-bit words), and inside this process the exact doubles and the drag's
-/// source.
+/// A colour as programs exchange it (16-bit channels), and inside this process the exact doubles and the
+/// drag's source.
 class ColourMime : public QMimeData {
     Q_OBJECT
   public:
@@ -28,7 +28,7 @@ class ColourMime : public QMimeData {
     const DragSource* source_;
 };
 
-/// What mime data carries: our own exactly, a foreign colour by its 16-bit words, checked.
+/// What mime data carries: our own exactly, a foreign colour by its 16-bit channels, checked.
 Pasteboard pasteboardOf(const QMimeData*);
 
 DragInfo dragInfoOf(const QDropEvent&, Point location);

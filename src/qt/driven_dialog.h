@@ -5,6 +5,8 @@
 #include "qt/driven_state.h"
 #include "qt/form_names.h"
 
+#include <QWidget>
+
 #include <functional>
 #include <memory>
 #include <optional>
@@ -16,11 +18,23 @@ class QDialog;
 class QDrag;
 class QFileDialog;
 class QMessageBox;
-class QWidget;
 
 struct StandaloneSuite;
 
 namespace chromalog {
+
+/// Whether a form's object is the outlet of that name. A leading underscore is not the name's own.
+inline bool isOutlet(const QObject& object, const QString& name) {
+    return object.objectName() == name || object.objectName() == '_' + name;
+}
+
+/// The outlet of that name in a form's window, which may be the window itself; null where there is none.
+inline QWidget* outletIn(QWidget& window, const QString& name) {
+    if (isOutlet(window, name)) return &window;
+    for (QWidget* widget : window.findChildren<QWidget*>())
+        if (widget->window() == &window && isOutlet(*widget, name)) return widget;
+    return nullptr;
+}
 
 /// The dialog for those who drive it from a module of their own: all that they may not ask of the toolkit's
 /// objects. It holds no state of its own, and neither does anything that this header brings along: a second

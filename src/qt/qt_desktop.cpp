@@ -2,6 +2,7 @@
 
 #include "prefs/data_directory.h"
 #include "qt/convert.h"
+#include "qt/driven_dialog.h"
 #include "qt/form_loader.h"
 #include "qt/panels/page_setup_sheet.h"
 #include "qt/qt_form.h"
@@ -174,8 +175,8 @@ class OneShotTimer : public Timer {
         timer_->setTimerType(Qt::PreciseTimer);
         QObject::connect(timer_, &QTimer::timeout, timer_, [fire = std::move(fire)] {
             guarded([&fire] {
-                const auto held = fire; // firing may destroy the timer
-                held();
+                const auto callback = fire; // firing may destroy the timer
+                callback();
             });
         });
     }
@@ -251,10 +252,8 @@ PrintOutcome QtDesktop::runPrintOperation(const PrintJob& job) {
 
 QWidget* QtDesktop::widget(std::string_view outlet) const {
     const QString name = toQt(outlet);
-    for (const QtForm* form : forms_) {
-        if (form->window()->objectName() == name) return form->window();
-        if (auto* found = form->window()->findChild<QWidget*>(name)) return found;
-    }
+    for (const QtForm* form : forms_)
+        if (QWidget* outlet = outletIn(*form->window(), name)) return outlet;
     return nullptr;
 }
 

@@ -13,8 +13,8 @@ namespace chromalog {
 using ListRecords = std::span<FCOStruct>;
 using ConstListRecords = std::span<const FCOStruct>;
 
-/// A count as told (negative, or past the array) held to what the array can have: 0..kListCapacity.
-constexpr int heldCount(std::int64_t count) {
+/// A count as told (negative, or past the array) clamped to what the array can have: 0..kListCapacity.
+constexpr int clampedCount(std::int64_t count) {
     return static_cast<int>(std::clamp<std::int64_t>(count, 0, kListCapacity));
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "standalone/held_colour.h"
+#include "standalone/host_colour.h"
 #include "standalone/recover.h"
 
 #include <map>
@@ -13,7 +13,7 @@ enum class ServicesKind { lcms, closed, none, error };
 
 /// What the user asked for.
 struct CommandLine {
-    HeldColour colour;
+    HostColour colour;
     Format format = Format::hex;
     Scale scale = Scale::sixteen;
     ServicesKind services = ServicesKind::lcms;

@@ -4,7 +4,7 @@
 #include "standalone/call_ledger.h"
 #include "standalone/colour_services.h"
 #include "standalone/handle_heap.h"
-#include "standalone/suite_shelf.h"
+#include "standalone/suite_registry.h"
 
 #include <map>
 #include <memory>
@@ -29,7 +29,7 @@ class Host {
     BlockHeap buffers{ledger, "allocateProc", BlockHeap::Use::whileLocked}; ///< of the older buffer callbacks
     BlockHeap suiteBuffers{ledger, "New"};                                  ///< of the buffer suite
     BlockHeap blocks{ledger, "AllocateBlock"};                              ///< of the basic suite
-    SuiteShelf suites{ledger};
+    SuiteRegistry suites{ledger};
     ColourServices colours;
 
     int version = 16;                 ///< major version that 'vers' reports

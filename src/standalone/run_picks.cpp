@@ -3,7 +3,7 @@
 #include "files/size_limit_signal.h"
 #include "standalone/conversion/closed_converter.h"
 #include "standalone/conversion/lcms_converter.h"
-#include "standalone/pick.h"
+#include "standalone/host_run.h"
 #include "standalone/plugin_module.h"
 #include "standalone/standard_streams.h"
 
@@ -91,17 +91,17 @@ int runPicks(Host& host, HostRun& run, const CommandLine& line) {
         run.about();
         return exitPicked;
     }
-    HeldColour held = line.colour;
+    HostColour colour = line.colour;
     bool changed = false;
     for (int i = 0; i < line.picks; ++i) {
-        const HostRun::Answer answer = run.pick(held);
+        const HostRun::Answer answer = run.pick(colour);
         if (const auto failure = failureOf(host, answer)) return *failure;
         // The interface has no other sign of a pick than that the components differ; an answer is always RGB.
-        if (answer.colour.components != held.components) {
-            held = {Space::rgb, answer.colour.components};
+        if (answer.colour.components != colour.components) {
+            colour = {Space::rgb, answer.colour.components};
             changed = true;
         }
-        if (!print(formatColour(rgbOf(held, line.scale, host.colours.converter()), line.format)))
+        if (!print(formatColour(rgbOf(colour, line.scale, host.colours.converter()), line.format)))
             return exitBadArguments;
     }
     return changed ? exitPicked : exitAsOffered;

@@ -69,7 +69,7 @@ std::int32_t undefined() {
 template <typename Size> char* newBuffer(Size* requested, Size minimum, const char* callback) {
     Host& host = Host::current();
     host.ledger.count(callback);
-    host.suites.requireHeld(kPSBufferSuite, callback);
+    host.suites.requireAcquired(kPSBufferSuite, callback);
     void* block = host.suiteBuffers.allocate(requested ? std::max(*requested, minimum) : minimum);
     if (!block && requested && *requested > minimum) block = host.suiteBuffers.allocate(*requested = minimum);
     return static_cast<char*>(block);
@@ -85,7 +85,7 @@ char* newBuffer64(std::uint64_t* requested, std::uint64_t minimum) {
 void disposeBuffer(char** buffer) {
     Host& host = Host::current();
     host.ledger.count("Dispose");
-    host.suites.requireHeld(kPSBufferSuite, "Dispose");
+    host.suites.requireAcquired(kPSBufferSuite, "Dispose");
     if (!buffer) return host.ledger.misuse("Dispose", "null pointer to a buffer");
     host.suiteBuffers.release(*buffer, "Dispose");
     *buffer = nullptr;
@@ -94,7 +94,7 @@ void disposeBuffer(char** buffer) {
 std::uint64_t bufferSize64(char* buffer) {
     Host& host = Host::current();
     host.ledger.count("GetSize");
-    host.suites.requireHeld(kPSBufferSuite, "GetSize");
+    host.suites.requireAcquired(kPSBufferSuite, "GetSize");
     return host.suiteBuffers.sizeOf(buffer, "GetSize");
 }
 std::uint32_t bufferSize(char* buffer) {
@@ -110,7 +110,7 @@ std::uint64_t space64() {
 const char* option(const char* key) {
     Host& host = Host::current();
     host.ledger.count("option");
-    host.suites.requireHeld(kStandaloneSuite, "option");
+    host.suites.requireAcquired(kStandaloneSuite, "option");
     if (!key) {
         host.ledger.misuse("option", "null key");
         return nullptr;

@@ -12,7 +12,7 @@ namespace {
 
 void counted(const char* callback) {
     Host::current().ledger.count(callback);
-    Host::current().suites.requireHeld(kPSUIHooksSuite, callback);
+    Host::current().suites.requireAcquired(kPSUIHooksSuite, callback);
 }
 
 /// True where the pointer may be used; a null one is named.

@@ -1,5 +1,6 @@
 #include "swatches/list_commands.h"
 
+#include "base/file_name.h"
 #include "files/file_io.h"
 #include "formats/aco_reader.h"
 #include "formats/books_on_disk.h"
@@ -12,12 +13,8 @@
 namespace chromalog {
 namespace {
 
-std::string_view lastPathComponent(std::string_view path) {
-    return path.substr(path.rfind('/') + 1);
-}
-
 std::string_view withoutExtension(std::string_view path) {
-    const std::size_t name = path.size() - lastPathComponent(path).size();
+    const std::size_t name = path.size() - fileNameOf(path).size();
     const std::size_t dot = path.rfind('.');
     // A name that begins with its only dot has no extension.
     return dot == path.npos || dot <= name ? path : path.substr(0, dot);
@@ -30,7 +27,7 @@ std::optional<std::vector<std::uint8_t>> readChosen(const std::string& path, Sta
     status.takeBack(StatusLine::About::files);
     if (!data)
         status.say(StatusLine::About::files,
-                   std::string(lastPathComponent(path)) + " could not be read: " + reasonOf(why));
+                   std::string(fileNameOf(path)) + " could not be read: " + reasonOf(why));
     return data;
 }
 
@@ -99,7 +96,7 @@ void ListCommands::chooseSwatchFile(SwatchPanel& panel, std::int16_t start) {
 void ListCommands::swatchFileChosen(SwatchPanel& panel, std::int16_t start, const std::string& path) {
     const auto data = readChosen(path, parts_.desktop.statusLine());
     if (!data) return;
-    const std::string_view name = lastPathComponent(path);
+    const std::string_view name = fileNameOf(path);
     const StoredName stored(name);
     std::string nameBefore = panel.view.getSwatchName();
     panel.view.setName(std::string(name));
@@ -138,7 +135,7 @@ void ListCommands::saveSwatch(SwatchPanel& panel) {
     // With its extension: of "blue 1.5" alone, ".5" would be taken for one and cut off.
     // Not the view's name, which an undo leaves: the file of another list would be replaced.
     const std::string shown = panel.nameField->text();
-    const std::string name(lastPathComponent(shown)); // stored names may hold anything
+    const std::string name(fileNameOf(shown)); // stored names may hold anything
     const SavePanel save{name.empty() ? name : acoPath(name), "aco"};
     parts_.desktop.beginSavePanel(save, *parts_.dialog, answer);
 }
@@ -155,7 +152,7 @@ void ListCommands::bookChosen(const std::string& path) {
     const auto data = readChosen(path, parts_.desktop.statusLine());
     if (!data) return;
     SwatchPanel& panel = parts_.one;
-    const std::string_view name = lastPathComponent(path);
+    const std::string_view name = fileNameOf(path);
     panel.storeName(StoredName(name));
     panel.storedCount = loadBook(*data, panel.view.records(), parts_.services);
     panel.view.setSelectedColor(0);

@@ -7,12 +7,12 @@
 namespace chromalog {
 namespace {
 
-std::int64_t word(double component) {
+std::int64_t channel(double component) {
     return static_cast<std::int64_t>(component * 65535.0); // components are 0..1
 }
 
-std::int64_t signedWord(double component) {
-    return static_cast<std::int16_t>(word(component)); // the low 16 bits, sign-extended
+std::int64_t signedChannel(double component) {
+    return static_cast<std::int16_t>(channel(component)); // the low 16 bits, sign-extended
 }
 
 } // namespace
@@ -47,15 +47,15 @@ void moveRecord(ListRecords records, int from, int to) {
 }
 
 void storeColour(FCOStruct& record, const Colour& colour) {
-    record.SRed = word(colour.red());
-    record.SGreen = word(colour.green());
-    record.SBlue = word(colour.blue());
+    record.SRed = channel(colour.red());
+    record.SGreen = channel(colour.green());
+    record.SBlue = channel(colour.blue());
 }
 
 void overwriteColour(FCOStruct& record, const Colour& colour) {
-    record.SRed = signedWord(colour.red());
-    record.SGreen = signedWord(colour.green());
-    record.SBlue = signedWord(colour.blue());
+    record.SRed = signedChannel(colour.red());
+    record.SGreen = signedChannel(colour.green());
+    record.SBlue = signedChannel(colour.blue());
 }
 
 StoredName::StoredName(std::string_view utf8)

@@ -11,8 +11,8 @@ bool nameHolds(const FCOStruct& record, std::string_view text) {
 std::vector<FoundEntry> findByName(ListRecords searched, ListRecords list1, int count,
                                    std::string_view text) {
     std::vector<FoundEntry> hits;
-    const int held = std::min<int>(heldCount(count), static_cast<int>(searched.size()));
-    for (int i = 0; i < held; ++i) {
+    const int used = std::min<int>(clampedCount(count), static_cast<int>(searched.size()));
+    for (int i = 0; i < used; ++i) {
         if (FCOStruct* record = recordAt(list1, i)) terminateName(*record);
         if (nameHolds(searched[i], text))
             hits.push_back({i, static_cast<float>(i) / static_cast<float>(count)});

@@ -38,7 +38,7 @@ constexpr Rect selectionRectForRow(const Rect& bounds, int row) {
 }
 
 /// Truncated toward zero, so that the top margin belongs to row 0; not checked against the count. Points that
-/// no list reaches are held to the 16-bit range.
+/// no list reaches are clamped to the 16-bit range.
 constexpr std::int16_t rowAtPoint(Point p) {
     using Limits = std::numeric_limits<std::int16_t>;
     const double row = (p.y - kMargin) / kRowPitch;

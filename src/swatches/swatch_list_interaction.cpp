@@ -12,7 +12,7 @@ namespace {
 
 namespace geometry = swatch_geometry;
 
-/// The row that a key leads to, not held to the list; nothing where the key selects none.
+/// The row that a key leads to, not clamped to the list; nothing where the key selects none.
 std::optional<int> rowForKey(const KeyEvent& event, int selected, int count, int pageRows) {
     const int step = event.shift ? 10 : 1;
     switch (event.key) {

@@ -15,7 +15,7 @@ namespace chromalog {
 class CSwatchList;
 struct StoredName;
 
-/// A colour of 16-bit words.
+/// A colour of 16-bit channels.
 struct RGBColor {
     std::uint16_t red = 0, green = 0, blue = 0;
 };
@@ -39,7 +39,7 @@ class CSwatchListDelegate {
 
 /// One swatch list as a column of rows: a patch, its name, a blue frame around the selected one. It owns no
 /// swatch: it draws and edits the records of its array in place, under a count of its own. The count and the
-/// selection are stored as told; every access to a record is held to the array.
+/// selection are stored as told; every access to a record is clamped to the array.
 class CSwatchList : public View {
   public:
     explicit CSwatchList(CSwatchListDelegate& delegate) : delegate_(delegate) {}
@@ -70,7 +70,7 @@ class CSwatchList : public View {
 
     /// All records of the array, shown or not.
     ListRecords records() const { return mySwatch ? ListRecords(mySwatch, kListCapacity) : ListRecords(); }
-    int shownRows() const { return heldCount(nfcocolors); } ///< rows that may be read
+    int shownRows() const { return clampedCount(nfcocolors); } ///< rows that may be read
     ListRecords shownRecords() const {
         return records().first(std::min<std::size_t>(records().size(), shownRows()));
     }
@@ -99,7 +99,7 @@ class CSwatchList : public View {
     // Sorting, search and nearest colour.
     void sortSwatchList(std::string_view key); ///< "nom" or "color"
     void queryForColorsByName(std::string_view text);
-    void jumpToColor(std::int64_t hit); ///< hit number, not held to the hits
+    void jumpToColor(std::int64_t hit); ///< hit number, not clamped to the hits
     std::int16_t getNearColor(const Colour&, float& distance) const;
     const std::vector<FoundEntry>& hits() const { return lostAndFound; }
     std::uint64_t lastShown() const { return LastShown; }

@@ -20,7 +20,7 @@ Rect squareAround(Point p, double radius) {
     return {p.x - radius, p.y - radius, 2 * radius, 2 * radius};
 }
 
-/// A length in whole pixels, held to what 16 bits keep.
+/// A length in whole pixels, clamped to what 16 bits keep.
 int wholePixels(double length) {
     return length > 0 ? static_cast<int>(std::min<double>(length, std::numeric_limits<std::int16_t>::max()))
                       : 0;

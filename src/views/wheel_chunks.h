@@ -31,7 +31,7 @@ struct BrightnessScale {
     float scale;
 };
 
-/// Where a pixel's largest, middle and smallest channel stand in its word.
+/// Where a pixel's largest, middle and smallest channel stand in its pixel.
 struct ChannelOrder {
     std::uint32_t top; ///< 1 in the largest channel, or in two that are equal
     int middle, low;   ///< bit positions

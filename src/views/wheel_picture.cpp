@@ -17,12 +17,12 @@ std::uint32_t byteOf(double component) {
     return static_cast<std::uint32_t>(eightBit(component));
 }
 
-std::uint32_t wordOf(const Colour& c, float alpha) {
+std::uint32_t pixelOf(const Colour& c, float alpha) {
     return byteOf(alpha) << 24 | byteOf(c.red()) << 16 | byteOf(c.green()) << 8 | byteOf(c.blue());
 }
 
 std::uint32_t background() {
-    return wordOf(Colour::hsb(0, 0, backgroundBrightness), 1);
+    return pixelOf(Colour::hsb(0, 0, backgroundBrightness), 1);
 }
 
 float alphaOf(float saturation) {
@@ -61,7 +61,7 @@ std::uint32_t wheelPixel(int x, int y, float radius, float brightness) {
     getColorWheelValue(x, y, &hue, &saturation, radius);
     if (saturation >= 1) return background();
     const float alpha = alphaOf(saturation);
-    return wordOf(Colour::hsb(hue, saturation, brightness, alpha), alpha);
+    return pixelOf(Colour::hsb(hue, saturation, brightness, alpha), alpha);
 }
 
 Bitmap plainWheelPicture(int size, float brightness) {
@@ -76,15 +76,15 @@ Bitmap plainWheelPicture(int size, float brightness) {
 void WheelPicture::render(int size, float brightness) {
     size = std::max(size, 0);
     if (size != bitmap_.width) measure(size);
-    const float held = brightness > 0 ? std::min(brightness, 1.0f) : 0; // as a colour holds it
-    if (byteOf(held) == 0)                                              // so is every byte
+    const float clamped = brightness > 0 ? std::min(brightness, 1.0f) : 0; // as a colour holds it
+    if (byteOf(clamped) == 0)                                              // so is every byte
         for (const RowSpan& span : spans_)
             std::fill_n(&bitmap_.pixels[span.first], span.length, opaqueBlack);
     else
-        fill(held);
+        fill(clamped);
     for (const RimPixel& pixel : rim_) {
-        std::uint32_t& word = bitmap_.pixels[pixel.index];
-        word = (word & ~opaqueBlack) | pixel.alpha;
+        std::uint32_t& argb = bitmap_.pixels[pixel.index];
+        argb = (argb & ~opaqueBlack) | pixel.alpha;
     }
 }
 
@@ -95,7 +95,7 @@ void WheelPicture::measure(int size) {
     low_.assign(size, 0);
     chunks_.clear();
     factors_.clear();
-    strays_.clear();
+    singles_.clear();
     spans_.clear();
     rim_.clear();
     for (int row = (size + 1) / 2; row < size; ++row) // the rows above the centre mirror those below
@@ -123,7 +123,7 @@ void WheelPicture::measureRow(int row) {
             if (mirrored.order == mirroredOrder(factors.order))
                 factors.middle = (factors.middle + mirrored.middle) / 2;
             else
-                strays_.push_back(mirror + x);
+                singles_.push_back(mirror + x);
         }
         middle_[x] = static_cast<float>(factors.middle);
         low_[x] = static_cast<float>(factors.low);
@@ -131,9 +131,9 @@ void WheelPicture::measureRow(int row) {
         runs_.back().end = x + 1;
         const float alpha = alphaOf(saturation);
         if (alpha == 1) continue;
-        const auto word = byteOf(alpha) << 24;
-        rim_.push_back({start + x, word});
-        if (mirrors) rim_.push_back({mirror + x, word});
+        const auto argb = byteOf(alpha) << 24;
+        rim_.push_back({start + x, argb});
+        if (mirrors) rim_.push_back({mirror + x, argb});
     }
     if (runs_.empty()) return;
     const auto begin = static_cast<std::size_t>(runs_.front().begin);
@@ -165,7 +165,7 @@ void WheelPicture::cutIntoChunks(int row) {
 void WheelPicture::addStrays(int row, const Run& run) {
     for (int x = run.begin; x < run.end; ++x)
         for (int y : {row, bitmap_.width - row})
-            strays_.push_back(static_cast<std::size_t>(y) * bitmap_.width + x);
+            singles_.push_back(static_cast<std::size_t>(y) * bitmap_.width + x);
 }
 
 void WheelPicture::addChunk(int row, int begin, std::uint32_t order) {
@@ -185,7 +185,7 @@ void WheelPicture::fill(float brightness) {
         for (int c = 0; c < groupChunks; ++c)
             recompute(group * groupChunks + c, scale, brightness);
     }
-    for (std::size_t index : strays_)
+    for (std::size_t index : singles_)
         recomputePixel(index, brightness);
 }
 

@@ -55,9 +55,9 @@ class WheelPicture {
     void recomputePixel(std::size_t index, float brightness);
 
     Bitmap bitmap_;
-    std::vector<WheelChunk> chunks_;  ///< whole groups, in the order in which they are written
-    std::vector<float> factors_;      ///< of the chunks
-    std::vector<std::size_t> strays_; ///< pixels that no chunk takes
+    std::vector<WheelChunk> chunks_;   ///< whole groups, in the order in which they are written
+    std::vector<float> factors_;       ///< of the chunks
+    std::vector<std::size_t> singles_; ///< pixels that no chunk takes
     std::vector<RowSpan> spans_;
     std::vector<RimPixel> rim_;
 

@@ -25,6 +25,12 @@ TEST(Channels, SinglePrecisionTruncatesAlike) {
     }
 }
 
+TEST(Channels, AnUnsignedFractionTakesTheLow32Bits) {
+    EXPECT_EQ(unsignedFractionOf(65535), 1.0F);
+    EXPECT_EQ(unsignedFractionOf(std::int64_t{1} << 32 | 65535), 1.0F);
+    EXPECT_EQ(unsignedFractionOf(-1), 65537.0F);
+}
+
 TEST(Channels, AChannelGoesByWayOfSinglePrecision) {
     EXPECT_EQ(fractionOf(65535), 1.0);
     EXPECT_EQ(fractionOf(-65535), -1.0);

@@ -89,23 +89,24 @@ TEST(ColourText, TheByteOfAWordIsTheNearest) {
 TEST(ColourText, EveryByteComesBackFromItsWordAndThroughAComponent) {
     for (int byte = 0; byte <= 255; ++byte) {
         EXPECT_EQ(byteOf(static_cast<std::uint16_t>(byte * 257)), byte);
-        EXPECT_EQ(byteOf(wordOf(byte / 255.0)), byte);
-        EXPECT_EQ(byteOf(wordOf(static_cast<float>(byte * 257) / 65535.0f)), byte) << "as a swatch's channel";
+        EXPECT_EQ(byteOf(channelOf(byte / 255.0)), byte);
+        EXPECT_EQ(byteOf(channelOf(static_cast<float>(byte * 257) / 65535.0f)), byte)
+            << "as a swatch's channel";
     }
 }
 
 TEST(ColourText, WordsAreTruncatedAsOkReturnsThem) {
-    EXPECT_EQ(wordOf(0.9), 58981);
-    EXPECT_EQ(wordOf(0.5), 32767);
-    EXPECT_EQ(wordOf(1), 65535);
-    EXPECT_EQ(wordOf(0), 0);
+    EXPECT_EQ(channelOf(0.9), 58981);
+    EXPECT_EQ(channelOf(0.5), 32767);
+    EXPECT_EQ(channelOf(1), 65535);
+    EXPECT_EQ(channelOf(0), 0);
 }
 
 TEST(ColourText, WritesHexAndSpokenValues) {
     EXPECT_EQ(hexText({58981, 19660, 6553}), "#e54c19");
     EXPECT_EQ(hexText({0, 1 * 257, 16 * 257}), "#000110");
-    EXPECT_EQ(spokenText(RgbWords{0xF8F8, 0xF9F9, 0xFAFA}), "RGB 248 249 250, #f8f9fa");
-    EXPECT_EQ(spokenText(RgbWords{65535, 65535, 65535}), "RGB 255 255 255, #ffffff");
+    EXPECT_EQ(spokenText(RgbChannels{0xF8F8, 0xF9F9, 0xFAFA}), "RGB 248 249 250, #f8f9fa");
+    EXPECT_EQ(spokenText(RgbChannels{65535, 65535, 65535}), "RGB 255 255 255, #ffffff");
 }
 
 TEST(ColourText, AColourIsTheOneThatOkReturns) {

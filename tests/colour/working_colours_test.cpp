@@ -202,7 +202,7 @@ TEST(WorkingColoursTest, ASwatchBecomesTheFirstColourInSinglePrecision) {
     HeadlessColours colours;
     FCOStruct swatch{};
     swatch.SRed = 0x1'0000'8000; // only the low 32 bits count, unsigned
-    swatch.SGreen = -1;          // what an edited white holds: far above 1, held to 1
+    swatch.SGreen = -1;          // what an edited white holds: far above 1, clamped to 1
     swatch.SBlue = 65535;
     colours.setFirstColor(swatch, "Name");
     EXPECT_EQ(colours.getFirstColor().red(), static_cast<double>(32768.0f / 65535.0f));

@@ -38,9 +38,9 @@ TEST_F(DriveParts, PositionsAreExactAndReachTheEdges) {
     show();
     const Point places[] = {{0, 0}, {100, 80}, {10.25, 26.9}, {-3.5, 200}};
     for (const Point& place : places)
-        click(spotOf(widget, place));
+        click(targetOf(widget, place));
     view.flipped = true;
-    click(spotOf(widget, {7.125, 0}));
+    click(targetOf(widget, {7.125, 0}));
     std::vector<Point> pressed;
     for (std::size_t i = 0; i < view.calls.size(); ++i)
         if (view.calls[i] == "down") pressed.push_back(view.places[pressed.size() * 2]);
@@ -85,10 +85,10 @@ TEST_F(DriveParts, ADropIsExactToo) {
     view.takesColours = true;
     show();
     ColourMime mime({true, false, Colour::rgb(0.1, 0.2, 0.3), std::nullopt});
-    EXPECT_EQ(offer(mime, spotOf(widget, {1.5, 26.9})), Qt::CopyAction);
+    EXPECT_EQ(offer(mime, targetOf(widget, {1.5, 26.9})), Qt::CopyAction);
     EXPECT_EQ(view.lastDrop.location, (Point{1.5, 80 - (80 - 26.9)}));
     ColourMime text({false, true, std::nullopt, "no colour"});
-    EXPECT_EQ(offer(text, spotOf(widget, {1, 1})), Qt::IgnoreAction);
+    EXPECT_EQ(offer(text, targetOf(widget, {1, 1})), Qt::IgnoreAction);
 }
 
 TEST_F(DriveParts, ADragIsHandedToTheTargetAndThenNoMore) {
@@ -96,7 +96,7 @@ TEST_F(DriveParts, ADragIsHandedToTheTargetAndThenNoMore) {
     show();
     const DragRequest request{&view, {{20, 20}, Colour{}, false, {}}, {true, false, Colour{}, std::nullopt}};
     {
-        HandOver handOver(desktop.drags().run, [&] { return spotOf(widget, {5, 6}); });
+        HandOver handOver(desktop.drags().run, [&] { return targetOf(widget, {5, 6}); });
         EXPECT_FALSE(handOver.happened());
         desktop.beginDrag(request);
         EXPECT_TRUE(handOver.happened());
@@ -107,7 +107,7 @@ TEST_F(DriveParts, ADragIsHandedToTheTargetAndThenNoMore) {
     int own = 0;
     desktop.drags().run = [&](QDrag&) { return ++own, Qt::IgnoreAction; };
     {
-        HandOver handOver(desktop.drags().run, [] { return Spot{}; });
+        HandOver handOver(desktop.drags().run, [] { return PointerTarget{}; });
     }
     desktop.beginDrag(request);
     EXPECT_EQ(own, 1) << "the loop of before is back";

@@ -54,7 +54,7 @@ TEST_F(BookLoader, AnUnknownSpaceKeepsTheSlotsOfTheColourBefore) {
     EXPECT_EQ(name(0), "key   ");
 }
 
-TEST_F(BookLoader, TheCountIsHeldToTheCapacity) {
+TEST_F(BookLoader, TheCountIsClampedToTheCapacity) {
     FileBuilder book;
     book.bookHeader(8000, 0);
     for (int i = 0; i < 8000; ++i)

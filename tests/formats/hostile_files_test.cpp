@@ -82,7 +82,7 @@ TEST(HostileSwatchFile, AppendingFromANegativeCountDropsWhatFallsBeforeTheArray)
     EXPECT_EQ(reading.changed(), 2);
 }
 
-TEST(HostileSwatchFile, ASecondCountIsNotHeldToTheLimitButToTheArray) {
+TEST(HostileSwatchFile, ASecondCountIsNotClampedToTheLimitButToTheArray) {
     FileBuilder file;
     file.header(1, 0).header(2, 32767);
     for (int i = 0; i < 5010; ++i)

@@ -292,7 +292,7 @@ TEST_F(HistoryTest, TwentyLevelsAfterTwentyEditsHoldLittleMoreThanTheRecord) {
         data->swatchList1[i * 200].SRed = i + 1;
         ++viewCount; // so that the page of the counts changes too
     }
-    EXPECT_LE(history->manager()->heldBytes(), 4'500'000u);
+    EXPECT_LE(history->manager()->storedBytes(), 4'500'000u);
 }
 
 TEST_F(HistoryTest, TwentyLevelsAfterTwentyChangesOfAWholeListHold35Megabytes) {
@@ -300,7 +300,7 @@ TEST_F(HistoryTest, TwentyLevelsAfterTwentyChangesOfAWholeListHold35Megabytes) {
         history->setUndoablePosition(undo_label::sortAlpha);
         std::memset(data->swatchList1, i + 1, sizeof data->swatchList1);
     }
-    EXPECT_LE(history->manager()->heldBytes(), 35'000'000u);
+    EXPECT_LE(history->manager()->storedBytes(), 35'000'000u);
 }
 
 } // namespace

@@ -43,7 +43,7 @@ TEST_F(SnapshotStackTest, StartsWithNothingToUndoOrRedo) {
     stack.undo();
     stack.redo();
     EXPECT_EQ(stack.latest(), nullptr);
-    EXPECT_EQ(stack.heldBytes(), 0u);
+    EXPECT_EQ(stack.storedBytes(), 0u);
 }
 
 TEST_F(SnapshotStackTest, UndoesAndRedoesInOrderWithNames) {

@@ -28,7 +28,7 @@ TEST(UndoLabels, AreCutOutOfADescription) {
         {"x!!y!long enough!", " \rlong enough\r"},
         {"!one!, !four!", " one\r"},         // five characters after the second opening mark
         {"!one!, !fours!", " one\rfours\r"}, // six
-        {"!A!", " A\r"},                     // the first mark is not held to that length
+        {"!A!", " A\r"},                     // the first mark is not clamped to that length
     };
     for (const ListingCase& c : cases)
         EXPECT_EQ(undoListing(c.description), c.expected) << c.description;

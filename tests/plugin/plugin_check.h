@@ -3,7 +3,7 @@
 #include "record/global_record.h"
 #include "standalone/callbacks.h"
 #include "standalone/conversion/closed_converter.h"
-#include "standalone/pick.h"
+#include "standalone/host_run.h"
 #include "standalone/plugin_module.h"
 
 #include <algorithm>
@@ -19,7 +19,7 @@ namespace chromalog::standalone {
 
 namespace fs = std::filesystem;
 
-inline const HeldColour kOffered{Space::rgb, {0x12FF, 0x3400, 0xFFFF, 77}};
+inline const HostColour kOffered{Space::rgb, {0x12FF, 0x3400, 0xFFFF, 77}};
 
 /// The module in a strict host, in folders of its own.
 struct PlugInCheck : ::testing::Test {
@@ -39,7 +39,7 @@ struct PlugInCheck : ::testing::Test {
         fs::remove_all(folder);
     }
 
-    HostRun::Answer pick(const HeldColour& offered = kOffered) {
+    HostRun::Answer pick(const HostColour& offered = kOffered) {
         const PluginModule module(CHROMALOG_MODULE);
         HostRun run(host, module.entry());
         return run.pick(offered);

@@ -74,7 +74,7 @@ TEST_F(PlugInCheck, TwoPicksInOneHostRunShareTheRecordEvenWithOptionHeld) {
 }
 
 /// Picks the second colour in a second pick, where a host colour in CMYK has arrived.
-HeldColour secondColourOf(Host& host, const HeldColour& offered) {
+HostColour secondColourOf(Host& host, const HostColour& offered) {
     const PluginModule module(CHROMALOG_MODULE);
     HostRun run(host, module.entry());
     run.pick(offered);
@@ -83,7 +83,7 @@ HeldColour secondColourOf(Host& host, const HeldColour& offered) {
     return run.pick(offered).colour;
 }
 
-const HeldColour kOfferedCmyk{Space::cmyk, {255 << 8, 85 << 8, 28 << 8, 229 << 8}};
+const HostColour kOfferedCmyk{Space::cmyk, {255 << 8, 85 << 8, 28 << 8, 229 << 8}};
 
 TEST_F(PlugInCheck, AHostColourInCmykArrivesConverted) {
     EXPECT_EQ(secondColourOf(host, kOfferedCmyk).components,

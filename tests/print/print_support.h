@@ -3,7 +3,7 @@
 #include "print/list_printing.h"
 #include "print/print_options.h"
 #include "record/host_conversion.h"
-#include "support/headless_desktop.h"
+#include "support/list_delegate.h"
 
 #include <algorithm>
 #include <cstring>
@@ -43,26 +43,12 @@ inline std::vector<FCOStruct> numberedSwatches() {
 }
 
 /// What of the dialog printing works with, around a list.
-class PrintingDialog : public CSwatchListDelegate {
+class PrintingDialog : public ListDelegate {
   public:
-    HeadlessDesktop screen;
     PrintOptions options;
     ColorServicesProc services = closedForm;
 
-    Desktop& desktop() override { return screen; }
-    void setFirstColor(CSwatchList&, std::int16_t) override {}
-    bool isFirstColorId(const Colour&, std::int16_t, std::string&) override { return false; }
-    void activateKnobs(CSwatchList&, double) override {}
-    void setUndoablePosition(std::string_view) override {}
-    ListRecords list1Records() override { return {}; }
-    ScrollView& scroller(CSwatchList&) override { return scroller_; }
-    Menu& menu(CSwatchList&) override { return menu_; }
-
     HeadlessForm& dialog() { return *screen.forms.at("SwatchPrintOptions"); }
-
-  private:
-    ScrollView scroller_;
-    Menu menu_;
 };
 
 } // namespace chromalog::test

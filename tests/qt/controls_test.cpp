@@ -41,7 +41,7 @@ TEST_F(ControlsTest, AStepperWalksAndWraps) {
     next->click();
     EXPECT_EQ(stepper.value(), 2);
     stepper.configure(0, 1, 1, 7, true);
-    EXPECT_EQ(stepper.value(), 1); // held to its range
+    EXPECT_EQ(stepper.value(), 1); // clamped to its range
 }
 
 TEST_F(ControlsTest, ADisabledStepperStands) {
@@ -63,7 +63,7 @@ TEST_F(ControlsTest, TheStepperTakesArrowKeys) {
     EXPECT_EQ(stepper.value(), 4);
 }
 
-TEST_F(ControlsTest, TheLevelIsKeptAndItsDrawingHeld) {
+TEST_F(ControlsTest, TheLevelIsKeptAndItsDrawingClamped) {
     LevelIndicatorWidget level;
     const struct {
         double value;

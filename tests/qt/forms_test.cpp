@@ -247,7 +247,7 @@ TEST_F(FormsTest, AMenuItemSendsItsAction) {
     FormOwner owner;
     owner.actions = {{"deleteSwatch2:", [&] { ++sent; }}};
     const auto form = desktop.loadForm("chromalogWindow", owner);
-    auto* menu = qobject_cast<QMenu*>(desktop.widget("swatchContextMenu2"));
+    auto* menu = desktop.widget("chromalogWindow")->findChild<QMenu*>("swatchContextMenu2");
     ASSERT_NE(menu, nullptr);
     ASSERT_EQ(menu->actions().size(), 1);
     menu->actions().front()->trigger();

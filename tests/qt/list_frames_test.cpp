@@ -1,7 +1,7 @@
 // The lines of a list are whole on screens whose scale is no whole number, wherever the list stands and
 // however far it is scrolled.
 #include "qt/desktop_fixture.h"
-#include "qt/list_delegate.h"
+#include "support/list_delegate.h"
 
 #include "qt/controls/list_scroll_area.h"
 #include "qt/drags.h"

@@ -1,6 +1,6 @@
 // A swatch list shows the same pixels whatever part of it is painted, and text that was laid out once shows
 // as text that is laid out anew.
-#include "qt/list_delegate.h"
+#include "support/list_delegate.h"
 
 #include "qt/application_guard.h"
 #include "qt/line_cache.h"

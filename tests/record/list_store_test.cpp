@@ -7,10 +7,10 @@
 namespace chromalog {
 namespace {
 
-TEST(ListStore, CountsAreHeldToTheArray) {
-    for (const auto& [told, held] :
+TEST(ListStore, CountsAreClampedToTheArray) {
+    for (const auto& [told, clamped] :
          {std::pair{-32768, 0}, {-1, 0}, {0, 0}, {4999, 4999}, {5000, 5000}, {30000, 5000}})
-        EXPECT_EQ(heldCount(told), held) << told;
+        EXPECT_EQ(clampedCount(told), clamped) << told;
 }
 
 TEST(ListStore, IndicesOutsideTheArrayHaveNoRecord) {

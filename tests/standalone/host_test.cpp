@@ -1,7 +1,7 @@
 // What a well-behaved plug-in gets from the host.
 #include "standalone/callbacks.h"
 #include "standalone/conversion/closed_converter.h"
-#include "standalone/pick.h"
+#include "standalone/host_run.h"
 
 #include <cstring>
 #include <gmock/gmock.h>

@@ -111,7 +111,7 @@ TEST(Misuse, AForeignBlockIsNamedOnceAndGivesNothing) {
         EXPECT_THAT(misusesOf(mistake.body), ElementsAre(mistake.named));
 }
 
-TEST(Misuse, ABufferOfASuiteThatIsNotHeldIsNamedTwice) {
+TEST(Misuse, ABufferOfASuiteThatIsNotAcquiredIsNamedTwice) {
     const Body body = [](PickerRecord&, std::intptr_t&) { bufferSuite1()->New(nullptr, 3); };
     EXPECT_THAT(misusesOf(body), ElementsAre("New: called while " kPSBufferSuite " is not acquired",
                                              "New: a block of 3 bytes was not freed"));

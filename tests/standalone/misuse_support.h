@@ -2,7 +2,7 @@
 
 #include "standalone/callbacks.h"
 #include "standalone/conversion/closed_converter.h"
-#include "standalone/pick.h"
+#include "standalone/host_run.h"
 
 #include <gmock/gmock.h>
 

@@ -76,7 +76,7 @@ class FileBuilder {
 };
 
 /// Colour books in memory; counts how often each is read.
-class BooksInMemory : public ColourBookShelf {
+class BooksInMemory : public ColourBookRegistry {
   public:
     std::map<std::string, std::vector<std::uint8_t>> books;
     mutable std::map<std::string, int> reads;

@@ -327,7 +327,7 @@ struct StoredNameCase {
     int length;
 };
 
-TEST_F(ListCommandsTest, StoredNamesAreAsciiHeldTo255WithTheTextsOwnLength) {
+TEST_F(ListCommandsTest, StoredNamesAreAsciiClampedTo255WithTheTextsOwnLength) {
     const StoredNameCase cases[] = {{"a.aco", "a.aco", 5},
                                     {"\u00c9t\u00e9.aco", "Ete.aco", 7},
                                     {"\u5927.aco", "?.aco", 5},

@@ -52,7 +52,7 @@ TEST(Search, HitsCarryTheirRelativePositionInSinglePrecision) {
     EXPECT_EQ(hits[1].scrollValue, 0.5);
 }
 
-TEST(Search, CountsOutOfRangeAreHeldToTheArray) {
+TEST(Search, CountsOutOfRangeAreClampedToTheArray) {
     std::vector<FCOStruct> list(kListCapacity);
     list[4999] = swatch("last");
     EXPECT_EQ(findByName(list, list, 30'000, "last").size(), 1u);

@@ -1,6 +1,6 @@
 #include "swatches/swatch_list_view.h"
 
-#include "support/headless_desktop.h"
+#include "support/list_delegate.h"
 #include "support/recording_canvas.h"
 
 #include <gmock/gmock.h>
@@ -18,24 +18,12 @@ using testing::ElementsAre;
 
 const Colour kBlack, kBlue = Colour::rgb(0, 0, 1);
 
-/// The dialog around a list, as far as the list's drawing and state ask for it.
-class Dialog : public CSwatchListDelegate {
+/// Takes the first colours that the list offers.
+class Dialog : public test::ListDelegate {
   public:
-    test::HeadlessDesktop platform;
     std::vector<int> firstColours;
 
-    Desktop& desktop() override { return platform; }
     void setFirstColor(CSwatchList&, std::int16_t index) override { firstColours.push_back(index); }
-    bool isFirstColorId(const Colour&, std::int16_t, std::string&) override { return false; }
-    void activateKnobs(CSwatchList&, double) override {}
-    void setUndoablePosition(std::string_view) override {}
-    ListRecords list1Records() override { return {}; }
-    ScrollView& scroller(CSwatchList&) override { return noScroller; }
-    Menu& menu(CSwatchList&) override { return noMenu; }
-
-  private:
-    ScrollView noScroller;
-    Menu noMenu;
 };
 
 class SwatchListView : public testing::Test {
@@ -76,7 +64,7 @@ TEST_F(SwatchListView, AnEmptyListDrawsNothingNotEvenItsFrame) {
     EXPECT_TRUE(draw().empty());
     list.setNumberOfColors(-3);
     EXPECT_TRUE(draw().empty());
-    EXPECT_TRUE(dialog.platform.logLines.empty());
+    EXPECT_TRUE(dialog.screen.logLines.empty());
 }
 
 TEST_F(SwatchListView, OneSwatchIsAFrameAPatchANameAndASelection) {
@@ -209,7 +197,7 @@ TEST_F(SwatchListView, ARowWhosePatchTopIsNotBelowZeroIsSkipped) {
     EXPECT_EQ(records[0].Namen[records[0].Namen[0] + 1], 'x');
 }
 
-TEST_F(SwatchListView, ACountPastTheArrayIsHeldToIt) {
+TEST_F(SwatchListView, ACountPastTheArrayIsClampedToIt) {
     fill(5000);
     list.setNumberOfColors(30000);
     draw({0, 0, 200, 400});
@@ -232,13 +220,13 @@ TEST_F(SwatchListView, OffTheScreenNothingIsDrawn) {
     RecordingCanvas paper(false);
     list.drawRect(paper);
     EXPECT_TRUE(paper.primitives.empty());
-    EXPECT_TRUE(dialog.platform.logLines.empty());
+    EXPECT_TRUE(dialog.screen.logLines.empty());
 }
 
 TEST_F(SwatchListView, DrawingOnTheScreenIsLogged) {
     fill(20);
     draw();
-    EXPECT_THAT(dialog.platform.logLines, ElementsAre("DrawSwatches Oy= ,0.000000 HY ,462.000000"));
+    EXPECT_THAT(dialog.screen.logLines, ElementsAre("DrawSwatches Oy= ,0.000000 HY ,462.000000"));
 }
 
 TEST_F(SwatchListView, TheHeightFitsAllRowsAndTheClip) {
@@ -264,7 +252,7 @@ TEST_F(SwatchListView, AScrollPositionSetsTheFirstRowAndIsLogged) {
     host.clip = Rect{0, 0, 200, 220};
     list.setScrollPos(0.5F);
     EXPECT_EQ(list.getStartColor(), 45);
-    EXPECT_THAT(dialog.platform.logLines, ElementsAre("ScrollValue : ,0.500000"));
+    EXPECT_THAT(dialog.screen.logLines, ElementsAre("ScrollValue : ,0.500000"));
     list.setScrollPos(1e30F);
     EXPECT_EQ(list.getStartColor(), 32767);
     host.clip.reset();

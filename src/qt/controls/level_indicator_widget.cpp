@@ -26,9 +26,9 @@ int LevelIndicatorWidget::filledSegments() const {
 
 void LevelIndicatorWidget::setValue(double value) {
     value_ = value;
-    const double held = std::isfinite(value) ? std::clamp(value, 0.0, double(segments)) : 0.0;
+    const double clamped = std::isfinite(value) ? std::clamp(value, 0.0, double(segments)) : 0.0;
     setUpdatesEnabled(false); // the base class would paint at once, a frame of its own before the others'
-    QProgressBar::setValue(int(std::lround(held * steps / segments)));
+    QProgressBar::setValue(int(std::lround(clamped * steps / segments)));
     setUpdatesEnabled(true); // and mark for redraw
 }
 

@@ -4,7 +4,7 @@
 
 namespace chromalog {
 
-/// Ten segments for 0..10. The value is kept as given; only what is drawn and announced is held to that
+/// Ten segments for 0..10. The value is kept as given; only what is drawn and announced is clamped to that
 /// range.
 class LevelIndicatorWidget : public QProgressBar {
     Q_OBJECT

@@ -1,14 +1,14 @@
-#include "standalone/held_colour.h"
+#include "standalone/host_colour.h"
 
 #include <algorithm>
 #include <cstdio>
 
 namespace chromalog::standalone {
 
-std::optional<HeldColour> readColour(const std::string& text, Scale scale) {
+std::optional<HostColour> readColour(const std::string& text, Scale scale) {
     const auto written = readWrittenColour(text);
     if (!written) return std::nullopt;
-    HeldColour colour{Space{written->space}, written->components};
+    HostColour colour{Space{written->space}, written->components};
     // Only bytes need scaling: components that were written out are taken as they stand.
     if (scale == Scale::eight && text.find(':') == std::string::npos)
         for (std::uint16_t& component : colour.components)
@@ -16,7 +16,7 @@ std::optional<HeldColour> readColour(const std::string& text, Scale scale) {
     return colour;
 }
 
-RgbWords rgbOf(const HeldColour& colour, Scale scale, const ColourConverter& converter) {
+RgbChannels rgbOf(const HostColour& colour, Scale scale, const ColourConverter& converter) {
     const auto& c = colour.components;
     const auto widened = [](int byte) { return static_cast<std::uint16_t>(std::clamp(byte, 0, 255) * 257); };
     if (colour.space == Space::rgb) {
@@ -33,7 +33,7 @@ RgbWords rgbOf(const HeldColour& colour, Scale scale, const ColourConverter& con
     return {widened(rgb[0]), widened(rgb[1]), widened(rgb[2])};
 }
 
-std::string formatColour(const RgbWords& rgb, Format format) {
+std::string formatColour(const RgbChannels& rgb, Format format) {
     const int r = byteOf(rgb[0]), g = byteOf(rgb[1]), b = byteOf(rgb[2]);
     char line[128];
     switch (format) {

@@ -1,25 +1,25 @@
 #include "standalone/conversion/closed_converter.h"
-#include "standalone/held_colour.h"
+#include "standalone/host_colour.h"
 
 #include <gtest/gtest.h>
 
 namespace chromalog::standalone {
 namespace {
 
-TEST(HeldColour, IsReadAsTheRecordHoldsIt) {
-    EXPECT_EQ(readColour("#12ABff", Scale::sixteen), (HeldColour{Space::rgb, {0x1212, 0xABAB, 0xFFFF, 0}}));
-    EXPECT_EQ(readColour("tomato", Scale::sixteen), (HeldColour{Space::rgb, {0xFFFF, 0x6363, 0x4747, 0}}));
-    EXPECT_EQ(readColour("cmyk:9,8,7,6", Scale::sixteen), (HeldColour{Space::cmyk, {9, 8, 7, 6}}));
+TEST(HostColour, IsReadAsTheRecordHoldsIt) {
+    EXPECT_EQ(readColour("#12ABff", Scale::sixteen), (HostColour{Space::rgb, {0x1212, 0xABAB, 0xFFFF, 0}}));
+    EXPECT_EQ(readColour("tomato", Scale::sixteen), (HostColour{Space::rgb, {0xFFFF, 0x6363, 0x4747, 0}}));
+    EXPECT_EQ(readColour("cmyk:9,8,7,6", Scale::sixteen), (HostColour{Space::cmyk, {9, 8, 7, 6}}));
     EXPECT_EQ(readColour("no colour", Scale::sixteen), std::nullopt);
     EXPECT_EQ(readColour("#12345678", Scale::sixteen), std::nullopt);
 }
 
-TEST(HeldColour, EightBitRecordsHoldBytes) {
-    EXPECT_EQ(readColour("#12ABff", Scale::eight), (HeldColour{Space::rgb, {0x12, 0xAB, 0xFF, 0}}));
-    EXPECT_EQ(readColour("rgb:1,2,300", Scale::eight), (HeldColour{Space::rgb, {1, 2, 300, 0}}));
+TEST(HostColour, EightBitRecordsHoldBytes) {
+    EXPECT_EQ(readColour("#12ABff", Scale::eight), (HostColour{Space::rgb, {0x12, 0xAB, 0xFF, 0}}));
+    EXPECT_EQ(readColour("rgb:1,2,300", Scale::eight), (HostColour{Space::rgb, {1, 2, 300, 0}}));
 }
 
-TEST(HeldColour, EveryByteSurvivesReadingAndPrinting) {
+TEST(HostColour, EveryByteSurvivesReadingAndPrinting) {
     for (int byte = 0; byte < 256; ++byte) {
         char text[8];
         std::snprintf(text, sizeof text, "#%02x%02x%02x", byte, 255 - byte, byte / 2);
@@ -31,8 +31,8 @@ TEST(HeldColour, EveryByteSurvivesReadingAndPrinting) {
     }
 }
 
-TEST(HeldColour, EightBitFormatsTakeTheNearestValue) {
-    const RgbWords rgb{58981, 0x00FF, 0xFF00};
+TEST(HostColour, EightBitFormatsTakeTheNearestValue) {
+    const RgbChannels rgb{58981, 0x00FF, 0xFF00};
     EXPECT_EQ(formatColour(rgb, Format::hex), "#e501fe");
     EXPECT_EQ(formatColour(rgb, Format::rgb8), "229 1 254");
     EXPECT_EQ(formatColour(rgb, Format::rgb16), "58981 255 65280");
@@ -41,13 +41,13 @@ TEST(HeldColour, EightBitFormatsTakeTheNearestValue) {
               R"({"hex": "#e501fe", "rgb8": [229, 1, 254], "rgb16": [58981, 255, 65280]})");
 }
 
-TEST(HeldColour, TheHighByteOfA16BitHueCountsAsDegrees) {
+TEST(HostColour, TheHighByteOfA16BitHueCountsAsDegrees) {
     const ClosedConverter converter;
     EXPECT_EQ(rgbOf({Space::hsb, {120 << 8, 65535, 65535}}, Scale::sixteen, converter),
-              (RgbWords{0, 65535, 0}));
+              (RgbChannels{0, 65535, 0}));
     EXPECT_EQ(rgbOf({Space::hsb, {(240 << 8) + 255, 65535, 65535}}, Scale::sixteen, converter),
-              (RgbWords{0, 0, 65535}));
-    EXPECT_EQ(rgbOf({Space::hsb, {300, 255, 255}}, Scale::eight, converter), (RgbWords{65535, 0, 65535}));
+              (RgbChannels{0, 0, 65535}));
+    EXPECT_EQ(rgbOf({Space::hsb, {300, 255, 255}}, Scale::eight, converter), (RgbChannels{65535, 0, 65535}));
 }
 
 } // namespace

@@ -15,21 +15,21 @@ namespace chromalog::standalone {
 enum class Scale { eight = 8, sixteen = 16 };
 
 /// A colour as the picker's record holds it.
-struct HeldColour {
+struct HostColour {
     Space space = Space::rgb;
     std::array<std::uint16_t, 4> components{};
-    bool operator==(const HeldColour&) const = default;
+    bool operator==(const HostColour&) const = default;
 };
 
 /// Reads #rrggbb, #rgb, a CSS name, or SPACE:c0,c1,c2[,c3] with the components as the record holds them.
-std::optional<HeldColour> readColour(const std::string& text, Scale scale);
+std::optional<HostColour> readColour(const std::string& text, Scale scale);
 
 /// The colour as 16-bit RGB; other spaces go through the converter.
-RgbWords rgbOf(const HeldColour& colour, Scale scale, const ColourConverter& converter);
+RgbChannels rgbOf(const HostColour& colour, Scale scale, const ColourConverter& converter);
 
 enum class Format { hex, rgb8, rgb16, css, json };
 
 /// One line without its end.
-std::string formatColour(const RgbWords& rgb, Format format);
+std::string formatColour(const RgbChannels& rgb, Format format);
 
 } // namespace chromalog::standalone

@@ -1,4 +1,4 @@
-#include "standalone/pick.h"
+#include "standalone/host_run.h"
 
 #include "standalone/callbacks.h"
 
@@ -20,7 +20,7 @@ PlugInMonitor sRgbMonitor() {
             fixed(0.15), fixed(0.06), fixed(0.3127), fixed(0.3290), fixed(1)};
 }
 
-void fillRecord(PickerRecord& record, const Host& host, const HeldColour& offered,
+void fillRecord(PickerRecord& record, const Host& host, const HostColour& offered,
                 unsigned char* errorString) {
     record.hostSig = kHostSignature;
     record.bufferProcs = bufferProcs();
@@ -75,7 +75,7 @@ void HostRun::endCall(GuardedBlock& block, bool unchanged) {
     oldCall_ = std::move(block);
 }
 
-HostRun::Answer HostRun::pick(const HeldColour& offered) {
+HostRun::Answer HostRun::pick(const HostColour& offered) {
     watchOldRecord();
     GuardedBlock block(sizeof(Call));
     Call& call = newCall(block);

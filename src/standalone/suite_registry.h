@@ -11,9 +11,9 @@
 namespace chromalog::standalone {
 
 /// The suites that the host offers, by name and version, and how often the plug-in holds each.
-class SuiteShelf {
+class SuiteRegistry {
   public:
-    explicit SuiteShelf(CallLedger& ledger) : ledger_(ledger) {}
+    explicit SuiteRegistry(CallLedger& ledger) : ledger_(ledger) {}
 
     void offer(const std::string& name, std::int32_t version, const void* table) {
         offered_[{name, version}] = table;
@@ -24,7 +24,7 @@ class SuiteShelf {
     std::int32_t acquire(const char* name, std::int32_t version, const void** suite);
     std::int32_t release(const char* name, std::int32_t version);
     /// Names a use of a suite's function by a plug-in that holds no version of that suite.
-    void requireHeld(const std::string& name, const char* callback);
+    void requireAcquired(const std::string& name, const char* callback);
 
     void checkAfterCall();
 
@@ -33,7 +33,7 @@ class SuiteShelf {
     CallLedger& ledger_;
     std::map<Key, const void*> offered_;
     std::set<std::string> withheld_;
-    std::map<Key, int> held_;
+    std::map<Key, int> acquired_;
 };
 
 } // namespace chromalog::standalone

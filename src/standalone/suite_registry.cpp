@@ -1,4 +1,4 @@
-#include "standalone/suite_shelf.h"
+#include "standalone/suite_registry.h"
 
 #include "abi/basic_suite.h"
 
@@ -12,7 +12,7 @@ std::string text(const std::pair<std::string, std::int32_t>& key) {
 }
 } // namespace
 
-std::int32_t SuiteShelf::acquire(const char* name, std::int32_t version, const void** suite) {
+std::int32_t SuiteRegistry::acquire(const char* name, std::int32_t version, const void** suite) {
     ledger_.count("AcquireSuite");
     if (!name || !suite) {
         ledger_.misuse("AcquireSuite", name ? "null suite pointer" : "null name");
@@ -20,36 +20,36 @@ std::int32_t SuiteShelf::acquire(const char* name, std::int32_t version, const v
     }
     const auto found = offered_.find({name, version});
     if (found == offered_.end() || withheld_.count(name)) return kSPSuiteNotFoundError;
-    ++held_[found->first];
+    ++acquired_[found->first];
     *suite = found->second;
     return kSPNoError;
 }
 
-std::int32_t SuiteShelf::release(const char* name, std::int32_t version) {
+std::int32_t SuiteRegistry::release(const char* name, std::int32_t version) {
     ledger_.count("ReleaseSuite");
     if (!name) {
         ledger_.misuse("ReleaseSuite", "null name");
         return kSPBadParameterError;
     }
-    const auto found = held_.find({name, version});
-    if (found == held_.end()) {
+    const auto found = acquired_.find({name, version});
+    if (found == acquired_.end()) {
         ledger_.misuse("ReleaseSuite", text({name, version}) + " is not acquired");
         return kSPSuiteNotFoundError;
     }
-    if (--found->second == 0) held_.erase(found);
+    if (--found->second == 0) acquired_.erase(found);
     return kSPNoError;
 }
 
-void SuiteShelf::requireHeld(const std::string& name, const char* callback) {
-    const auto isHeld = [&name](const auto& entry) { return entry.first.first == name; };
-    if (std::none_of(held_.begin(), held_.end(), isHeld))
+void SuiteRegistry::requireAcquired(const std::string& name, const char* callback) {
+    const auto isAcquired = [&name](const auto& entry) { return entry.first.first == name; };
+    if (std::none_of(acquired_.begin(), acquired_.end(), isAcquired))
         ledger_.misuse(callback, "called while " + name + " is not acquired");
 }
 
-void SuiteShelf::checkAfterCall() {
-    for (const auto& [key, times] : held_)
+void SuiteRegistry::checkAfterCall() {
+    for (const auto& [key, times] : acquired_)
         ledger_.misuse("AcquireSuite", text(key) + " was not released");
-    held_.clear();
+    acquired_.clear();
 }
 
 } // namespace chromalog::standalone

@@ -2,8 +2,8 @@
 
 #include "abi/picker_record.h"
 #include "standalone/guarded_block.h"
-#include "standalone/held_colour.h"
 #include "standalone/host.h"
+#include "standalone/host_colour.h"
 
 #include <optional>
 
@@ -20,10 +20,10 @@ class HostRun {
 
     struct Answer {
         std::int16_t result; ///< the plug-in's result code
-        HeldColour colour;   ///< what the record holds after the call
+        HostColour colour;   ///< what the record holds after the call
         std::string error;   ///< the plug-in's own message with errReportString
     };
-    Answer pick(const HeldColour& offered);
+    Answer pick(const HostColour& offered);
     void about();
 
     std::intptr_t slot() const { return slot_; }
