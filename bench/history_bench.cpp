@@ -1,28 +1,21 @@
 // Snapshots of the global record beside one copy of it.
+#include "made_swatches.h"
+
 #include "history/snapshot_stack.h"
-#include "record/global_record.h"
 
 #include <benchmark/benchmark.h>
 
 #include <cstring>
 #include <memory>
-#include <random>
 
 namespace {
 
 using namespace chromalog;
 
+constexpr int kCount = 4999;
+
 std::unique_ptr<GlobalRecord> fullRecord() {
-    auto record = std::make_unique<GlobalRecord>();
-    std::mt19937 random(1);
-    for (FCOStruct* list : {record->swatchList1, record->swatchList2})
-        for (int i = 0; i < 4999; ++i) {
-            list[i].Namen[0] = 12;
-            for (int k = 1; k <= 12; ++k)
-                list[i].Namen[k] = static_cast<std::uint8_t>('a' + random() % 26);
-            list[i].SRed = random() % 65536;
-        }
-    return record;
+    return recordWith(kCount, kCount);
 }
 
 std::span<std::byte> bytesOf(GlobalRecord& record) {
@@ -48,13 +41,14 @@ void push(SnapshotStack& stack, GlobalRecord& record) {
 }
 
 void stepAfterOneEdit(benchmark::State& state) {
-    const auto record = fullRecord();
+    const int count = static_cast<int>(state.range(0));
+    const auto record = recordWith(count, count);
     SnapshotStack stack([](const UndoAction&) {});
     for (int i = 0; i < 21; ++i)
         push(stack, *record);
     int row = 0;
     for (auto _ : state) {
-        record->swatchList1[row++ % 4999].SRed ^= 1;
+        record->swatchList1[row++ % count].SRed ^= 1;
         push(stack, *record);
     }
     state.counters["stored"] = static_cast<double>(stack.storedBytes());
@@ -101,9 +95,9 @@ void restoring(benchmark::State& state) {
 }
 
 BENCHMARK(copyOfTheRecord);
-BENCHMARK(stepAfterOneEdit);          // at most 1.3 copies
-BENCHMARK(stepAfterAWholeListChange); // at most 1.3 copies
+BENCHMARK(stepAfterOneEdit)->Arg(10)->Arg(100)->Arg(1000)->Arg(kCount);
+BENCHMARK(stepAfterAWholeListChange);
 BENCHMARK(firstStepOfAPick);
-BENCHMARK(restoring); // at most 1.15 copies
+BENCHMARK(restoring);
 
 } // namespace

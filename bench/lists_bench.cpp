@@ -1,4 +1,7 @@
-// Sorting, searching and the nearest colour on 4,999 swatches, each beside the plainest way to do it.
+// Sorting, searching and the nearest colour, each beside the plainest way to do it. The argument is the
+// number of swatches.
+#include "made_swatches.h"
+
 #include "swatches/nearest.h"
 #include "swatches/search.h"
 #include "swatches/sort.h"
@@ -6,43 +9,33 @@
 #include <benchmark/benchmark.h>
 
 #include <cmath>
-#include <memory>
 #include <numeric>
-#include <random>
-#include <string>
+#include <string_view>
+#include <vector>
 
 namespace {
 
 using namespace chromalog;
 
-constexpr int kCount = 4999;
+int countOf(const benchmark::State& state) {
+    return static_cast<int>(state.range(0));
+}
 
-const std::vector<FCOStruct>& swatches() {
-    static const std::vector<FCOStruct> list = [] {
-        std::vector<FCOStruct> made(kListCapacity);
-        std::mt19937 random(3);
-        for (FCOStruct& record : made) {
-            const std::string name =
-                "PANTONE " + std::to_string(random() % 9000) + (random() % 2 ? " C" : " U");
-            record.Namen[0] = static_cast<std::uint8_t>(name.size());
-            std::copy(name.begin(), name.end(), record.Namen + 1);
-            record.SRed = random() % 65536;
-            record.SGreen = random() % 65536;
-            record.SBlue = random() % 65536;
-        }
-        return made;
-    }();
-    return list;
+std::vector<FCOStruct> swatches() {
+    std::vector<FCOStruct> made(kListCapacity);
+    makeSwatches(made);
+    return made;
 }
 
 /// Each round works on an unsorted copy, made outside the clock.
 template <typename Work> void onCopies(benchmark::State& state, Work work) {
-    std::vector<FCOStruct> list = swatches();
+    const std::vector<FCOStruct> unsorted = swatches();
+    std::vector<FCOStruct> list = unsorted;
     for (auto _ : state) {
         state.PauseTiming();
-        list = swatches();
+        list = unsorted;
         state.ResumeTiming();
-        work(ListRecords(list).first(kCount));
+        work(ListRecords(list).first(static_cast<std::size_t>(countOf(state))));
         benchmark::ClobberMemory();
     }
 }
@@ -82,36 +75,37 @@ void sortByHueOurs(benchmark::State& state) {
     onCopies(state, sortByHue);
 }
 
-void searchPlain(benchmark::State& state) {
+void searchPlain(benchmark::State& state, std::string_view text) {
     std::vector<FCOStruct> list = swatches();
+    const int count = countOf(state);
     for (auto _ : state) {
         std::vector<FoundEntry> hits;
-        for (int i = 0; i < kCount; ++i) {
+        for (int i = 0; i < count; ++i) {
             list[i].Namen[1 + list[i].Namen[0]] = 0;
             const std::string_view name = reinterpret_cast<const char*>(list[i].Namen) + 1;
             bool ascii = true;
             for (const char c : name)
                 ascii = ascii && static_cast<unsigned char>(c) < 0x80;
-            if (ascii && name.find("300") != name.npos)
-                hits.push_back({i, static_cast<float>(i) / static_cast<float>(kCount)});
+            if (ascii && name.find(text) != name.npos)
+                hits.push_back({i, static_cast<float>(i) / static_cast<float>(count)});
         }
         benchmark::DoNotOptimize(hits.data());
     }
 }
 
-void searchOurs(benchmark::State& state) {
+void searchOurs(benchmark::State& state, std::string_view text) {
     std::vector<FCOStruct> list = swatches();
     for (auto _ : state)
-        benchmark::DoNotOptimize(findByName(list, list, kCount, "300").data());
+        benchmark::DoNotOptimize(findByName(list, list, countOf(state), text).data());
 }
 
 void nearestPlain(benchmark::State& state) {
-    const auto& list = swatches();
+    const auto list = swatches();
     for (auto _ : state) {
         const float r = 0.3F * 65535, g = 0.2F * 65535, b = 0.7F * 65535;
         float best = 1e13F;
         int index = 0;
-        for (int i = 0; i < kCount; ++i) {
+        for (int i = 0; i < countOf(state); ++i) {
             const float x = r - static_cast<float>(list[i].SRed), y = g - static_cast<float>(list[i].SGreen),
                         z = b - static_cast<float>(list[i].SBlue);
             const float s = x * x + y * y + z * z;
@@ -123,19 +117,22 @@ void nearestPlain(benchmark::State& state) {
 }
 
 void nearestOurs(benchmark::State& state) {
-    const auto& list = swatches();
+    const auto list = swatches();
+    const auto searched = ConstListRecords(list).first(static_cast<std::size_t>(countOf(state)));
     for (auto _ : state)
-        benchmark::DoNotOptimize(
-            nearestSwatch(ConstListRecords(list).first(kCount), Colour::rgb(0.3, 0.2, 0.7)));
+        benchmark::DoNotOptimize(nearestSwatch(searched, Colour::rgb(0.3, 0.2, 0.7)));
 }
 
-BENCHMARK(sortByNamePlain);
-BENCHMARK(sortByNameOurs); // not slower
-BENCHMARK(sortByHuePlain);
-BENCHMARK(sortByHueOurs); // not slower
-BENCHMARK(searchPlain);
-BENCHMARK(searchOurs); // not slower
-BENCHMARK(nearestPlain);
-BENCHMARK(nearestOurs); // not slower
+#define AT_ALL_COUNTS ->Arg(10)->Arg(100)->Arg(1000)->Arg(4999)
+BENCHMARK(sortByNamePlain) AT_ALL_COUNTS;
+BENCHMARK(sortByNameOurs) AT_ALL_COUNTS;
+BENCHMARK(sortByHuePlain) AT_ALL_COUNTS;
+BENCHMARK(sortByHueOurs) AT_ALL_COUNTS;
+BENCHMARK_CAPTURE(searchPlain, Blue, "Blue") AT_ALL_COUNTS;
+BENCHMARK_CAPTURE(searchOurs, Blue, "Blue") AT_ALL_COUNTS;
+BENCHMARK_CAPTURE(searchPlain, e, "e") AT_ALL_COUNTS;
+BENCHMARK_CAPTURE(searchOurs, e, "e") AT_ALL_COUNTS;
+BENCHMARK(nearestPlain) AT_ALL_COUNTS;
+BENCHMARK(nearestOurs) AT_ALL_COUNTS;
 
 } // namespace

@@ -1,13 +1,12 @@
 // Writing the preferences file, beside a plain temporary file that is written and renamed.
+#include "made_swatches.h"
+
 #include "prefs/preferences_file.h"
 #include "prefs/preferences_store.h"
 
 #include <benchmark/benchmark.h>
 
-#include <cstdio>
 #include <cstring>
-#include <memory>
-#include <random>
 #include <vector>
 
 #include <fcntl.h>
@@ -19,27 +18,8 @@ namespace {
 constexpr const char* kTarget = "prefs_bench.prf";
 constexpr const char* kTemporary = "prefs_bench.tmp";
 
-std::unique_ptr<GlobalRecord> recordWith(int colours1, int colours2) {
-    auto record = std::make_unique<GlobalRecord>();
-    std::mt19937 random(1);
-    const auto fill = [&](FCOStruct* list, int count) {
-        for (int i = 0; i < count; ++i) {
-            list[i].Namen[0] = static_cast<std::uint8_t>(
-                std::snprintf(reinterpret_cast<char*>(list[i].Namen) + 1, 255, "Colour %d", i));
-            list[i].SRed = random() % 65536;
-            list[i].SGreen = random() % 65536;
-            list[i].SBlue = random() % 65536;
-        }
-    };
-    fill(record->swatchList1, colours1);
-    fill(record->swatchList2, colours2);
-    record->numColors1 = static_cast<std::int16_t>(colours1);
-    record->numColors2 = static_cast<std::int16_t>(colours2);
-    return record;
-}
-
 void plainWriteAndRename(benchmark::State& state) {
-    const auto record = recordWith(5000, 5000);
+    const auto record = recordWith(4999, 4999);
     std::vector<std::uint8_t> bytes(kPreferencesSize);
     const auto image = preferencesImage(*record);
     std::memcpy(bytes.data(), image.data(), image.size());
@@ -53,23 +33,35 @@ void plainWriteAndRename(benchmark::State& state) {
     ::unlink(kTarget);
 }
 
-void preferencesWrite(benchmark::State& state) {
+void writeStore(benchmark::State& state, Flush flush) {
     const auto record = recordWith(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
     PreferencesStore store(kTarget);
     for (auto _ : state)
-        if (store.write(preferencesImage(*record), kPreferencesZeros, Flush::later).error != 0)
+        if (store.write(preferencesImage(*record), kPreferencesZeros, flush).error != 0)
             state.SkipWithError("not written");
     for (const char* left : {"", ".lock", ".open"})
         ::unlink((std::string(kTarget) + left).c_str());
 }
 
+void preferencesWrite(benchmark::State& state) {
+    writeStore(state, Flush::later);
+}
+
+void preferencesWriteToDisk(benchmark::State& state) {
+    writeStore(state, Flush::toDisk);
+}
+
 BENCHMARK(plainWriteAndRename)->Unit(benchmark::kMicrosecond)->UseRealTime();
 BENCHMARK(preferencesWrite)
-    ->Args({5000, 5000}) // at most 1.25 of the plain write
-    ->Args({550, 0})     // at most 0.5 of it
+    ->Args({10, 10})
+    ->Args({100, 100})
+    ->Args({1000, 1000})
+    ->Args({4999, 4999})
+    ->Args({550, 0})
     ->Args({275, 275})
     ->Unit(benchmark::kMicrosecond)
     ->UseRealTime();
+BENCHMARK(preferencesWriteToDisk)->Args({4999, 4999})->Unit(benchmark::kMicrosecond)->UseRealTime();
 
 } // namespace
 } // namespace chromalog

@@ -1,4 +1,6 @@
 // Reading and writing swatch files, and looking up colour books, each beside what it is measured against.
+#include "made_swatches.h"
+
 #include "files/file_io.h"
 #include "formats/aco_reader.h"
 #include "formats/aco_writer.h"
@@ -9,8 +11,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <map>
 #include <memory>
-#include <random>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -28,19 +30,11 @@ ListRecords list() {
     return {records.get(), kListCapacity};
 }
 
-std::vector<std::uint8_t> swatchFile() {
-    const auto records = std::make_unique<FCOStruct[]>(kColours);
-    std::mt19937 random(1);
-    for (int i = 0; i < kColours; ++i) {
-        FCOStruct& record = records[static_cast<std::size_t>(i)];
-        char* name = reinterpret_cast<char*>(record.Namen) + 1;
-        record.Namen[0] = static_cast<std::uint8_t>(std::snprintf(name, 255, "Colour %d", i));
-        record.SRed = random() % 65536;
-        record.SGreen = random() % 65536;
-        record.SBlue = random() % 65536;
-    }
+std::vector<std::uint8_t> swatchFile(int count) {
+    const auto records = std::make_unique<FCOStruct[]>(kListCapacity);
+    makeSwatches({records.get(), static_cast<std::size_t>(count)});
     std::vector<std::uint8_t> file;
-    writeAco(file, {records.get(), kColours}, kColours);
+    writeAco(file, {records.get(), kListCapacity}, static_cast<std::int16_t>(count));
     return file;
 }
 
@@ -48,8 +42,8 @@ std::vector<std::uint8_t> swatchFile() {
 class Folder {
   public:
     Folder() {
-        char name[] = "/tmp/swatch_files_bench_XXXXXX";
-        path_ = ::mkdtemp(name);
+        path_ = (std::filesystem::temp_directory_path() / "swatch_files_bench_XXXXXX").string();
+        path_ = ::mkdtemp(path_.data());
     }
     Folder(const Folder&) = delete;
     Folder& operator=(const Folder&) = delete;
@@ -72,54 +66,59 @@ void plainWrite(const std::string& path, Bytes bytes) {
     ::close(fd);
 }
 
-const std::string& swatchPath() {
-    static const std::string path = [] {
-        plainWrite(folder() / "list.aco", swatchFile());
-        return folder() / "list.aco";
-    }();
+/// A file of so many swatches, written once.
+const std::string& swatchPath(std::int64_t count) {
+    static std::map<std::int64_t, std::string> paths;
+    std::string& path = paths[count];
+    if (path.empty()) {
+        path = folder() / ("list" + std::to_string(count) + ".aco").c_str();
+        plainWrite(path, swatchFile(static_cast<int>(count)));
+    }
     return path;
 }
 
 void openReadClose(benchmark::State& state) {
-    std::vector<std::uint8_t> bytes(std::filesystem::file_size(swatchPath()));
+    const std::string& path = swatchPath(state.range(0));
+    std::vector<std::uint8_t> bytes(std::filesystem::file_size(path));
     for (auto _ : state) {
-        const int fd = ::open(swatchPath().c_str(), O_RDONLY);
+        const int fd = ::open(path.c_str(), O_RDONLY);
         if (::read(fd, bytes.data(), bytes.size()) != static_cast<ssize_t>(bytes.size())) std::abort();
         ::close(fd);
         benchmark::DoNotOptimize(bytes.data());
     }
 }
 
-/// Limits: 14 times openReadClose, 0.4 of readThroughStdio.
 void readSwatchFile(benchmark::State& state) {
     const BooksOnDisk noBooks("");
-    swatchPath();
+    const std::string& path = swatchPath(state.range(0));
     for (auto _ : state) {
-        const auto file = readDataFromFileAtURL(swatchPath());
+        const auto file = readDataFromFileAtURL(path);
         readAcoRecords(*file, readAcoHeader(*file, 0), 0, list(), nullptr, noBooks);
         benchmark::DoNotOptimize(list().data());
     }
 }
 
-/// The same for RGB records, each field fetched through stdio.
+/// A strong reader through stdio of one kind of file only: RGB colours with names in ASCII. One large buffer,
+/// no locks, two calls a record.
 void readThroughStdio(benchmark::State& state) {
-    swatchPath();
+    const std::string& path = swatchPath(state.range(0));
     for (auto _ : state) {
-        std::FILE* file = std::fopen(swatchPath().c_str(), "rb");
-        std::uint8_t head[4], colour[10], length[4], unit[2];
-        if (std::fread(head, 1, 4, file) != 4) std::abort();
+        std::FILE* file = std::fopen(path.c_str(), "rb");
+        std::setvbuf(file, nullptr, _IOFBF, 1 << 16);
+        std::uint8_t head[4], fixed[14], units[2 * 255];
+        if (fread_unlocked(head, 1, sizeof head, file) != sizeof head) std::abort();
         const int count = head[2] << 8 | head[3];
         for (int i = 0; i < count; ++i) {
             FCOStruct& record = list()[static_cast<std::size_t>(i)];
-            if (std::fread(colour, 1, 10, file) != 10 || std::fread(length, 1, 4, file) != 4) std::abort();
-            record.SRed = bigEndian16(colour + 2);
-            record.SGreen = bigEndian16(colour + 4);
-            record.SBlue = bigEndian16(colour + 6);
-            record.Namen[0] = static_cast<std::uint8_t>(length[3] - 1);
-            for (int k = 1; k <= record.Namen[0] + 1; ++k) {
-                if (std::fread(unit, 1, 2, file) != 2) std::abort();
-                record.Namen[k] = unit[1];
-            }
+            if (fread_unlocked(fixed, 1, sizeof fixed, file) != sizeof fixed) std::abort();
+            record.SRed = bigEndian16(fixed + 2);
+            record.SGreen = bigEndian16(fixed + 4);
+            record.SBlue = bigEndian16(fixed + 6);
+            const std::size_t length = fixed[13];
+            if (fread_unlocked(units, 2, length, file) != length) std::abort();
+            record.Namen[0] = static_cast<std::uint8_t>(length - 1);
+            for (std::size_t k = 0; k < length; ++k)
+                record.Namen[1 + k] = units[2 * k + 1];
         }
         std::fclose(file);
         benchmark::DoNotOptimize(list().data());
@@ -127,19 +126,18 @@ void readThroughStdio(benchmark::State& state) {
 }
 
 void writeTheSameBytes(benchmark::State& state) {
-    const std::vector<std::uint8_t> file = swatchFile();
+    const std::vector<std::uint8_t> file = swatchFile(static_cast<int>(state.range(0)));
     for (auto _ : state)
         plainWrite(folder() / "plain.aco", file);
 }
 
-/// Limit: 10 times writeTheSameBytes. It writes to a temporary file that takes the place of the old one.
+/// To a temporary file that takes the place of the old one, as it is saved.
 void writeSwatchFile(benchmark::State& state) {
-    const std::vector<std::uint8_t> file = swatchFile();
-    const BooksOnDisk noBooks("");
-    readAcoRecords(file, readAcoHeader(file, 0), 0, list(), nullptr, noBooks);
+    const auto count = static_cast<std::int16_t>(state.range(0));
+    makeSwatches(list());
     for (auto _ : state) {
         std::vector<std::uint8_t> data;
-        writeAco(data, list(), kColours);
+        writeAco(data, list(), count);
         if (!writeDataToFileAtURL(folder() / "written.aco", data)) std::abort();
     }
 }
@@ -182,7 +180,7 @@ void readTheBookOnce(benchmark::State& state) {
     }
 }
 
-/// Limit: 3 times readTheBookOnce. The host conversions come on top; a book of RGB colours needs none.
+/// The host conversions come on top; a book of RGB colours needs none.
 void lookUp4999References(benchmark::State& state) {
     const std::vector<BookKey> keys = makeBook();
     const BooksOnDisk books(folder().path());
@@ -193,11 +191,12 @@ void lookUp4999References(benchmark::State& state) {
     }
 }
 
-BENCHMARK(openReadClose);
-BENCHMARK(readSwatchFile);
-BENCHMARK(readThroughStdio);
-BENCHMARK(writeTheSameBytes);
-BENCHMARK(writeSwatchFile);
+#define AT_ALL_COUNTS ->Arg(10)->Arg(100)->Arg(1000)->Arg(kColours)
+BENCHMARK(openReadClose) AT_ALL_COUNTS;
+BENCHMARK(readSwatchFile) AT_ALL_COUNTS;
+BENCHMARK(readThroughStdio) AT_ALL_COUNTS;
+BENCHMARK(writeTheSameBytes) AT_ALL_COUNTS->UseRealTime();
+BENCHMARK(writeSwatchFile) AT_ALL_COUNTS->UseRealTime();
 BENCHMARK(readTheBookOnce);
 BENCHMARK(lookUp4999References);
 

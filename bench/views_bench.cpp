@@ -27,7 +27,7 @@ void memsetOfTheSameBytes(benchmark::State& state) {
     }
 }
 
-void wheelRebuild(benchmark::State& state) { // at most 5 memsets and a fifteenth of the plain algorithm
+void wheelRebuild(benchmark::State& state) {
     const int size = static_cast<int>(state.range(0));
     WheelPicture picture;
     picture.render(size, 1);
@@ -39,7 +39,7 @@ void wheelRebuild(benchmark::State& state) { // at most 5 memsets and a fifteent
     }
 }
 
-void wheelFirstBuild(benchmark::State& state) { // at most 1.6 of the plain algorithm
+void wheelFirstBuild(benchmark::State& state) {
     std::int64_t event = 0;
     for (auto _ : state) {
         WheelPicture picture;
@@ -86,11 +86,12 @@ void stripEventWithoutPainting(benchmark::State& state) {
         dialog.strip.mouseDragged({{15, brightnessOf(++event) * size}});
 }
 
-#define AT_THE_THREE_SIZES(what) BENCHMARK(what)->Arg(256)->Arg(512)->Arg(1024)->Unit(benchmark::kMicrosecond)
-AT_THE_THREE_SIZES(memsetOfTheSameBytes);
-AT_THE_THREE_SIZES(wheelRebuild);
-AT_THE_THREE_SIZES(wheelFirstBuild);
-AT_THE_THREE_SIZES(wheelPlain);
-AT_THE_THREE_SIZES(stripEventWithoutPainting);
+#define AT_ALL_SIZES(what)                                                                                   \
+    BENCHMARK(what)->RangeMultiplier(2)->Range(128, 2048)->Unit(benchmark::kMicrosecond)
+AT_ALL_SIZES(memsetOfTheSameBytes);
+AT_ALL_SIZES(wheelRebuild);
+AT_ALL_SIZES(wheelFirstBuild);
+AT_ALL_SIZES(wheelPlain);
+AT_ALL_SIZES(stripEventWithoutPainting);
 
 } // namespace

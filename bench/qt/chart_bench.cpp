@@ -16,8 +16,6 @@
 namespace chromalog {
 namespace {
 
-constexpr int kSide = 256;
-
 struct Offscreen {
     Offscreen() { setenv("QT_QPA_PLATFORM", "offscreen", 0); }
 };
@@ -37,13 +35,17 @@ class Charts : Offscreen {
         colours_.setSecondColor(Colour::rgb(0.2, 0.4, 0.8));
         slider_.setValue(60);
         tone.toneSlider.connect(&slider_);
-        tone.layOut({0, 0, kSide, kSide});
-        gradient.layOut({0, 0, kSide, kSide});
     }
 };
 
+int sideOf(const benchmark::State& state) {
+    return static_cast<int>(state.range(0));
+}
+
 void redraw(benchmark::State& state, View& view) {
-    QImage screen(kSide, kSide, QImage::Format_RGB32);
+    const int side = sideOf(state);
+    view.layOut({0, 0, double(side), double(side)});
+    QImage screen(side, side, QImage::Format_RGB32);
     for (auto _ : state) {
         QPainter painter(&screen);
         PaintCanvas canvas(painter, {view.bounds(), false, view.bounds(), true, true});
@@ -51,12 +53,12 @@ void redraw(benchmark::State& state, View& view) {
     }
 }
 
-void toneChart(benchmark::State& state) { // at most 2 plainPaths
+void toneChart(benchmark::State& state) {
     Charts charts;
     redraw(state, charts.tone);
 }
 
-void gradient(benchmark::State& state) { // at most 2 plainRectangles
+void gradient(benchmark::State& state) {
     Charts charts;
     redraw(state, charts.gradient);
 }
@@ -64,8 +66,9 @@ void gradient(benchmark::State& state) { // at most 2 plainRectangles
 /// Each cell's outline twice, as the chart fills and strokes it.
 void plainPaths(benchmark::State& state) {
     Charts charts;
-    QImage screen(kSide, kSide, QImage::Format_RGB32);
-    const QPointF centre(kSide / 2, kSide / 2);
+    const int side = sideOf(state);
+    QImage screen(side, side, QImage::Format_RGB32);
+    const QPointF centre(side / 2, side / 2);
     const auto circle = [&](double r) { return QRectF(centre.x() - r, centre.y() - r, 2 * r, 2 * r); };
     for (auto _ : state) {
         QPainter painter(&screen);
@@ -73,7 +76,7 @@ void plainPaths(benchmark::State& state) {
         for (int ring = toneRings; ring >= 1; --ring)
             for (int sector = 0; sector < toneSectors; ++sector) {
                 const double angle = sector * 360.0 / toneSectors, sweep = 360.0 / toneSectors;
-                const double unit = kSide / 16.0;
+                const double unit = side / 16.0;
                 QPainterPath path;
                 path.arcMoveTo(circle(unit * (ring + 1)), angle);
                 path.arcTo(circle(unit * (ring + 1)), angle, sweep);
@@ -88,8 +91,8 @@ void plainPaths(benchmark::State& state) {
 /// Each cell's square twice, as the gradient fills and frames it.
 void plainRectangles(benchmark::State& state) {
     Charts charts;
-    QImage screen(kSide, kSide, QImage::Format_RGB32);
-    const double side = double(kSide) / gradientCells;
+    QImage screen(sideOf(state), sideOf(state), QImage::Format_RGB32);
+    const double side = double(sideOf(state)) / gradientCells;
     for (auto _ : state) {
         QPainter painter(&screen);
         for (int row = 0; row < gradientCells; ++row)
@@ -100,10 +103,12 @@ void plainRectangles(benchmark::State& state) {
     }
 }
 
-BENCHMARK(toneChart)->Unit(benchmark::kMicrosecond);
-BENCHMARK(plainPaths)->Unit(benchmark::kMicrosecond);
-BENCHMARK(gradient)->Unit(benchmark::kMicrosecond);
-BENCHMARK(plainRectangles)->Unit(benchmark::kMicrosecond);
+#define AT_ALL_SIZES(what)                                                                                   \
+    BENCHMARK(what)->RangeMultiplier(2)->Range(128, 1024)->Unit(benchmark::kMicrosecond)
+AT_ALL_SIZES(toneChart);
+AT_ALL_SIZES(plainPaths);
+AT_ALL_SIZES(gradient);
+AT_ALL_SIZES(plainRectangles);
 
 } // namespace
 } // namespace chromalog

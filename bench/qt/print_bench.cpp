@@ -1,5 +1,5 @@
-// Printing a list of 4,999 swatches to a PDF file, beside drawing the same rectangles and texts on the same
-// device.
+// Printing a list of swatches to a PDF file, beside drawing the same rectangles and texts on the same device.
+// The argument is the number of swatches.
 #include "print/page_layout.h"
 #include "print/print_support.h"
 #include "qt/application_guard.h"
@@ -16,8 +16,6 @@
 
 namespace chromalog {
 namespace {
-
-constexpr int kCount = 4999;
 
 /// The headless desktop with the toolkit's printing.
 class PrintingScreen : public test::HeadlessDesktop {
@@ -47,7 +45,7 @@ void printList(benchmark::State& state) {
     dialog.options = {0, 1, 1, 1};
     CSwatchList list(dialog);
     list.setSwatchList(setting.records.data());
-    list.setNumberOfColors(kCount);
+    list.setNumberOfColors(static_cast<std::int16_t>(state.range(0)));
     for (auto _ : state) {
         paper.jobs.nextPdf = setting.file;
         printSwatchList(list, dialog.options, dialog.services, paper);
@@ -74,7 +72,6 @@ void drawPages(QPainter& painter, QPdfWriter& device, const std::vector<PrintPag
     }
 }
 
-/// The printed list may cost twice as much.
 void plainDrawing(benchmark::State& state) {
     Setting setting;
     SwatchPrintSetting what;
@@ -82,7 +79,8 @@ void plainDrawing(benchmark::State& state) {
     what.services = test::closedForm;
     what.date = "date";
     what.userName = "user";
-    const auto pages = swatchPages(ConstListRecords(setting.records).first(kCount), {540, 720}, what);
+    const auto pages = swatchPages(
+        ConstListRecords(setting.records).first(static_cast<std::size_t>(state.range(0))), {540, 720}, what);
     for (auto _ : state) {
         QFile file(QString::fromStdString(setting.file));
         file.open(QIODevice::WriteOnly);
@@ -95,8 +93,9 @@ void plainDrawing(benchmark::State& state) {
     }
 }
 
-BENCHMARK(plainDrawing)->Unit(benchmark::kMillisecond);
-BENCHMARK(printList)->Unit(benchmark::kMillisecond);
+#define AT_ALL_COUNTS ->Arg(10)->Arg(100)->Arg(1000)->Arg(4999)->Unit(benchmark::kMillisecond)
+BENCHMARK(plainDrawing) AT_ALL_COUNTS;
+BENCHMARK(printList) AT_ALL_COUNTS;
 
 } // namespace
 } // namespace chromalog
