@@ -2,15 +2,27 @@
 
 #include "qt/controls/clear_button.h"
 #include "qt/controls/color_well_widget.h"
+#include "qt/controls/compact_field.h"
+#include "qt/controls/digit_label.h"
 #include "qt/controls/elided_label.h"
+#include "qt/controls/fit_button.h"
+#include "qt/controls/fit_label.h"
 #include "qt/controls/level_indicator_widget.h"
 #include "qt/controls/list_scroll_area.h"
 #include "qt/controls/square_box.h"
 #include "qt/controls/status_label.h"
 #include "qt/controls/stepper_widget.h"
 #include "qt/controls/tinted_button.h"
+#include "qt/controls/two_way_switch.h"
 #include "qt/convert.h"
 #include "qt/form_names.h"
+#include "qt/layout/desk_box.h"
+#include "qt/layout/fields_box.h"
+#include "qt/layout/fit_row.h"
+#include "qt/layout/stage_box.h"
+#include "qt/layout/work_area.h"
+#include "qt/layout/work_column.h"
+#include "qt/layout/wrap_row.h"
 #include "qt/mishap.h"
 #include "qt/view_widget.h"
 
@@ -46,6 +58,18 @@ constexpr OwnClass ownClasses[] = {
     {"SquareBox", make<SquareBox>},
     {"ElidedLabel", make<ElidedLabel>},
     {"StatusLabel", make<StatusLabel>},
+    {"CompactField", make<CompactField>},
+    {"DigitLabel", make<DigitLabel>},
+    {"FitButton", make<FitButton>},
+    {"FitLabel", make<FitLabel>},
+    {"TwoWaySwitch", make<TwoWaySwitch>},
+    {"FieldsBox", make<FieldsBox>},
+    {"WorkArea", make<WorkArea>},
+    {"DeskBox", make<DeskBox>},
+    {"FitRow", make<FitRow>},
+    {"StageBox", make<StageBox>},
+    {"WorkColumn", make<WorkColumn>},
+    {"WrapRow", make<WrapRow>},
 };
 
 void reportDoubles(const QWidget& root, std::vector<std::string>& problems) {

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QLabel>
+
+namespace chromalog {
+
+/// A number that is only shown, as wide as its number of digits, whatever it says.
+class DigitLabel : public QLabel {
+    Q_OBJECT
+    Q_PROPERTY(int digits MEMBER digits_)
+  public:
+    using QLabel::QLabel;
+    QSize sizeHint() const override {
+        return {fontMetrics().horizontalAdvance('0') * digits_ + 2, fontMetrics().height() + 2};
+    }
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+  private:
+    int digits_ = 3;
+};
+
+} // namespace chromalog
