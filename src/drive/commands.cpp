@@ -6,6 +6,7 @@
 #include "drive/locate.h"
 #include "qt/driven_dialog.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
@@ -49,6 +50,13 @@ QMenu* openMenu() {
 /// The list that a menu of the dialog belongs to.
 QString ownerOf(const QMenu& menu) {
     return menu.objectName().endsWith('2') ? "swatch2" : "swatch1";
+}
+
+/// The visible button that opens the menu, or null.
+QWidget* buttonOf(const QMenu& menu) {
+    for (auto* button : menu.parentWidget()->window()->findChildren<QAbstractButton*>())
+        if (button->property(kMenuName).toString() == menu.objectName() && button->isVisible()) return button;
+    return nullptr;
 }
 
 } // namespace
@@ -127,6 +135,7 @@ void Commands::pressOperation(const QString& operation, bool alt) {
     if (QWidget* control = controlSending(operation)) return clickWith(clickTarget(*control), alt);
     if (QMenu* open = openMenu(); open && itemOf(*open, operation)) return choose(*open, operation);
     const auto [menu, action] = itemSending(operation);
+    if (QWidget* button = menu ? buttonOf(*menu) : nullptr) return chooseFromButton(*button, operation);
     if (menu) return openContextMenu(reachableOutlet(fromQt(ownerOf(*menu))), operation);
     throw CommandError{"no outlet and no visible control or menu item for '" + fromQt(operation) + "'"};
 }
@@ -161,6 +170,13 @@ void Commands::openContextMenu(QWidget& outlet, const QString& operation) {
     rightClick(targetOf(outlet, {outlet.width() / 2.0, y}));
     if (std::exchange(waitingFor_, std::nullopt))
         throw CommandError{fromQt(outlet.objectName()) + " opened no context menu"};
+}
+
+void Commands::chooseFromButton(QWidget& button, const QString& operation) {
+    click({&button, button.property(kMenuSpot).toPointF()});
+    QMenu* open = openMenu();
+    if (!open) throw CommandError{fromQt(button.objectName()) + " opened no menu"};
+    choose(*open, operation);
 }
 
 bool Commands::chooseWaitingItem() {

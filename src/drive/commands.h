@@ -10,6 +10,7 @@
 #include <optional>
 
 class QMenu;
+class QWidget;
 
 namespace chromalog {
 class DrivenDialog;
@@ -57,6 +58,7 @@ class Commands {
     void pressOperation(const QString& operation, bool alt);
     void pressEither(const QString& operation, const QString& other);
     void openContextMenu(QWidget& outlet, const QString& operation);
+    void chooseFromButton(QWidget&, const QString& operation);
     Colour rgbOf(const WrittenColour&) const;
 
     DrivenDialog& dialog_;

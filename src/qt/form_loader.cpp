@@ -45,6 +45,7 @@ template <typename T> QWidget* make(QWidget* parent) {
 struct OwnClass {
     const char* name;
     QWidget* (*make)(QWidget* parent);
+    const char* knownAs = nullptr; ///< the class that it is to whoever looks from outside; null: its own
 };
 
 constexpr OwnClass ownClasses[] = {
@@ -58,11 +59,11 @@ constexpr OwnClass ownClasses[] = {
     {"SquareBox", make<SquareBox>},
     {"ElidedLabel", make<ElidedLabel>},
     {"StatusLabel", make<StatusLabel>},
-    {"CompactField", make<CompactField>},
-    {"DigitLabel", make<DigitLabel>},
-    {"FitButton", make<FitButton>},
-    {"FitLabel", make<FitLabel>},
-    {"TwoWaySwitch", make<TwoWaySwitch>},
+    {"CompactField", make<CompactField>, "QLineEdit"},
+    {"DigitLabel", make<DigitLabel>, "QLabel"},
+    {"FitButton", make<FitButton>, "QPushButton"},
+    {"FitLabel", make<FitLabel>, "QLabel"},
+    {"TwoWaySwitch", make<TwoWaySwitch>, "QPushButton"},
     {"FieldsBox", make<FieldsBox>},
     {"WorkArea", make<WorkArea>},
     {"DeskBox", make<DeskBox>},
@@ -107,14 +108,14 @@ QWidget* FormLoader::createWidget(const QString& className, QWidget* parent, con
 }
 
 QWidget* FormLoader::made(const QString& className, QWidget* parent, const QString& name) {
-    QWidget* widget = nullptr;
-    for (const OwnClass& own : ownClasses)
-        if (className == QLatin1String(own.name)) widget = own.make(parent);
-    if (widget) {
+    for (const OwnClass& own : ownClasses) {
+        if (className != QLatin1String(own.name)) continue;
+        QWidget* widget = own.make(parent);
         widget->setObjectName(name);
+        if (own.knownAs) widget->setProperty(kClassName, own.knownAs);
         return widget;
     }
-    widget = QUiLoader::createWidget(className, parent, name);
+    QWidget* widget = QUiLoader::createWidget(className, parent, name);
     const bool asAsked = widget && (className == "Line" || className == widget->metaObject()->className());
     if (!asAsked && problems_) problems_->push_back("no class " + fromQt(className) + " for " + fromQt(name));
     return widget;

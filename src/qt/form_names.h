@@ -18,6 +18,10 @@ inline bool isDecoration(const QString& objectName) {
 /// The property of a widget that names the dialog's own class of its control, where it has one.
 inline constexpr const char* kClassName = "className";
 
+/// Of a button with a menu: the menu's name, and the spot on the button where a press opens it.
+inline constexpr const char* kMenuName = "menuName";
+inline constexpr const char* kMenuSpot = "menuSpot";
+
 /// Classes of ours as the toolkit's own objects name them, for whoever knows no more of them than that.
 inline constexpr const char* kDialogClass = "chromalog::DialogWindow";
 inline constexpr const char* kStepperClass = "chromalog::StepperWidget";

@@ -31,6 +31,30 @@ class DriveLists : public DrivenPick {
         write(name, builder.bytes);
     }
 
+    /// The dialog with its Append button in the menu of another one, and a search field of another class.
+    void writeFormWithMenu() const {
+        std::ifstream in(CHROMALOG_RESOURCES "/chromalogWindow.ui");
+        std::string form{std::istreambuf_iterator<char>(in), {}};
+        const auto replace = [&](const std::string& what, const std::string& by) {
+            const auto at = form.find(what);
+            ASSERT_NE(at, std::string::npos) << what;
+            form.replace(at, what.size(), by);
+        };
+        replace("<widget class=\"QPushButton\" name=\"appendSwatch1\">",
+                "<widget class=\"FitButton\" name=\"boxMore\"><property name=\"menuName\" stdset=\"0\">"
+                "<string>boxMenu</string></property><property name=\"texts\" stdset=\"0\"><string>More"
+                "</string></property>");
+        replace("<string>appendSwatch1:</string>", "<string>loadSwatch1:</string>");
+        replace("<tabstop>appendSwatch1</tabstop>", "<tabstop>boxMore</tabstop>");
+        replace("<widget class=\"QLineEdit\" name=\"findColor1\">",
+                "<widget class=\"CompactField\" name=\"findColor1\">");
+        replace("<widget class=\"QMenu\" name=\"swatchContextMenu\">",
+                "<widget class=\"QMenu\" name=\"boxMenu\"><action name=\"boxItem\"><property name=\"action\" "
+                "stdset=\"0\"><string>appendSwatch1:</string></property></action><addaction "
+                "name=\"boxItem\"/></widget><widget class=\"QMenu\" name=\"swatchContextMenu\">");
+        write("chromalogWindow.ui", form);
+    }
+
     static std::string nameOf(const json& record) {
         std::string name;
         const std::string hex = record["name"];
@@ -53,6 +77,15 @@ class DriveLists : public DrivenPick {
 };
 
 using Names = std::vector<std::string>;
+
+TEST_F(DriveLists, APressFindsAnOperationInTheMenuOfAButton) {
+    writeFormWithMenu();
+    environment_["CHROMALOG_FORMS"] = folder_.path();
+    playWell("choose $/five.aco\npress loadSwatch1:\nchoose $/two.aco\npress appendSwatch1:\n"
+             "state $/state.json\n");
+    EXPECT_EQ(state()["lists"][0]["viewCount"], 7);
+    EXPECT_EQ(state()["outlets"]["findColor1"]["class"], "QLineEdit") << "whichever class shows it";
+}
 
 TEST_F(DriveLists, ThePanelIsAnsweredBeforeOrAfterItOpens) {
     for (const char* script : {"choose $/five.aco\npress loadSwatch1:\nstate $/state.json\n",

@@ -18,6 +18,7 @@ class FitButton : public QPushButton {
     Q_PROPERTY(QString texts READ texts WRITE setTexts)
     Q_PROPERTY(QString sign MEMBER sign_)
     Q_PROPERTY(QString menuName MEMBER menuName_)
+    Q_PROPERTY(QPoint menuSpot READ menuSpot)
     Q_PROPERTY(bool quiet MEMBER quiet_)
   public:
     explicit FitButton(QWidget* parent = nullptr);
