@@ -17,7 +17,6 @@
 namespace chromalog {
 
 namespace {
-constexpr int bezel = 4; ///< pixels from the edge to the colour
 constexpr Size dragPicture{20, 20};
 } // namespace
 
@@ -56,10 +55,11 @@ void ColorWellWidget::copyAsHex() try {
 void ColorWellWidget::paintEvent(QPaintEvent*) try {
     QPainter painter(this);
     const QRect whole = rect();
-    painter.fillRect(whole, palette().color(QPalette::Mid));
-    painter.fillRect(whole.adjusted(1, 1, -1, -1), palette().color(QPalette::Light));
-    const QRect inside = whole.adjusted(bezel, bezel, -bezel, -bezel);
-    painter.fillRect(inside.adjusted(-1, -1, 1, 1), palette().color(QPalette::Dark));
+    QRect inside = whole;
+    if (framed_) { // a hairline that is seen on light and dark, and on the colour itself
+        painter.fillRect(whole, palette().color(QPalette::Mid));
+        inside.adjust(1, 1, -1, -1);
+    }
     QColor shown = toQt(colour_);
     shown.setAlpha(255);
     painter.fillRect(inside, isEnabled() ? shown : palette().color(QPalette::Window));

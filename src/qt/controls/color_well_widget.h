@@ -11,11 +11,12 @@ namespace chromalog {
 
 class Drags;
 
-/// A colour well: a bezel around a colour. It drags its colour out, takes a dropped one, and copies its hex
-/// code.
+/// A colour well: a colour within a hairline, or without one where it touches another. It drags its colour
+/// out, takes a dropped one, and copies its hex code.
 class ColorWellWidget : public QWidget, public DragSource {
     Q_OBJECT
     Q_PROPERTY(QVariantList rgba READ rgba)
+    Q_PROPERTY(bool framed MEMBER framed_)
   public:
     explicit ColorWellWidget(QWidget* parent = nullptr);
     void setDrags(Drags* drags) { drags_ = drags; }
@@ -53,6 +54,7 @@ class ColorWellWidget : public QWidget, public DragSource {
     std::function<void(const DragInfo&)> onDrop_;
     QPointF pressedAt_;
     bool pressed_ = false;
+    bool framed_ = true;
 };
 
 } // namespace chromalog

@@ -38,7 +38,7 @@ void LevelIndicatorWidget::paintEvent(QPaintEvent*) try {
     for (int i = 0; i < segments; ++i) {
         const int left = int(std::lround(i * pitch));
         const QRect box(left, 0, int(std::lround((i + 1) * pitch)) - gap - left, height());
-        painter.fillRect(box, i < filledSegments() ? QColor(0x3a, 0x9b, 0x4b)
+        painter.fillRect(box, i < filledSegments() ? palette().color(QPalette::Highlight)
                                                    : palette().color(QPalette::Midlight));
         painter.setPen(palette().color(QPalette::Mid));
         painter.drawRect(box.adjusted(0, 0, -1, -1));

@@ -20,6 +20,12 @@ class TintedButton : public QPushButton {
     const std::optional<Colour>& tint() const { return tint_; }
     QVariantList rgba() const; ///< the tint's four components, 0..1, exactly; empty without one
 
+    QSize sizeHint() const override {
+        const QSize text = fontMetrics().size(Qt::TextShowMnemonic, this->text());
+        return {std::max(144, text.width() + 40), std::max(32, text.height() + 12)};
+    }
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
   protected:
     void paintEvent(QPaintEvent*) override;
 
