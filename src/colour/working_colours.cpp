@@ -25,6 +25,7 @@ std::vector<OutletEntry> WorkingColours::table() {
         {"colorName", &colorName},
         {"origFirstColor", &origFirstColor},
         {"origSecondColor", &origSecondColor},
+        {"offeredColor", &offeredColor, true},
         {"origComplement", &origComplement},
         {"origHarmony", &origHarmony},
         {"origTrichrome", &origTrichrome},
@@ -42,10 +43,9 @@ std::vector<OutletEntry> WorkingColours::table() {
 
 std::vector<ActionEntry> WorkingColours::actions() {
     return {
-        {"complementOn:", [this] { complementOn(); }},
-        {"harmoniquesOn:", [this] { harmoniquesOn(); }},
-        {"triComplementOn:", [this] { triComplementOn(); }},
-        {"quadriOn:", [this] { quadriOn(); }},
+        {"complementOn:", [this] { complementOn(); }},       {"harmoniquesOn:", [this] { harmoniquesOn(); }},
+        {"triComplementOn:", [this] { triComplementOn(); }}, {"quadriOn:", [this] { quadriOn(); }},
+        {"useOfferedColor:", [this] { useOfferedColor(); }},
     };
 }
 
@@ -75,6 +75,20 @@ void WorkingColours::zeroInit() {
     secondColor_ = Colour::rgb(0.1, 0.7, 0.3);
     luminosity_ = 2.0f;
     alpha1_ = 55.0f;
+}
+
+void WorkingColours::setOfferedColor(const Colour& colour) {
+    setSecondColor(colour);
+    offeredColor_ = secondColor_;
+    offeredColor->setColor(offeredColor_);
+}
+
+void WorkingColours::useOfferedColor() {
+    secondColor_ = offeredColor_;
+    origSecondColor->setColor(secondColor_);
+    showRgb(second, secondColor_);
+    showCmyk(second, secondColor_, services_);
+    changed(Cause::secondEntered);
 }
 
 void WorkingColours::showFirstColor() {

@@ -34,7 +34,7 @@ class WorkingColours {
 
     ValueFields first, second;
     Outlet<TextField> colorName;
-    Outlet<ColorWell> origFirstColor, origSecondColor;
+    Outlet<ColorWell> origFirstColor, origSecondColor, offeredColor;
     Outlet<ColorWell> origComplement, origHarmony, origTrichrome,
         origQuadrichrome; ///< show the second colour
     Outlet<ColorWell> complementColor, triHarmoni1Color, triHarmoni2Color, quadri1Color, quadri2Color,
@@ -53,8 +53,10 @@ class WorkingColours {
     const Colour& getSecondColor() const { return secondColor_; }
     void setSecondColor(const Colour& c) {
         secondColor_ = c.withAlpha(1.0);
-    }                      ///< shows nothing: start of a pick
-    void showFirstColor(); ///< the first colour in its well and fields
+    }                                    ///< shows nothing: start of a pick
+    void setOfferedColor(const Colour&); ///< the second colour too; shows itself alone
+    void useOfferedColor();              ///< makes it the second colour again, as if it were dropped there
+    void showFirstColor();               ///< the first colour in its well and fields
 
     float getLuminosity() const { return luminosity_; }
     /// Rebuilds and shows the second colour at a brightness, which may lie outside 0..1 and is kept so.
@@ -95,7 +97,7 @@ class WorkingColours {
     void setHarmonyMode(std::int16_t mode);
 
     const ColorServicesProc services_;
-    Colour firstColor_, secondColor_;
+    Colour firstColor_, secondColor_, offeredColor_;
     float luminosity_ = 0;
     float alpha1_ = 0;
     float alpha2_ = 0;

@@ -28,7 +28,7 @@ ChromalogControler::ChromalogControler(GlobalRecord& data, Desktop& desktop)
     loadForm();
     zeroInit();
     loadPrefs();
-    colours_.setSecondColor(takeHostColour(*data_.pickerRecord));
+    colours_.setOfferedColor(takeHostColour(*data_.pickerRecord));
     startLists();
     placeSecondColour();
     startHistory();
@@ -134,7 +134,10 @@ void ChromalogControler::startHistory() {
                        outlets_.redoButton,
                        [this] { savePrefs(Flush::later); },
                        [this] { panels_.storeViewCounts(); },
-                       [this] { panels_.showRecord(); }};
+                       [this] {
+                           panels_.showRecord();
+                           showWhatOkReturns();
+                       }};
     history_ = std::make_unique<ProtocolControler>(std::move(parts));
     gProtocolController = history_.get();
     history_->forceHideProtocolWindow();
@@ -188,6 +191,16 @@ void ChromalogControler::setOkButton() {
     const bool second = data_.useSecondColor != 0;
     outlets_.okButton->setTitle(second ? "Use 2nd color" : "Use 1st color");
     outlets_.okButton->setBackground(second ? colours_.getSecondColor() : colours_.getFirstColor());
+    showWhatOkReturns();
+}
+
+/// Also where the button's title and colour are left behind, as after an undo.
+void ChromalogControler::showWhatOkReturns() {
+    outlets_.toggleSecondColor->setState(returnsSecond() ? 1 : 0);
+}
+
+bool ChromalogControler::returnsSecond() const {
+    return data_.useSecondColor == kUsesSecondColor;
 }
 
 void ChromalogControler::toggleSecondColor() {
@@ -200,8 +213,7 @@ void ChromalogControler::okPressed() {
         toggleSecondColor();
         return;
     }
-    const bool second = data_.useSecondColor == kUsesSecondColor;
-    returnColour(*data_.pickerRecord, second ? colours_.getSecondColor() : colours_.getFirstColor());
+    returnColour(*data_.pickerRecord, returnsSecond() ? colours_.getSecondColor() : colours_.getFirstColor());
     desktop_.stopModal(0); // first: the pick ends also where the lists cannot be saved
     savePrefs(Flush::toDisk);
 }

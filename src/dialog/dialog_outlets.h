@@ -7,7 +7,7 @@ namespace chromalog {
 /// The dialog's outlets beside those of the colours, of their views and of the lists.
 struct DialogOutlets {
     Outlet<Window> chromalogWindow;
-    Outlet<Button> okButton, undoButton, redoButton;
+    Outlet<Button> okButton, undoButton, redoButton, toggleSecondColor;
     Outlet<TextField> statusLine;
 
     /// Each under the name that interface files give it.
@@ -16,6 +16,7 @@ struct DialogOutlets {
                 {"okButton", &okButton},
                 {"undoButton", &undoButton},
                 {"redoButton", &redoButton},
+                {"toggleSecondColor", &toggleSecondColor, true},
                 {"statusLine", &statusLine, true}};
     }
 };

@@ -4,9 +4,9 @@
 #include "drive/command_error.h"
 #include "drive/hand_over.h"
 #include "drive/locate.h"
+#include "drive/unfold.h"
 #include "qt/driven_dialog.h"
 
-#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
@@ -50,13 +50,6 @@ QMenu* openMenu() {
 /// The list that a menu of the dialog belongs to.
 QString ownerOf(const QMenu& menu) {
     return menu.objectName().endsWith('2') ? "swatch2" : "swatch1";
-}
-
-/// The visible button that opens the menu, or null.
-QWidget* buttonOf(const QMenu& menu) {
-    for (auto* button : menu.parentWidget()->window()->findChildren<QAbstractButton*>())
-        if (button->property(kMenuName).toString() == menu.objectName() && button->isVisible()) return button;
-    return nullptr;
 }
 
 } // namespace
@@ -137,6 +130,7 @@ void Commands::pressOperation(const QString& operation, bool alt) {
     const auto [menu, action] = itemSending(operation);
     if (QWidget* button = menu ? buttonOf(*menu) : nullptr) return chooseFromButton(*button, operation);
     if (menu) return openContextMenu(reachableOutlet(fromQt(ownerOf(*menu))), operation);
+    if (QWidget* folded = unfoldedControlSending(operation)) return clickWith(clickTarget(*folded), alt);
     throw CommandError{"no outlet and no visible control or menu item for '" + fromQt(operation) + "'"};
 }
 

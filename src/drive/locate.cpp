@@ -1,6 +1,7 @@
 #include "drive/locate.h"
 
 #include "drive/command_error.h"
+#include "drive/unfold.h"
 #include "qt/driven_dialog.h"
 
 #include <QAction>
@@ -54,6 +55,7 @@ QWidget* findOutlet(const QString& name) {
 QWidget& reachableOutlet(const std::string& name) {
     QWidget* widget = findOutlet(QString::fromStdString(name));
     if (!widget) throw CommandError{"unknown outlet '" + name + "'"};
+    if (!widget->isVisible()) unfold(*widget);
     if (!widget->isVisible()) throw CommandError{name + " is not on the screen"};
     if (isBlocked(*widget)) throw CommandError{name + " is behind a modal window"};
     return *widget;

@@ -22,6 +22,9 @@ inline constexpr const char* kClassName = "className";
 inline constexpr const char* kMenuName = "menuName";
 inline constexpr const char* kMenuSpot = "menuSpot";
 
+/// Of a menu item that folds: the names of the boxes that it shows while it is checked, with spaces between.
+inline constexpr const char* kShows = "shows";
+
 /// Classes of ours as the toolkit's own objects name them, for whoever knows no more of them than that.
 inline constexpr const char* kDialogClass = "chromalog::DialogWindow";
 inline constexpr const char* kStepperClass = "chromalog::StepperWidget";

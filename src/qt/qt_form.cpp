@@ -6,6 +6,7 @@
 #include "qt/controls/window_control.h"
 #include "qt/convert.h"
 #include "qt/form_names.h"
+#include "qt/layout/folds.h"
 #include "qt/mishap.h"
 #include "qt/qt_desktop.h"
 #include "qt/view_widget.h"
@@ -99,8 +100,10 @@ std::vector<std::string> QtForm::connect(const FormOwner& owner) {
     for (const OutletEntry& entry : owner.outlets)
         if (!connectOutlet(entry) && !entry.extra)
             problems.push_back("outlet " + std::string(entry.name) + " is not connected");
+    connectFolds(*root_);
     for (QObject* sender : root_->findChildren<QObject*>())
-        if (sender->property("action").isValid() && !connectAction(sender, owner))
+        if (sender->property("action").isValid() && !sender->property(kShows).isValid() &&
+            !connectAction(sender, owner))
             problems.push_back("no action " + fromQt(sender->property("action").toString()));
     for (std::string& name : unusedNames(owner))
         problems.push_back("no outlet " + std::move(name));
@@ -119,6 +122,8 @@ bool QtForm::connectAction(QObject* sender, const FormOwner& owner) {
     const auto run = [operation = entry->run] { guarded(operation); };
     if (auto* button = qobject_cast<QAbstractButton*>(sender))
         return QObject::connect(button, &QAbstractButton::clicked, root_.data(), run);
+    if (auto* well = qobject_cast<ColorWellWidget*>(sender))
+        return QObject::connect(well, &ColorWellWidget::clicked, root_.data(), run);
     if (auto* slider = qobject_cast<QSlider*>(sender))
         return QObject::connect(slider, &QSlider::valueChanged, root_.data(), run);
     if (auto* stepper = qobject_cast<StepperWidget*>(sender))
@@ -131,11 +136,21 @@ bool QtForm::connectAction(QObject* sender, const FormOwner& owner) {
     return !radios.isEmpty();
 }
 
+QStringList QtForm::ownMenus() const {
+    QStringList names;
+    for (const QWidget* widget : root_->findChildren<QWidget*>())
+        if (const QString menu = widget->property(kMenuName).toString(); !menu.isEmpty()) names.append(menu);
+    return names;
+}
+
 std::vector<std::string> QtForm::unusedNames(const FormOwner& owner) const {
     std::vector<std::string> unused;
+    const QStringList menus = ownMenus();
     for (const QWidget* widget : root_->findChildren<QWidget*>()) {
         const std::string name = fromQt(widget->objectName());
         if (isDecoration(widget->objectName()) || widget->property("action").isValid()) continue;
+        if (menus.contains(widget->objectName()) || !widget->property(kMenuName).toString().isEmpty())
+            continue;
         if (std::none_of(owner.outlets.begin(), owner.outlets.end(),
                          [&](const OutletEntry& outlet) { return outlet.name == name; }))
             unused.push_back(name);

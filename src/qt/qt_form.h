@@ -33,6 +33,7 @@ class QtForm : public Form {
     bool connectOutlet(const OutletEntry&);
     bool connectAction(QObject* sender, const FormOwner&);
     std::vector<std::string> unusedNames(const FormOwner&) const;
+    QStringList ownMenus() const; ///< names of those that buttons of the form open by themselves
 
     QPointer<DialogWindow> root_;
     QtDesktop& desktop_;

@@ -135,8 +135,10 @@ TEST_F(ListActions, UndoRestoresTheChoiceOfColourButNotTheButtonsTitle) {
         send("killSwatch1:");
         controler->toggleSecondColor();
         EXPECT_EQ(control<HeadlessButton>(*desktop, "okButton").title(), "Use 2nd color");
+        EXPECT_EQ(control<HeadlessButton>(*desktop, "toggleSecondColor").state(), 1);
         send("doUndo:");
         EXPECT_EQ(controler->record().useSecondColor, 0);
+        EXPECT_EQ(control<HeadlessButton>(*desktop, "toggleSecondColor").state(), 0) << "what OK will return";
         EXPECT_EQ(control<HeadlessButton>(*desktop, "okButton").title(), "Use 2nd color");
         control<HeadlessTextField>(*desktop, "firstR").type("1"); // whatever refreshes it
         EXPECT_EQ(control<HeadlessButton>(*desktop, "okButton").title(), "Use 1st color");

@@ -123,10 +123,32 @@ TEST_F(PickTest, AChoiceOf2ReadsAsTheSecondColourAndReturnsTheFirst) {
     prepare = [](HeadlessDesktop& d) { d.optionHeld = true; };
     pick([](ChromalogControler& c, HeadlessDesktop& d) {
         EXPECT_EQ(control<HeadlessButton>(d, "okButton").title(), "Use 2nd color");
+        EXPECT_EQ(control<HeadlessButton>(d, "toggleSecondColor").state(), 0) << "the switch tells the truth";
         d.optionHeld = false;
         c.okPressed();
     });
     EXPECT_EQ(record.pickParms.colorComponents[0], 58981) << "0.9";
+}
+
+TEST_F(PickTest, TheOfferedColourStaysInViewAndComesBack) {
+    record.pickParms.sourceSpace = plugIncolorServicesRGBSpace;
+    record.pickParms.colorComponents[0] = 0x1234;
+    record.pickParms.colorComponents[1] = 0x8001;
+    record.pickParms.colorComponents[2] = 0x00ff;
+    pick([](ChromalogControler& c, HeadlessDesktop& d) {
+        const Colour offered = c.colours().getSecondColor();
+        auto& patch = control<HeadlessColorWell>(d, "offeredColor");
+        EXPECT_TRUE(patch.color().sameRgb(offered));
+        c.colours().changeSecondColor(Colour::rgb(0.5, 0.25, 0.75));
+        EXPECT_TRUE(patch.color().sameRgb(offered));
+        d.forms.at("chromalogWindow")->send("useOfferedColor:");
+        EXPECT_TRUE(c.colours().getSecondColor().sameRgb(offered));
+        EXPECT_EQ(c.colours().getLuminosity(), static_cast<float>(offered.brightness()));
+        EXPECT_TRUE(control<HeadlessColorWell>(d, "origSecondColor").color().sameRgb(offered));
+        c.toggleSecondColor();
+        c.okPressed();
+    });
+    EXPECT_EQ(record.pickParms.colorComponents[1], 0x8080) << "what the dialog was offered: the high byte";
 }
 
 TEST_F(PickTest, ASecondPickSeesTheListsOfTheFirstEvenWithOption) {

@@ -112,6 +112,20 @@ TEST_F(DriveBasics, TheToggleIsReachableWithoutTheModifierKey) {
     EXPECT_EQ(state()["useSecondColor"], 1);
 }
 
+TEST_F(DriveBasics, AFoldedSectionOpensForWhatAScriptNames) {
+    playWell("press foldHarmonies:\npress foldChart:\npress foldNearest:\nstate $/folded.json\n"
+             "click complementColor 5 5\npress switchTone:\nstate $/open.json\n"
+             "press foldHarmonies:\npress quadriOn:\nstate $/mode.json\n");
+    const auto folded = state("folded.json")["outlets"], open = state("open.json")["outlets"];
+    for (const char* name : {"complementColor", "quadriOn", "myDegrade", "printToneOrDegrade", "nearR"})
+        EXPECT_FALSE(folded[name]["visible"]) << name;
+    EXPECT_GT(folded["chromaView"]["frame"][2], open["chromaView"]["frame"][2]) << "it takes the room";
+    EXPECT_TRUE(open["complementColor"]["visible"]);
+    EXPECT_TRUE(open["myToneView"]["visible"]);
+    EXPECT_FALSE(open["nearR"]["visible"]) << "nobody named it";
+    EXPECT_EQ(state("mode.json")["harmonyMode"], 4);
+}
+
 struct BadScript {
     const char* name;
     const char* text;

@@ -31,7 +31,7 @@ class DriveLists : public DrivenPick {
         write(name, builder.bytes);
     }
 
-    /// The dialog with its Append button in the menu of another one, and a search field of another class.
+    /// The dialog with its Append button in the menu of another one.
     void writeFormWithMenu() const {
         std::ifstream in(CHROMALOG_RESOURCES "/chromalogWindow.ui");
         std::string form{std::istreambuf_iterator<char>(in), {}};
@@ -40,14 +40,12 @@ class DriveLists : public DrivenPick {
             ASSERT_NE(at, std::string::npos) << what;
             form.replace(at, what.size(), by);
         };
-        replace("<widget class=\"QPushButton\" name=\"appendSwatch1\">",
+        replace("<widget class=\"FitButton\" name=\"appendSwatch1\">",
                 "<widget class=\"FitButton\" name=\"boxMore\"><property name=\"menuName\" stdset=\"0\">"
                 "<string>boxMenu</string></property><property name=\"texts\" stdset=\"0\"><string>More"
                 "</string></property>");
         replace("<string>appendSwatch1:</string>", "<string>loadSwatch1:</string>");
         replace("<tabstop>appendSwatch1</tabstop>", "<tabstop>boxMore</tabstop>");
-        replace("<widget class=\"QLineEdit\" name=\"findColor1\">",
-                "<widget class=\"CompactField\" name=\"findColor1\">");
         replace("<widget class=\"QMenu\" name=\"swatchContextMenu\">",
                 "<widget class=\"QMenu\" name=\"boxMenu\"><action name=\"boxItem\"><property name=\"action\" "
                 "stdset=\"0\"><string>appendSwatch1:</string></property></action><addaction "

@@ -89,11 +89,16 @@ class Comparison {
     std::vector<std::string>& found_;
 };
 
-/// Takes out of a state what follows from where things stand and how large they are.
+/// Takes out of a state what follows from where things stand and how large they are: the harmonies too are
+/// pixels of the wheel's picture, and outside of it near the rim.
 json withoutLayout(json state) {
-    state.erase("wheel");
+    for (const char* key : {"wheel", "alpha2"})
+        state.erase(key);
     for (json& outlet : state["outlets"])
         outlet.erase("frame");
+    for (const char* well : {"complementColor", "equi1Color", "equi2Color", "triHarmoni1Color",
+                             "triHarmoni2Color", "quadri1Color", "quadri2Color", "quadri3Color"})
+        if (state["outlets"].contains(well)) state["outlets"][well].erase("color");
     for (json& list : state["lists"])
         for (const char* key : {"scroller", "scrollY", "contentHeight", "hits"})
             list.erase(key);

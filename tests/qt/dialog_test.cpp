@@ -13,7 +13,9 @@
 #include "qt/convert.h"
 #include "qt/drags.h"
 
+#include <QAccessible>
 #include <QDragEnterEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPushButton>
@@ -74,6 +76,81 @@ TEST_F(DialogTest, WheelAndGradientAreSquareAndTheGradientDividesIntoSixteen) {
     EXPECT_EQ(wheel->view()->bounds().w, wheel->width());
 }
 
+/// The places of what follows the window alone.
+std::map<std::string, QRect> placesOf(const QWidget& window) {
+    std::map<std::string, QRect> places;
+    for (const char* name : {"chromaView", "lumiView", "myDegrade", "myToneView", "swatch1Scroller",
+                             "swatch2scroller", "origFirstColor", "offeredColor", "okButton"}) {
+        const auto* widget = window.findChild<QWidget*>(name);
+        places[name] = {widget->mapTo(&window, QPoint()), widget->size()};
+    }
+    return places;
+}
+
+TEST_F(DialogTest, WhatItHoldsAndSaysMovesNothing) {
+    QWidget& window = *desktop.widget("chromalogWindow");
+    window.show();
+    for (const QSize size : {QSize(960, 540), QSize(1024, 600), QSize(1280, 760), QSize(2560, 1440)}) {
+        window.resize(size);
+        window.grab(QRect(0, 0, 1, 1));
+        const auto places = placesOf(window);
+        const auto expectSame = [&](const char* why) {
+            QApplication::sendPostedEvents();
+            window.grab(QRect(0, 0, 1, 1));
+            EXPECT_EQ(placesOf(window), places) << why << ", " << size.width() << " pixels wide";
+        };
+        for (SwatchPanel* panel : controler->panels().both()) {
+            panel->view.setNumberOfColors(5000);
+            panel->nameField->setText("a list's name that is longer than any place for it \u4e00.aco");
+            panel->found->setText("5000 found");
+            panel->redisplay();
+        }
+        expectSame("5,000 swatches");
+        desktop.statusLine().say(StatusLine::About::files, std::string(500, 'w') + "\u4e00");
+        expectSame("a long status");
+        find<QLabel>("nearName")->setText(QString(300, 'w'));
+        find<QLineEdit>("colorName")->setText(QString(300, 'w'));
+        controler->toggleSecondColor();
+        expectSame("long names, the other title");
+        for (SwatchPanel* panel : controler->panels().both()) {
+            panel->view.setNumberOfColors(0);
+            panel->nameField->setText("");
+            panel->redisplay();
+        }
+        desktop.statusLine().takeBack(StatusLine::About::files);
+        controler->toggleSecondColor();
+        expectSame("empty lists");
+    }
+}
+
+TEST_F(DialogTest, TheSwitchAndTheOfferedColourWork) {
+    desktop.widget("chromalogWindow")->show();
+    auto* choice = find<QPushButton>("toggleSecondColor");
+    EXPECT_FALSE(choice->isChecked());
+    for (const int x : {5, choice->width() / 2, choice->width() - 5}) { // any press changes it
+        const bool before = choice->isChecked();
+        QTest::mouseClick(choice, Qt::LeftButton, {}, QPoint(x, 10));
+        EXPECT_EQ(choice->isChecked(), !before);
+        EXPECT_EQ(record->useSecondColor, before ? 0 : 1);
+    }
+    auto* offered = find<ColorWellWidget>("offeredColor");
+    for (int way = 0; way < 3; ++way) {
+        controler->colours().changeSecondColor(Colour::rgb(0.5, 0.25, 0.75));
+        if (way == 0) QTest::mouseClick(offered, Qt::LeftButton, {}, QPoint(9, 9));
+        if (way == 1) QTest::keyClick(offered, Qt::Key_Space);
+        if (way == 2)
+            QAccessible::queryAccessibleInterface(offered)->actionInterface()->doAction(
+                QAccessibleActionInterface::pressAction());
+        EXPECT_EQ(find<QLineEdit>("secondB")->text(), "255") << way;
+        EXPECT_TRUE(find<ColorWellWidget>("origSecondColor")->color().sameRgb(offered->color())) << way;
+    }
+    QTest::mouseClick(find<QWidget>("origFirstColor"), Qt::LeftButton, {}, QPoint(9, 9)); // sends nothing
+    EXPECT_FALSE(QAccessible::queryAccessibleInterface(find<QWidget>("origFirstColor"))
+                     ->actionInterface()
+                     ->actionNames()
+                     .contains(QAccessibleActionInterface::pressAction()));
+}
+
 TEST_F(DialogTest, TheGradientShowsFirst) {
     EXPECT_TRUE(find<QWidget>("myToneView")->isHidden());
     EXPECT_TRUE(find<QWidget>("toneSlider")->isHidden());
@@ -114,7 +191,7 @@ TEST_F(DialogTest, EveryWellGivesItsColourByDrag) {
         EXPECT_TRUE(desktop.drags().last->request.pasteboard.colour->sameRgb(well->color()));
         ++wells;
     }
-    EXPECT_EQ(wells, 15);
+    EXPECT_EQ(wells, 16);
 }
 
 TEST_F(DialogTest, TypingMovesTheOkButtonsColour) {

@@ -14,6 +14,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <utility>
+
 namespace chromalog {
 
 namespace {
@@ -31,7 +33,7 @@ ColorWellWidget::ColorWellWidget(QWidget* parent) : QWidget(parent) {
 
 void ColorWellWidget::setColor(const Colour& colour) {
     colour_ = colour;
-    update();
+    redraw();
     QAccessibleValueChangeEvent changed(this, valueText());
     QAccessible::updateAccessibility(&changed);
     QAccessibleEvent described(this, QAccessible::DescriptionChanged);
@@ -69,7 +71,8 @@ void ColorWellWidget::paintEvent(QPaintEvent*) try {
 }
 
 void ColorWellWidget::redraw() {
-    guarded([this] { update(); });
+    // Where wells touch at a fractional scale they share pixels: these are painted anew by all or by none.
+    guarded([this] { framed_ || !parentWidget() ? update() : parentWidget()->update(); });
 }
 
 void ColorWellWidget::mousePressEvent(QMouseEvent* event) {
@@ -90,7 +93,15 @@ void ColorWellWidget::mouseMoveEvent(QMouseEvent* event) try {
     mishap();
 }
 
+void ColorWellWidget::mouseReleaseEvent(QMouseEvent* event) try {
+    if (event->button() != Qt::LeftButton || !std::exchange(pressed_, false)) return;
+    if (isPressable() && rect().contains(event->position().toPoint())) emit clicked();
+} catch (...) {
+    mishap();
+}
+
 void ColorWellWidget::keyPressEvent(QKeyEvent* event) try {
+    if (event->key() == Qt::Key_Space && isPressable()) return emit clicked();
     if (event->matches(QKeySequence::Copy)) return copyAsHex();
     QWidget::keyPressEvent(event);
 } catch (...) {

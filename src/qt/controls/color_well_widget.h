@@ -12,7 +12,8 @@ namespace chromalog {
 class Drags;
 
 /// A colour well: a colour within a hairline, or without one where it touches another. It drags its colour
-/// out, takes a dropped one, and copies its hex code.
+/// out, takes a dropped one, and copies its hex code. One that sends an action (a property of the form) is
+/// pressed by a click or the space bar.
 class ColorWellWidget : public QWidget, public DragSource {
     Q_OBJECT
     Q_PROPERTY(QVariantList rgba READ rgba)
@@ -32,13 +33,19 @@ class ColorWellWidget : public QWidget, public DragSource {
     QSize sizeHint() const override { return {44, 28}; }
     QSize minimumSizeHint() const override { return {24, 24}; }
 
+    bool isPressable() const { return property("action").isValid(); }
+
   public slots:
     void copyAsHex();
+
+  signals:
+    void clicked(); ///< of one that is pressable
 
   protected:
     void paintEvent(QPaintEvent*) override;
     void mousePressEvent(QMouseEvent*) override;
     void mouseMoveEvent(QMouseEvent*) override;
+    void mouseReleaseEvent(QMouseEvent*) override;
     void keyPressEvent(QKeyEvent*) override;
     void focusInEvent(QFocusEvent*) override { redraw(); }
     void focusOutEvent(QFocusEvent*) override { redraw(); }
@@ -53,7 +60,7 @@ class ColorWellWidget : public QWidget, public DragSource {
     Drags* drags_ = nullptr;
     std::function<void(const DragInfo&)> onDrop_;
     QPointF pressedAt_;
-    bool pressed_ = false;
+    bool pressed_ = false; ///< and not dragged since
     bool framed_ = true;
 };
 

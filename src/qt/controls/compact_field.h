@@ -1,5 +1,7 @@
 #pragma once
 
+#include "qt/mishap.h"
+
 #include <QEvent>
 #include <QLineEdit>
 #include <QStyle>
@@ -22,11 +24,14 @@ class CompactField : public QLineEdit {
 
   protected:
     /// Styles set margins of their own when they polish a field: these are wide enough everywhere.
-    bool event(QEvent* event) override {
+    bool event(QEvent* event) override try {
         const bool used = QLineEdit::event(event);
         if (event->type() == QEvent::Polish || event->type() == QEvent::StyleChange)
             setTextMargins(1, 0, 1, 0);
         return used;
+    } catch (...) {
+        mishap();
+        return true;
     }
 
   private:

@@ -1,6 +1,7 @@
 #include "qt/controls/fit_button.h"
 
 #include "qt/controls/glyphs.h"
+#include "qt/mishap.h"
 
 #include <QKeyEvent>
 #include <QMenu>
@@ -23,7 +24,9 @@ FitButton::FitButton(QWidget* parent) : QPushButton(parent) {
     setAutoDefault(false);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     connect(this, &QPushButton::clicked, this, [this] {
-        if (opensByAnyPress()) openMenu(); // by a key: the mouse opens it at the press
+        guarded([this] {
+            if (opensByAnyPress()) openMenu(); // by a key: the mouse opens it at the press
+        });
     });
 }
 
@@ -40,9 +43,11 @@ void FitButton::measure() {
     updateGeometry();
 }
 
-void FitButton::changeEvent(QEvent* event) {
+void FitButton::changeEvent(QEvent* event) try {
     QPushButton::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) measure();
+} catch (...) {
+    mishap();
 }
 
 int FitButton::signSize() const {
@@ -98,15 +103,19 @@ void FitButton::showOpen(bool open) {
     update();
 }
 
-void FitButton::mousePressEvent(QMouseEvent* event) {
+void FitButton::mousePressEvent(QMouseEvent* event) try {
     const bool opens = opensByAnyPress() || arrowZone().contains(event->position().toPoint());
     if (opens && event->button() == Qt::LeftButton) return openMenu();
     QPushButton::mousePressEvent(event);
+} catch (...) {
+    mishap();
 }
 
-void FitButton::keyPressEvent(QKeyEvent* event) {
+void FitButton::keyPressEvent(QKeyEvent* event) try {
     if (event->key() == Qt::Key_Down && !menuName_.isEmpty()) return openMenu();
     QPushButton::keyPressEvent(event);
+} catch (...) {
+    mishap();
 }
 
 void FitButton::paintSign(QPainter& painter, const QRect& inside) const {
@@ -130,7 +139,7 @@ void FitButton::paintArrow(QPainter& painter) const {
 }
 
 /// The style draws the button and its states, never its text.
-void FitButton::paintEvent(QPaintEvent*) {
+void FitButton::paintEvent(QPaintEvent*) try {
     QStylePainter painter(this);
     QStyleOptionButton option;
     initStyleOption(&option);
@@ -155,6 +164,8 @@ void FitButton::paintEvent(QPaintEvent*) {
     ring.QStyleOption::operator=(option);
     ring.rect = rect().adjusted(3, 3, -3, -3);
     painter.drawPrimitive(QStyle::PE_FrameFocusRect, ring);
+} catch (...) {
+    mishap();
 }
 
 } // namespace chromalog

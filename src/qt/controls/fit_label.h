@@ -1,5 +1,7 @@
 #pragma once
 
+#include "qt/mishap.h"
+
 #include <QLabel>
 #include <QPainter>
 #include <QStringList>
@@ -13,7 +15,6 @@ class FitLabel : public QLabel {
     Q_PROPERTY(QString texts READ texts WRITE setTexts)
     Q_PROPERTY(int digits MEMBER digits_)
     Q_PROPERTY(bool strong MEMBER strong_)
-    Q_PROPERTY(bool dim MEMBER dim_)
   public:
     using QLabel::QLabel;
     QString texts() const { return texts_.join('|'); }
@@ -26,14 +27,17 @@ class FitLabel : public QLabel {
         return {QFontMetrics(face()).horizontalAdvance('0') * digits_ + 2, fontMetrics().height() + 2};
     }
 
+    int wide(const QString& text) const {
+        return QFontMetrics(face()).horizontalAdvance(text) + 2;
+    } ///< pixels
+
   protected:
     QFont face() const {
         QFont f = font();
         f.setBold(strong_);
         return f;
     }
-    int wide(const QString& text) const { return QFontMetrics(face()).horizontalAdvance(text) + 2; }
-    void paintEvent(QPaintEvent*) override {
+    void paintEvent(QPaintEvent*) override try {
         QString shown = text();
         for (const QString& t : texts_) {
             shown = t;
@@ -41,17 +45,17 @@ class FitLabel : public QLabel {
         }
         QPainter painter(this);
         painter.setFont(face());
-        QColor ink =
-            palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText);
-        if (dim_) ink.setAlphaF(0.72F);
-        painter.setPen(ink);
+        painter.setPen(
+            palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
         painter.drawText(rect(), int(alignment()) | Qt::TextSingleLine, shown);
+    } catch (...) {
+        mishap();
     }
 
   private:
     QStringList texts_;
     int digits_ = 1;
-    bool strong_ = false, dim_ = false;
+    bool strong_ = false;
 };
 
 } // namespace chromalog

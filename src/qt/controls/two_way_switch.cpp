@@ -1,5 +1,7 @@
 #include "qt/controls/two_way_switch.h"
 
+#include "qt/mishap.h"
+
 #include <QPainter>
 
 #include <algorithm>
@@ -7,14 +9,10 @@
 namespace chromalog {
 
 namespace {
-constexpr int padding = 5;
+constexpr int padding = 5;             ///< pixels left and right of a way's words
 constexpr int leastDigits = 12;        ///< wide
 constexpr double sideShare = 5.0 / 13; ///< of the width, for each way where a caption stands between
 } // namespace
-
-QSize TwoWaySwitch::sizeHint() const {
-    return minimumSizeHint();
-}
 
 QSize TwoWaySwitch::minimumSizeHint() const {
     return {fontMetrics().horizontalAdvance('0') * leastDigits, std::max(24, fontMetrics().height() + 8)};
@@ -26,54 +24,50 @@ QString TwoWaySwitch::fitting(const QString& texts, int width) const {
     return {};
 }
 
-void TwoWaySwitch::paintEvent(QPaintEvent*) {
+int TwoWaySwitch::wordsThatFit(int width) const {
+    const auto last = int(left_.count('|'));
+    for (int words = 0; words < last; ++words)
+        if (fits(left_.section('|', words, words), width) && fits(right_.section('|', words, words), width))
+            return words;
+    return last;
+}
+
+void TwoWaySwitch::paintWay(QPainter& painter, bool second, const QRectF& half) const {
+    const bool holds = second == isChecked();
+    if (holds) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(palette().color(QPalette::Highlight));
+        painter.drawRoundedRect(half.adjusted(1.5, 1.5, -1.5, -1.5), 2, 2);
+    }
+    const int words = wordsThatFit(int(half.width()) - 2 * padding);
+    painter.setPen(palette().color(holds ? QPalette::HighlightedText : QPalette::ButtonText));
+    painter.drawText(half, Qt::AlignCenter, (second ? right_ : left_).section('|', words, words));
+}
+
+void TwoWaySwitch::paintEvent(QPaintEvent*) try {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF all = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
-    const bool captioned =
-        !between_.isEmpty() && !fitting(between_, int(all.width() * (1 - 2 * sideShare)) - 4).isEmpty();
-    const double side = !captioned ? all.width() / 2 : all.width() * sideShare;
-    const QRectF halves[] = {{all.left(), all.top(), side, all.height()},
-                             {all.right() - side, all.top(), side, all.height()}};
     QColor line = palette().color(QPalette::WindowText);
     line.setAlphaF(0.35F);
     painter.setPen(line);
     painter.setBrush(palette().color(QPalette::Button));
     painter.drawRoundedRect(all, 3, 3);
-    const int room = int(side) - 2 * padding;
-    // both ways in words of the same length
-    int words = 0;
-    for (; words < left_.count('|'); ++words)
-        if (fits(left_.section('|', words, words), room) && fits(right_.section('|', words, words), room))
-            break;
-    const auto mirrored = [&](const QRectF& part) {
-        return isRightToLeft() ? QRectF(width() - part.right(), part.top(), part.width(), part.height())
-                               : part;
-    };
-    for (int i = 0; i < 2; ++i) {
-        const QRectF half = mirrored(halves[i]);
-        const bool on = i == way_;
-        if (on) {
-            painter.setPen(Qt::NoPen);
-            painter.setBrush(palette().color(QPalette::Highlight));
-            painter.drawRoundedRect(half.adjusted(1.5, 1.5, -1.5, -1.5), 2, 2);
-        }
-        const QString said = (i == 0 ? left_ : right_).section('|', words, words);
-        painter.setPen(palette().color(on ? QPalette::HighlightedText : QPalette::ButtonText));
-        painter.drawText(half, Qt::AlignCenter, said);
-    }
-    if (captioned) {
-        QColor quiet = palette().color(QPalette::ButtonText);
-        quiet.setAlphaF(0.75F);
-        painter.setPen(quiet);
-        const QRectF middle(halves[0].right(), all.top(), all.width() - 2 * side, all.height());
-        painter.drawText(middle, Qt::AlignCenter, fitting(between_, int(middle.width()) - 4));
-    }
-    if (hasFocus()) {
-        painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(palette().color(QPalette::WindowText), 1, Qt::DotLine));
-        painter.drawRoundedRect(all.adjusted(3, 3, -3, -3), 2, 2);
-    }
+
+    const QString caption = fitting(between_, int(all.width() * (1 - 2 * sideShare)) - 4);
+    const double side = all.width() * (caption.isEmpty() ? 0.5 : sideShare);
+    const QRectF leftHalf(all.left(), all.top(), side, all.height());
+    const QRectF rightHalf(all.right() - side, all.top(), side, all.height());
+    paintWay(painter, false, isRightToLeft() ? rightHalf : leftHalf);
+    paintWay(painter, true, isRightToLeft() ? leftHalf : rightHalf);
+    painter.setPen(palette().color(QPalette::ButtonText));
+    painter.drawText(QRectF(leftHalf.topRight(), rightHalf.bottomLeft()), Qt::AlignCenter, caption);
+    if (!hasFocus()) return;
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(palette().color(QPalette::WindowText), 1, Qt::DotLine));
+    painter.drawRoundedRect(all.adjusted(3, 3, -3, -3), 2, 2);
+} catch (...) {
+    mishap();
 }
 
 } // namespace chromalog

@@ -2,24 +2,24 @@
 
 #include <QPushButton>
 
+class QPainter;
+
 namespace chromalog {
 
-/// A switch between two ways; every press changes the way. The one that holds is filled. The ways are said as
-/// long as fits: "OK returns first|First" and so on. Between them may stand a caption of what lies there.
+/// A switch between two ways: checked is the right one, and every press changes it. The way that holds is
+/// filled. The ways are said as long as fits: "OK returns first|First" and so on. Between them may stand a
+/// caption of what lies there.
 class TwoWaySwitch : public QPushButton {
     Q_OBJECT
     Q_PROPERTY(QString left MEMBER left_)
     Q_PROPERTY(QString right MEMBER right_)
     Q_PROPERTY(QString between MEMBER between_)
-    Q_PROPERTY(int way READ way WRITE setWay)
   public:
-    explicit TwoWaySwitch(QWidget* parent = nullptr) : QPushButton(parent) { setAutoDefault(false); }
-    int way() const { return way_; }
-    void setWay(int way) {
-        way_ = way;
-        update();
+    explicit TwoWaySwitch(QWidget* parent = nullptr) : QPushButton(parent) {
+        setAutoDefault(false);
+        setCheckable(true);
     }
-    QSize sizeHint() const override;
+    QSize sizeHint() const override { return minimumSizeHint(); }
     QSize minimumSizeHint() const override; ///< follows the font alone: the shortest words are "1" and "2"
 
   protected:
@@ -28,9 +28,10 @@ class TwoWaySwitch : public QPushButton {
   private:
     bool fits(const QString& text, int width) const { return fontMetrics().horizontalAdvance(text) <= width; }
     QString fitting(const QString& texts, int width) const; ///< the longest that fits, or nothing
+    int wordsThatFit(int width) const;                      ///< counted alike for both ways
+    void paintWay(QPainter&, bool second, const QRectF& half) const;
 
     QString left_, right_, between_;
-    int way_ = 0;
 };
 
 } // namespace chromalog

@@ -22,6 +22,21 @@ class WellAccessible : public QAccessibleWidget {
         return {};
     }
 
+    QStringList actionNames() const override try {
+        QStringList names = QAccessibleWidget::actionNames();
+        if (well_->isPressable()) names.prepend(pressAction());
+        return names;
+    } catch (...) {
+        mishap();
+        return {};
+    }
+    void doAction(const QString& name) override try {
+        if (well_->isPressable() && name == pressAction()) return emit well_->clicked();
+        QAccessibleWidget::doAction(name);
+    } catch (...) {
+        mishap();
+    }
+
   private:
     ColorWellWidget* well_; ///< lives longer: the toolkit takes this down with it
 };

@@ -1,15 +1,12 @@
 #include "qt/layout/desk_box.h"
 
-#include "qt/layout/parts.h"
-
-#include <QEvent>
-
 #include <algorithm>
 
 namespace chromalog {
 
 namespace {
 constexpr int narrow = 1200, smallGap = 8, wideGap = 16; ///< between columns
+constexpr int leastDigits = 12;                          ///< wide, so that "5000 found" fits
 constexpr int leastList = 160, mostList = 304, grid = 8; ///< pixels
 constexpr double listShare = 0.0895, listBase = 80;      ///< 160 at 936 pixels, 304 at 2,536
 } // namespace
@@ -19,7 +16,8 @@ int DeskBox::listWidth(int width) {
 }
 
 void DeskBox::layOut() {
-    const int gap = width() < narrow ? smallGap : wideGap, list = listWidth(width());
+    const int gap = width() < narrow ? smallGap : wideGap;
+    const int list = std::max(listWidth(width()), leastDigits * fontMetrics().horizontalAdvance('0'));
     int left = 0, right = width();
     for (const char* name : {"library", "list1"}) {
         QWidget* column = partOf(*this, name);
@@ -33,12 +31,6 @@ void DeskBox::layOut() {
         right -= gap;
     }
     if (QWidget* work = partOf(*this, "work")) place(*work, {left, 0, right - left, height()});
-}
-
-bool DeskBox::event(QEvent* event) {
-    const bool used = QWidget::event(event);
-    if (event->type() == QEvent::LayoutRequest) layOut();
-    return used;
 }
 
 } // namespace chromalog

@@ -1,27 +1,25 @@
 #pragma once
 
-#include <QWidget>
+#include "qt/layout/container.h"
 
 namespace chromalog {
 
 /// The columns of the dialog: the work between the two lists, and the library beside list 1 while it is
-/// shown. A list's width follows the width of this box alone; the work takes the rest. Parts: "library",
-/// "list1", "work", "list2".
-class DeskBox : public QWidget {
+/// shown. A list's width follows the width of this box and the font alone; the work takes the rest. Parts:
+/// "library", "list1", "work", "list2".
+class DeskBox : public Container {
     Q_OBJECT
   public:
-    using QWidget::QWidget;
+    using Container::Container;
     QSize minimumSizeHint() const override { return {640, 320}; }
     QSize sizeHint() const override { return {1256, 680}; }
 
     static int listWidth(int width); ///< pixels, of a desk of that width
 
   protected:
-    void resizeEvent(QResizeEvent*) override { layOut(); }
-    bool event(QEvent*) override;
+    void layOut() override;
 
   private:
-    void layOut();
 };
 
 } // namespace chromalog

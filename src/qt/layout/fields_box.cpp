@@ -1,7 +1,5 @@
 #include "qt/layout/fields_box.h"
 
-#include <QEvent>
-
 #include <algorithm>
 
 namespace chromalog {
@@ -59,13 +57,9 @@ void FieldsBox::layOut() {
     place(*second, {w - fields, 0, fields, rows});
 }
 
-bool FieldsBox::event(QEvent* event) {
-    const bool used = QWidget::event(event);
-    if (event->type() == QEvent::LayoutRequest) {
-        updateGeometry();
-        layOut();
-    }
-    return used;
+void FieldsBox::childrenChanged() {
+    updateGeometry();
+    layOut();
 }
 
 } // namespace chromalog

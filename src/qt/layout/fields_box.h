@@ -1,17 +1,17 @@
 #pragma once
 
-#include "qt/layout/parts.h"
+#include "qt/layout/container.h"
 
 namespace chromalog {
 
 /// The fields of the two working colours: left and right of a free middle, side by side, or one below the
 /// other. Parts: "first", "second".
-class FieldsBox : public QWidget {
+class FieldsBox : public Container {
     Q_OBJECT
   public:
     enum class Arrangement { around, beside, below };
 
-    using QWidget::QWidget;
+    using Container::Container;
     void setArrangement(Arrangement);
 
     /// Pixels that the fields of one colour take of a width, and the least that they need.
@@ -28,12 +28,11 @@ class FieldsBox : public QWidget {
     static constexpr int kGap = 8; ///< pixels between the fields and what stands beside them
 
   protected:
-    void resizeEvent(QResizeEvent*) override { layOut(); }
-    bool event(QEvent*) override;
+    void layOut() override;
+    void childrenChanged() override;
 
   private:
     int rowsHeight() const; ///< of one colour
-    void layOut();
 
     Part first_{"first"}, second_{"second"};
     Arrangement arrangement_ = Arrangement::around;

@@ -2,7 +2,6 @@
 
 #include "qt/controls/fit_button.h"
 
-#include <QEvent>
 #include <QLayout>
 
 #include <algorithm>
@@ -24,14 +23,14 @@ int FitRow::widthAt(int level) const {
 }
 
 QSize FitRow::minimumSizeHint() const {
-    return {0, layout() ? layout()->sizeHint().height() : 0};
+    return {widthAt(FitButton::kSign), layout() ? layout()->sizeHint().height() : 0};
 }
 
 QSize FitRow::sizeHint() const {
     return {widthAt(0), minimumSizeHint().height()};
 }
 
-void FitRow::choose() {
+void FitRow::layOut() {
     if (!layout() || choosing_) return;
     int level = 0;
     while (level < FitButton::kSign && widthAt(level) > width())
@@ -39,13 +38,8 @@ void FitRow::choose() {
     choosing_ = true;
     for (int i = 0; i < layout()->count(); ++i)
         if (auto* button = qobject_cast<FitButton*>(layout()->itemAt(i)->widget())) button->setLevel(level);
+    layout()->activate(); // it was laid out before the buttons changed
     choosing_ = false;
-}
-
-bool FitRow::event(QEvent* event) {
-    const bool used = QWidget::event(event);
-    if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::FontChange) choose();
-    return used;
 }
 
 } // namespace chromalog

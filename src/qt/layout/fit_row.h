@@ -1,24 +1,22 @@
 #pragma once
 
-#include <QWidget>
+#include "qt/layout/container.h"
 
 namespace chromalog {
 
 /// A row whose buttons all say as much as fits for every one of them: words where there is room, signs else.
-class FitRow : public QWidget {
+class FitRow : public Container {
     Q_OBJECT
   public:
-    using QWidget::QWidget;
+    using Container::Container;
     QSize minimumSizeHint() const override;
     QSize sizeHint() const override;
 
   protected:
-    void resizeEvent(QResizeEvent*) override { choose(); }
-    bool event(QEvent*) override;
+    void layOut() override; ///< chooses what the buttons say
 
   private:
     int widthAt(int level) const;
-    void choose();
     bool choosing_ = false;
 };
 

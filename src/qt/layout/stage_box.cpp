@@ -1,7 +1,5 @@
 #include "qt/layout/stage_box.h"
 
-#include <QEvent>
-
 #include <algorithm>
 
 namespace chromalog {
@@ -56,12 +54,6 @@ void StageBox::layOut() {
     put(strip_, {left + side + gap, top, strip, side});
     put(chart_, {chartLeft, top, chart, chart});
     put(controls_, {chartLeft, top + side - controls + gap, chart, controls - gap});
-}
-
-bool StageBox::event(QEvent* event) {
-    const bool used = QWidget::event(event);
-    if (event->type() == QEvent::LayoutRequest) layOut();
-    return used;
 }
 
 } // namespace chromalog

@@ -1,16 +1,16 @@
 #pragma once
 
-#include "qt/layout/parts.h"
+#include "qt/layout/container.h"
 
 namespace chromalog {
 
 /// The wheel with its strip, and the chart over its controls: one height for all, wheel and chart square. The
 /// parts are named in the form: "wheel", "strip", "chart", "controls". Their sizes follow this box's size and
 /// the font's height, never a text.
-class StageBox : public QWidget {
+class StageBox : public Container {
     Q_OBJECT
   public:
-    using QWidget::QWidget;
+    using Container::Container;
 
     static constexpr int kLeastSide = 200; ///< of the wheel, pixels
 
@@ -23,13 +23,11 @@ class StageBox : public QWidget {
     QSize sizeHint() const override { return minimumSizeHint(); }
 
   protected:
-    void resizeEvent(QResizeEvent*) override { layOut(); }
-    bool event(QEvent*) override;
+    void layOut() override;
 
   private:
     int controlsHeight() const; ///< with the gap above them
     int chartSide(int wheel, int controls, int width) const;
-    void layOut();
 
     Part wheel_{"wheel"}, strip_{"strip"}, chart_{"chart"}, controls_{"controls"};
 };

@@ -3,7 +3,6 @@
 #include "qt/layout/fields_box.h"
 #include "qt/layout/work_column.h"
 
-#include <QEvent>
 #include <QScrollArea>
 
 #include <algorithm>
@@ -45,12 +44,6 @@ void WorkArea::layOut() {
     }
     wells->raise();
     layingOut_ = false;
-}
-
-bool WorkArea::event(QEvent* event) {
-    const bool used = QWidget::event(event);
-    if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::FontChange) layOut();
-    return used;
 }
 
 } // namespace chromalog

@@ -3,7 +3,6 @@
 #include "qt/layout/stage_box.h"
 
 #include <QCoreApplication>
-#include <QEvent>
 
 #include <algorithm>
 
@@ -82,16 +81,12 @@ void WorkColumn::layOut() {
     }
 }
 
-bool WorkColumn::event(QEvent* event) {
-    const bool used = QWidget::event(event);
-    if (event->type() == QEvent::LayoutRequest) {
-        updateGeometry();
-        layOut();
-        if (QWidget* area = parentWidget() ? parentWidget()->parentWidget() : nullptr;
-            area && area->parentWidget())
-            QCoreApplication::postEvent(area->parentWidget(), new QEvent(QEvent::LayoutRequest));
-    }
-    return used;
+void WorkColumn::childrenChanged() {
+    updateGeometry();
+    layOut();
+    if (QWidget* area = parentWidget() ? parentWidget()->parentWidget() : nullptr;
+        area && area->parentWidget())
+        QCoreApplication::postEvent(area->parentWidget(), new QEvent(QEvent::LayoutRequest));
 }
 
 } // namespace chromalog

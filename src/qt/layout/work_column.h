@@ -1,6 +1,6 @@
 #pragma once
 
-#include "qt/layout/parts.h"
+#include "qt/layout/container.h"
 
 #include <QList>
 
@@ -8,10 +8,10 @@ namespace chromalog {
 
 /// Sections one below the other, in the order of the form. The stage takes what the others leave, as far as
 /// it can use it; the rest goes to the sections that may grow (property "grow": a weight).
-class WorkColumn : public QWidget {
+class WorkColumn : public Container {
     Q_OBJECT
   public:
-    using QWidget::QWidget;
+    using Container::Container;
     int leastHeight(int width) const; ///< below it the column scrolls
 
     /// Where the column scrolls in a view of this height the stage fills what the fields leave of it, or all
@@ -20,20 +20,18 @@ class WorkColumn : public QWidget {
 
     QSize minimumSizeHint() const override;
     QSize sizeHint() const override { return minimumSizeHint(); }
-    void layOut();
+    void layOut() override;
 
   protected:
-    void resizeEvent(QResizeEvent*) override { layOut(); }
-    bool event(QEvent*) override;
+    void childrenChanged() override;
 
   private:
+    int heightAround(const QWidget* stage, int width) const;
     QList<QWidget*> sections() const;
     int leastStage(int width) const;
     Part stage_{"stage"}, fields_{"fields"};
     int viewHeight_ = 0;
     bool stageFirst_ = false;
-
-    int heightAround(const QWidget* stage, int width) const;
 };
 
 } // namespace chromalog

@@ -1,9 +1,5 @@
 #include "qt/layout/wrap_row.h"
 
-#include "qt/layout/parts.h"
-
-#include <QEvent>
-
 #include <algorithm>
 
 namespace chromalog {
@@ -64,13 +60,9 @@ void WrapRow::layOut() {
     }
 }
 
-bool WrapRow::event(QEvent* event) {
-    const bool used = QWidget::event(event);
-    if (event->type() == QEvent::LayoutRequest) {
-        updateGeometry();
-        layOut();
-    }
-    return used;
+void WrapRow::childrenChanged() {
+    updateGeometry();
+    layOut();
 }
 
 } // namespace chromalog
