@@ -4,7 +4,10 @@
 #include "files/size_limit_signal.h"
 #include "qt/driven_qt.h"
 #include "qt/qt_desktop.h"
+#include "qt/settings_file.h"
+#include "qt/window_memory.h"
 
+#include <QDialog>
 #include <QFontInfo>
 
 namespace chromalog {
@@ -39,9 +42,11 @@ void QtPlatform::log(std::string_view line) {
 }
 
 void QtPlatform::dialogReady(Desktop& desktop, ChromalogControler& controler) {
-    if (!standalone_) return;
     dialog_ = std::make_unique<DrivenQt>(static_cast<QtDesktop&>(desktop), controler);
-    driven_ = attach_(*dialog_, *standalone_);
+    if (standalone_) driven_ = attach_(*dialog_, *standalone_);
+    QDialog* window = dialog_->window();
+    if (!driven_ && window) // a script's dialog is always the same
+        new WindowMemory(*window, settingsPath(desktop.applicationsDirectory()));
 }
 
 } // namespace chromalog

@@ -126,6 +126,19 @@ TEST_F(DriveBasics, AFoldedSectionOpensForWhatAScriptNames) {
     EXPECT_EQ(state("mode.json")["harmonyMode"], 4);
 }
 
+TEST_F(DriveBasics, WhatAPersonLeftOfTheWindowCountsForNoScript) {
+    std::filesystem::create_directories(file("data/Quorvex"));
+    const std::string settings =
+        "{\"folded\": [\"itemHarmonies\", \"itemChart\"], \"windowPlace\": [90, 90], "
+        "\"windowSize\": [900, 600]}";
+    write("data/Quorvex/Chromalog-settings.json", settings);
+    playWell("state $/state.json\nok\n");
+    EXPECT_EQ(state()["outlets"]["chromalogWindow"]["frame"], json({0, 0, 1280, 760}));
+    EXPECT_TRUE(state()["outlets"]["complementColor"]["visible"]);
+    EXPECT_TRUE(state()["outlets"]["myDegrade"]["visible"]);
+    EXPECT_EQ(read("data/Quorvex/Chromalog-settings.json"), settings);
+}
+
 struct BadScript {
     const char* name;
     const char* text;
