@@ -16,7 +16,7 @@
 #include "qt/controls/two_way_switch.h"
 #include "qt/convert.h"
 #include "qt/form_names.h"
-#include "qt/layout/desk_box.h"
+#include "qt/layout/columns_box.h"
 #include "qt/layout/fields_box.h"
 #include "qt/layout/fit_row.h"
 #include "qt/layout/stage_box.h"
@@ -66,7 +66,7 @@ constexpr OwnClass ownClasses[] = {
     {"TwoWaySwitch", make<TwoWaySwitch>, "QPushButton"},
     {"FieldsBox", make<FieldsBox>},
     {"WorkArea", make<WorkArea>},
-    {"DeskBox", make<DeskBox>},
+    {"ColumnsBox", make<ColumnsBox>},
     {"FitRow", make<FitRow>},
     {"StageBox", make<StageBox>},
     {"WorkColumn", make<WorkColumn>},

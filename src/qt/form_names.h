@@ -18,7 +18,7 @@ inline bool isDecoration(const QString& objectName) {
 /// The property of a widget that names the dialog's own class of its control, where it has one.
 inline constexpr const char* kClassName = "className";
 
-/// Of a button with a menu: the menu's name, and the spot on the button where a press opens it.
+/// Of a button with a menu: the menu's name, and the place on the button where a press opens it.
 inline constexpr const char* kMenuName = "menuName";
 inline constexpr const char* kMenuSpot = "menuSpot";
 

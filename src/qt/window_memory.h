@@ -12,11 +12,11 @@ class QDialog;
 namespace chromalog {
 
 /// Opens the dialog for a person as they left it: size, place and folded sections last from pick to pick in
-/// the settings file. It is the window's child. What is stored is held to what the screen has.
+/// the settings file. It is the window's child. What is stored is clamped to what the screen has.
 class WindowMemory : public QObject {
   public:
     /// Restores at once, stores when the window is hidden. An empty path is no memory: the window is only
-    /// held to its screen.
+    /// clamped to its screen.
     WindowMemory(QDialog& window, std::string settingsPath);
 
     bool eventFilter(QObject*, QEvent*) override;

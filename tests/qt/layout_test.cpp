@@ -6,7 +6,7 @@
 #include "qt/controls/fit_label.h"
 #include "qt/controls/glyphs.h"
 #include "qt/controls/two_way_switch.h"
-#include "qt/layout/desk_box.h"
+#include "qt/layout/columns_box.h"
 #include "qt/layout/fields_box.h"
 #include "qt/layout/fit_row.h"
 #include "qt/layout/stage_box.h"
@@ -85,28 +85,28 @@ TEST_F(LayoutTest, AFoldedChartLeavesItsRoomToTheWheel) {
     EXPECT_GT(stage.wheel->width(), before + 300);
 }
 
-TEST_F(LayoutTest, AListIsAsWideAsTheDeskAllows) {
-    EXPECT_EQ(DeskBox::listWidth(936), 160);
-    EXPECT_EQ(DeskBox::listWidth(1342), 200);
-    EXPECT_EQ(DeskBox::listWidth(9000), 304);
-    DeskBox desk;
-    QWidget *work = part(desk, "work"), *one = part(desk, "list1"), *two = part(desk, "list2"),
-            *library = part(desk, "library");
+TEST_F(LayoutTest, AListIsAsWideAsTheWindowAllows) {
+    EXPECT_EQ(ColumnsBox::listWidth(936), 160);
+    EXPECT_EQ(ColumnsBox::listWidth(1342), 200);
+    EXPECT_EQ(ColumnsBox::listWidth(9000), 304);
+    ColumnsBox box;
+    QWidget *work = part(box, "work"), *one = part(box, "list1"), *two = part(box, "list2"),
+            *library = part(box, "library");
     library->hide();
-    desk.resize(1342, 600);
-    desk.grab();
+    box.resize(1342, 600);
+    box.grab();
     EXPECT_EQ(one->geometry(), QRect(0, 0, 200, 600));
     EXPECT_EQ(work->geometry(), QRect(216, 0, 910, 600));
     EXPECT_EQ(two->geometry(), QRect(1142, 0, 200, 600));
     library->show();
-    desk.resize(1342, 601);
-    desk.grab();
+    box.resize(1342, 601);
+    box.grab();
     EXPECT_EQ(library->x(), 0);
     EXPECT_EQ(one->x(), 216);
     EXPECT_EQ(work->width(), 694);
-    desk.setLayoutDirection(Qt::RightToLeft);
-    desk.resize(1342, 602);
-    desk.grab();
+    box.setLayoutDirection(Qt::RightToLeft);
+    box.resize(1342, 602);
+    box.grab();
     EXPECT_EQ(two->x(), 0);
     EXPECT_EQ(library->geometry().right(), 1341);
 }

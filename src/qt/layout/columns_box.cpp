@@ -1,4 +1,4 @@
-#include "qt/layout/desk_box.h"
+#include "qt/layout/columns_box.h"
 
 #include <algorithm>
 
@@ -11,11 +11,11 @@ constexpr int leastList = 160, mostList = 304, grid = 8; ///< pixels
 constexpr double listShare = 0.0895, listBase = 80;      ///< 160 at 936 pixels, 304 at 2,536
 } // namespace
 
-int DeskBox::listWidth(int width) {
+int ColumnsBox::listWidth(int width) {
     return std::clamp(int(listBase + width * listShare), leastList, mostList) / grid * grid;
 }
 
-void DeskBox::layOut() {
+void ColumnsBox::layOut() {
     const int gap = width() < narrow ? smallGap : wideGap;
     const int list = std::max(listWidth(width()), leastDigits * fontMetrics().horizontalAdvance('0'));
     int left = 0, right = width();
