@@ -10,6 +10,7 @@
 
 #define kStandaloneSuite "Chromalog Stand-alone Suite"
 #define kStandaloneSuiteVersion 1
+#define kStandaloneSuiteVersion2 2
 
 /* Texts belong to the host and stay valid until it ends. Keys and names must not be null. */
 typedef struct StandaloneSuite {
@@ -28,10 +29,22 @@ typedef struct StandaloneSuite {
     void (*endWith)(int32_t exitCode);
 } StandaloneSuite;
 
+/* Version 2 begins with all of version 1. A host that offers it keeps the plug-in's module loaded from the
+ * first call of its entry to the end of the run. */
+typedef struct StandaloneSuite2 {
+    StandaloneSuite version1;
+    /* What the plug-in keeps from one call to the next beside its slot, it puts away in this function. The
+     * host calls it once, on its main thread, after the last call of the entry and before it unloads the
+     * module; a function that is given again still counts once. It may not call the host. */
+    void (*atEnd)(void (*putAway)(void));
+} StandaloneSuite2;
+
 CHROMALOG_ABI_ASSERT(offsetof(StandaloneSuite, callCount) == 8);
 CHROMALOG_ABI_ASSERT(offsetof(StandaloneSuite, misuseCount) == 16);
 CHROMALOG_ABI_ASSERT(offsetof(StandaloneSuite, misuse) == 24);
 CHROMALOG_ABI_ASSERT(offsetof(StandaloneSuite, endWith) == 32);
 CHROMALOG_ABI_ASSERT(sizeof(StandaloneSuite) == 40);
+CHROMALOG_ABI_ASSERT(offsetof(StandaloneSuite2, atEnd) == 40);
+CHROMALOG_ABI_ASSERT(sizeof(StandaloneSuite2) == 48);
 
 #endif

@@ -68,9 +68,25 @@ class LockedGlobals {
     const std::intptr_t& data_;
 };
 
+/// The stand-alone host's suite in the newest version that it has; none in any other host.
+class StandaloneHost {
+  public:
+    explicit StandaloneHost(SPBasicSuite* basic)
+        : two_(basic, kStandaloneSuite, kStandaloneSuiteVersion2),
+          one_(two_.get() ? nullptr : basic, kStandaloneSuite, kStandaloneSuiteVersion) {}
+
+    const StandaloneSuite* suite() const { return two_.get() ? &two_.get()->version1 : one_.get(); }
+    AtEnd atEnd() const { return two_.get() ? two_.get()->atEnd : nullptr; }
+
+  private:
+    const AcquiredSuite<StandaloneSuite2> two_;
+    const AcquiredSuite<StandaloneSuite> one_;
+};
+
 void pick(PickerRecord& record, std::intptr_t* data, std::int16_t* result, Platform& platform) {
-    const AcquiredSuite<StandaloneSuite> standalone(sSPBasic, kStandaloneSuite, kStandaloneSuiteVersion);
-    const std::unique_ptr<Desktop> desktop = platform.makeDesktop(standalone.get());
+    const StandaloneHost standalone(sSPBasic);
+    if (const AtEnd atEnd = standalone.atEnd()) platform.staysLoaded(atEnd);
+    const std::unique_ptr<Desktop> desktop = platform.makeDesktop(standalone.suite());
     if (!desktop) return; // no display: nothing changed
     gData = nullptr;
     GlobalRecord* block =

@@ -13,10 +13,15 @@ namespace chromalog {
 
 class ChromalogControler;
 
+/// Leaves a function with the host that puts away, at the end of its run, what was kept between picks.
+using AtEnd = void (*)(void (*putAway)());
+
 /// Where a pick runs: makes the desktop, and is told when the dialog stands.
 class Platform {
   public:
     virtual ~Platform() = default;
+    /// Before the desktop is made, where the host keeps this module loaded to the end of its run.
+    virtual void staysLoaded(AtEnd) {}
     /// The desktop of one pick, or null where no dialog can be shown. `standalone` is null in any other host.
     virtual std::unique_ptr<Desktop> makeDesktop(const StandaloneSuite* standalone) = 0;
     /// The controller is complete, its modal loop starts next. Scripts attach here.

@@ -4,7 +4,10 @@
 #include "qt/mishap.h"
 #include "qt/screen_devices.h"
 
+#include <QClipboard>
 #include <QDir>
+#include <QPixmapCache>
+#include <QWidget>
 
 #include <algorithm>
 #include <chrono>
@@ -12,6 +15,7 @@
 #include <cstdlib>
 #include <string_view>
 #include <thread>
+#include <utility>
 
 #if defined(__linux__)
 #include <dlfcn.h>
@@ -24,7 +28,7 @@ namespace chromalog {
 
 namespace {
 
-[[maybe_unused]] std::string_view environment(const char* name) {
+std::string_view environment(const char* name) {
     const char* value = std::getenv(name);
     return value ? value : "";
 }
@@ -178,20 +182,70 @@ DisplayProbe::DisplayProbe()
 
 DisplayProbe::~DisplayProbe() = default;
 
-ApplicationGuard::ApplicationGuard() : locale_(std::setlocale(LC_ALL, nullptr)) {
-    if (QCoreApplication::instance()) return;
+namespace {
+
+/// The application between two picks, and the locale that it runs in.
+struct Kept {
+    std::unique_ptr<QApplication> application;
+    std::string locale;
+};
+Kept* kept = nullptr; // not owned: a host that exits without ending its run leaves it to the system
+
+void endKept() {
+    delete std::exchange(kept, nullptr);
+}
+
+std::unique_ptr<QApplication> makeApplication() {
     static int argc = 1; // the application keeps a reference
     static char name[] = "chromalog";
     static char* argv[] = {name, nullptr};
-    earlierHandler = qInstallMessageHandler(withoutNoise);
     const std::string numeric = std::setlocale(LC_NUMERIC, nullptr);
-    own_ = std::make_unique<Application>(argc, argv);
-    own_->setQuitOnLastWindowClosed(false);
+    const char* const launch = "DESKTOP_STARTUP_ID"; // the toolkit removes it
+    const std::string launched(environment(launch));
+    auto application = std::make_unique<Application>(argc, argv);
+    application->setQuitOnLastWindowClosed(false);
     std::setlocale(LC_NUMERIC, numeric.c_str());
+    if (!launched.empty()) setenv(launch, launched.c_str(), 1);
+    return application;
+}
+
+/// Takes back what others see of the application. False where they may still ask this process for the
+/// clipboard: its contents are handed over only as the application ends.
+bool leavesTheDesktop() {
+    QClipboard& clipboard = *QGuiApplication::clipboard();
+    if (clipboard.ownsClipboard()) return false;
+    if (clipboard.ownsSelection()) clipboard.clear(QClipboard::Selection);
+    for (QWidget* window : QApplication::topLevelWidgets())
+        window->hide();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QGuiApplication::sync();
+    return true;
+}
+
+} // namespace
+
+ApplicationGuard::ApplicationGuard(void (*atEnd)(void (*putAway)()))
+    : locale_(std::setlocale(LC_ALL, nullptr)), keep_(atEnd != nullptr) {
+    if (QCoreApplication::instance() && !kept) return;
+    if (atEnd) atEnd(endKept);
+    earlierHandler = qInstallMessageHandler(withoutNoise);
+    if (!kept) {
+        own_ = makeApplication();
+        return;
+    }
+    own_ = std::move(kept->application);
+    std::setlocale(LC_ALL, kept->locale.c_str());
+    delete std::exchange(kept, nullptr);
 }
 
 ApplicationGuard::~ApplicationGuard() {
     if (!own_) return;
+    QPixmapCache::clear(); // the toolkit empties it only as the process ends
+    guarded([this] {
+        if (!keep_ || !leavesTheDesktop()) return;
+        kept = new Kept{nullptr, std::setlocale(LC_ALL, nullptr)};
+        kept->application = std::move(own_);
+    });
     own_.reset();
     qInstallMessageHandler(earlierHandler);
     std::setlocale(LC_ALL, locale_.c_str());

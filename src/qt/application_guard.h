@@ -28,15 +28,21 @@ class DisplayProbe {
 };
 
 /// Makes the toolkit's application object where the process has none, for the length of a pick. Owned by a
-/// static it would crash at exit; made anew for every pick it works. The locale is left as it was found.
+/// static it would crash at exit; made anew for every pick it works. The locale and the messages' handler are
+/// left as they were found.
 class ApplicationGuard {
   public:
-    ApplicationGuard();
+    /// Where the host calls back at the end of its run, the application is kept until then, for the picks to
+    /// come; what others see of it (windows, the clipboard) ends with the guard all the same.
+    explicit ApplicationGuard(void (*atEnd)(void (*putAway)()) = nullptr);
     ~ApplicationGuard();
+    ApplicationGuard(const ApplicationGuard&) = delete;
+    ApplicationGuard& operator=(const ApplicationGuard&) = delete;
     bool owns() const { return own_ != nullptr; }
 
   private:
     std::string locale_; ///< of all categories, before
+    bool keep_;          ///< for the next guard
     std::unique_ptr<QApplication> own_;
 };
 

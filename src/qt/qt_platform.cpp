@@ -32,7 +32,7 @@ std::unique_ptr<Desktop> QtPlatform::makeDesktop(const StandaloneSuite* standalo
     }
     standalone_ = standalone;
     const SizeLimitSignalBlock onlyFails; // the toolkit keeps what it finds out about the system's fonts
-    application_ = std::make_unique<ApplicationGuard>();
+    application_ = std::make_unique<ApplicationGuard>(atEnd_);
     QFontInfo(QApplication::font()).family(); // makes it look for them now
     return std::make_unique<QtDesktop>(settingsOf(standalone));
 }

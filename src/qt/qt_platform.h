@@ -14,12 +14,14 @@ class QtPlatform : public Platform {
   public:
     explicit QtPlatform(AttachDriven attach) : attach_(attach) {}
 
+    void staysLoaded(AtEnd atEnd) override { atEnd_ = atEnd; }
     std::unique_ptr<Desktop> makeDesktop(const StandaloneSuite*) override;
     void dialogReady(Desktop&, ChromalogControler&) override;
     void log(std::string_view line) override; ///< also on standard error
 
   private:
     const AttachDriven attach_;
+    AtEnd atEnd_ = nullptr;
     std::unique_ptr<ApplicationGuard> application_; ///< outlives the desktop that makeDesktop gave away
     const StandaloneSuite* standalone_ = nullptr;
     std::unique_ptr<DrivenDialog> dialog_; ///< for what drives it

@@ -19,6 +19,7 @@ const PSBufferSuite1* bufferSuite1();
 const PSBufferSuite2* bufferSuite2();
 /// Version 1 to 4: fields of later versions are null.
 const PSUIHooksSuite* uiHooksSuite(int version);
-const StandaloneSuite* standaloneSuite();
+/// Version 2, which begins with version 1.
+const StandaloneSuite2* standaloneSuite();
 
 } // namespace chromalog::standalone

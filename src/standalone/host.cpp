@@ -3,6 +3,7 @@
 #include "standalone/callbacks.h"
 
 #include <cassert>
+#include <utility>
 
 namespace chromalog::standalone {
 
@@ -18,7 +19,8 @@ Host::Host(std::unique_ptr<ColourConverter> converter) : colours(ledger, std::mo
     suites.offer(kPSBufferSuite, kPSBufferSuiteVersion2, bufferSuite2());
     for (int version = kPSUIHooksSuiteVersion1; version <= kPSUIHooksSuiteVersion4; ++version)
         suites.offer(kPSUIHooksSuite, version, uiHooksSuite(version));
-    suites.offer(kStandaloneSuite, kStandaloneSuiteVersion, standaloneSuite());
+    for (const int version : {kStandaloneSuiteVersion, kStandaloneSuiteVersion2})
+        suites.offer(kStandaloneSuite, version, standaloneSuite());
 }
 
 Host::~Host() {
@@ -36,6 +38,11 @@ void Host::endCall(std::intptr_t slot) {
     suiteBuffers.checkAfterCall();
     blocks.checkAfterCall();
     suites.checkAfterCall();
+}
+
+void Host::endRun() {
+    for (void (*const putAway)() : std::exchange(atEnd, {}))
+        putAway();
 }
 
 } // namespace chromalog::standalone

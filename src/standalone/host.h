@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace chromalog::standalone {
 
@@ -37,10 +38,13 @@ class Host {
     bool offersProperties = true;
     std::map<std::string, std::string> options; ///< of the command line, for the host's own suite
     std::optional<int> endWith;                 ///< set by the plug-in: start no further pick, exit with this
+    std::vector<void (*)()> atEnd;              ///< set by the plug-in, whose functions they are
 
     void beginCall() { ledger.beginCall(); }
     /// Names everything that the plug-in left behind. `slot` is what it keeps between calls.
     void endCall(std::intptr_t slot);
+    /// Has the plug-in put away what it kept between its calls; its module must still be loaded.
+    void endRun();
 };
 
 } // namespace chromalog::standalone

@@ -56,6 +56,7 @@ struct HostRun::Call {
 };
 
 HostRun::~HostRun() {
+    end();
     watchOldRecord();
     host_.handles.end();
 }
@@ -106,7 +107,17 @@ void HostRun::enter(std::int16_t selector, void* record, std::int16_t& result) {
     host_.beginCall();
     entry_(selector, record, &slot_, &result);
     host_.endCall(slot_);
-    if (numbers != std::setlocale(LC_NUMERIC, nullptr))
+    checkNumbers(numbers);
+}
+
+void HostRun::end() {
+    const std::string numbers = std::setlocale(LC_NUMERIC, nullptr);
+    host_.endRun();
+    checkNumbers(numbers);
+}
+
+void HostRun::checkNumbers(const std::string& before) const {
+    if (before != std::setlocale(LC_NUMERIC, nullptr))
         host_.ledger.misuse("PluginMain", "the locale of numbers is not as it was before the call");
 }
 

@@ -14,8 +14,8 @@ namespace chromalog::standalone {
 class HostRun {
   public:
     HostRun(Host& host, PluginMainProc entry) : host_(host), entry_(entry) {}
-    /// Takes the memory in the slot back, as a host does when it ends. Outlives the plug-in's module, whose
-    /// last writes are then seen.
+    /// Takes the memory in the slot back, as a host does when it ends. May outlive the plug-in's module,
+    /// whose last writes are then seen, once the run has ended.
     ~HostRun();
 
     struct Answer {
@@ -25,6 +25,7 @@ class HostRun {
     };
     Answer pick(const HostColour& offered);
     void about();
+    void end(); ///< no further call, and the plug-in puts away what it kept; before its module is unloaded
 
     std::intptr_t slot() const { return slot_; }
 
@@ -33,6 +34,7 @@ class HostRun {
     static Call& newCall(GuardedBlock& block);
     void endCall(GuardedBlock& block, bool unchanged);
     void enter(std::int16_t selector, void* record, std::int16_t& result);
+    void checkNumbers(const std::string& before) const;
     void watchOldRecord();
 
     Host& host_;

@@ -125,6 +125,7 @@ int runProgram(const CommandLine& line) {
             PluginModule module(plugin);
             HostRun run(host, module.entry());
             exitCode = runPicks(host, run, line);
+            run.end();
             module.unload(); // before the run ends: what it does meanwhile counts too
         }
         reportMisuse(host);

@@ -134,6 +134,13 @@ const char* misuse(std::int32_t index) {
 void endWith(std::int32_t exitCode) {
     Host::current().endWith = exitCode;
 }
+void atEnd(void (*putAway)()) {
+    Host& host = Host::current();
+    host.ledger.count("atEnd");
+    host.suites.requireAcquired(kStandaloneSuite, "atEnd");
+    if (!putAway) return host.ledger.misuse("atEnd", "null function");
+    if (!std::ranges::count(host.atEnd, putAway)) host.atEnd.push_back(putAway);
+}
 
 } // namespace
 
@@ -154,8 +161,8 @@ const PSBufferSuite2* bufferSuite2() {
     return &suite;
 }
 
-const StandaloneSuite* standaloneSuite() {
-    static constexpr StandaloneSuite suite{option, callCount, misuseCount, misuse, endWith};
+const StandaloneSuite2* standaloneSuite() {
+    static constexpr StandaloneSuite2 suite{{option, callCount, misuseCount, misuse, endWith}, atEnd};
     return &suite;
 }
 

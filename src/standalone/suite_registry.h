@@ -20,6 +20,8 @@ class SuiteRegistry {
     }
     /// From now on the host has no suite of this name.
     void withhold(const std::string& name) { withheld_.insert(name); }
+    /// Only of this version.
+    void withhold(const std::string& name, std::int32_t version) { offered_.erase({name, version}); }
 
     std::int32_t acquire(const char* name, std::int32_t version, const void** suite);
     std::int32_t release(const char* name, std::int32_t version);

@@ -11,10 +11,13 @@
 #include <QDir>
 #include <QDoubleSpinBox>
 #include <QLocale>
+#include <QPixmapCache>
+#include <QPointer>
 #include <QPushButton>
 
 #include <clocale>
 #include <ctime>
+#include <set>
 
 using namespace chromalog;
 using namespace chromalog::test;
@@ -173,6 +176,88 @@ TEST_F(ToolkitLife, AnApplicationIsMadeForAPickAndGoesWithIt) {
         }
         EXPECT_EQ(QCoreApplication::instance(), nullptr);
     }
+}
+
+/// What the guard left with the host for the end of its run.
+void (*putAway)() = nullptr;
+void keepPutAway(void (*function)()) {
+    putAway = function;
+}
+
+TEST_F(ToolkitLife, AnApplicationIsKeptForTheNextPickWhereTheHostTellsTheEndOfItsRun) {
+    std::set<QCoreApplication*> applications;
+    for (int pick = 0; pick < 3; ++pick) {
+        {
+            const ApplicationGuard guard(keepPutAway);
+            EXPECT_TRUE(guard.owns());
+            applications.insert(qApp);
+            const ApplicationGuard inner(keepPutAway);
+            EXPECT_FALSE(inner.owns());
+        }
+        EXPECT_EQ(applications, std::set{QCoreApplication::instance()});
+    }
+    ASSERT_NE(putAway, nullptr);
+    putAway();
+    EXPECT_EQ(QCoreApplication::instance(), nullptr);
+    putAway();
+    { const ApplicationGuard guard; }
+    EXPECT_EQ(QCoreApplication::instance(), nullptr) << "a host that tells no end";
+}
+
+TEST_F(ToolkitLife, EveryPickRunsInTheSameLocaleAndLeavesTheHostsBehind) {
+    setenv("LC_ALL", "C.UTF-8", 1);
+    std::setlocale(LC_ALL, "C");
+    std::set<std::string> during;
+    for (int pick = 0; pick < 3; ++pick) {
+        {
+            const ApplicationGuard guard(keepPutAway);
+            during.insert(std::setlocale(LC_ALL, nullptr));
+        }
+        EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), "C");
+    }
+    EXPECT_EQ(during.size(), 1u);
+    putAway();
+}
+
+TEST_F(ToolkitLife, NoPictureOfAPickIsLeft) {
+    for (auto* const atEnd : {keepPutAway, static_cast<decltype(&keepPutAway)>(nullptr)}) {
+        {
+            const ApplicationGuard guard(atEnd);
+            QPixmap picture(4, 4);
+            picture.fill(Qt::red);
+            ASSERT_TRUE(QPixmapCache::insert("a picture", picture));
+        }
+        const ApplicationGuard next;
+        QPixmap found;
+        EXPECT_FALSE(QPixmapCache::find("a picture", &found)) << (atEnd ? "kept" : "ended");
+    }
+}
+
+TEST_F(ToolkitLife, WhatAPickLeavesOpenOrDyingIsGoneBeforeTheNext) {
+    QPointer<QObject> dying;
+    {
+        const ApplicationGuard guard(keepPutAway);
+        (new QWidget)->show();
+        dying = new QObject;
+        dying->deleteLater();
+    }
+    EXPECT_FALSE(dying);
+    ASSERT_EQ(QApplication::topLevelWidgets().size(), 1);
+    EXPECT_FALSE(QApplication::topLevelWidgets().front()->isVisible());
+    delete QApplication::topLevelWidgets().front();
+    putAway();
+}
+
+void ownHandler(QtMsgType, const QMessageLogContext&, const QString&) {}
+
+TEST_F(ToolkitLife, BetweenPicksTheToolkitsMessagesAreTheHosts) {
+    qInstallMessageHandler(ownHandler);
+    for (int pick = 0; pick < 2; ++pick) {
+        { const ApplicationGuard guard(keepPutAway); }
+        EXPECT_EQ(qInstallMessageHandler(ownHandler), ownHandler);
+    }
+    qInstallMessageHandler(nullptr);
+    putAway();
 }
 
 TEST_F(ToolkitLife, NumbersAreReadAsBefore) {

@@ -88,7 +88,7 @@ TEST_F(HostTest, SuitesAreFoundByNameAndVersion) {
     const std::pair<const char*, std::vector<int>> offered[]{{kSPBasicSuite, {4}},
                                                              {kPSUIHooksSuite, {1, 2, 3, 4}},
                                                              {kPSBufferSuite, {1, 2}},
-                                                             {kStandaloneSuite, {1}}};
+                                                             {kStandaloneSuite, {1, 2}}};
     for (const auto& [name, versions] : offered)
         for (int version = 0; version < 6; ++version) {
             const void* suite = nullptr;
@@ -173,6 +173,32 @@ TEST_F(HostTest, MisusesCanBeReadWhileThePickRuns) {
     EXPECT_EQ(own->misuse(1), nullptr);
     EXPECT_EQ(own->misuse(-1), nullptr);
     const_cast<std::deque<std::string>&>(h.ledger.misuses()).clear(); // asked for above
+}
+
+int putAways = 0;
+void keepSomething(std::int16_t, void* record, std::intptr_t*, std::int16_t*) {
+    const SPBasicSuite& basic = *static_cast<PickerRecord*>(record)->sSPBasic;
+    const void* suite = nullptr;
+    ASSERT_EQ(basic.AcquireSuite(kStandaloneSuite, kStandaloneSuiteVersion2, &suite), 0);
+    static_cast<const StandaloneSuite2*>(suite)->atEnd([] { ++putAways; });
+    basic.ReleaseSuite(kStandaloneSuite, kStandaloneSuiteVersion2);
+}
+
+TEST(HostRecord, WhatIsKeptBetweenPicksIsPutAwayOnceAtTheEndOfTheRun) {
+    Host host(std::make_unique<ClosedConverter>());
+    putAways = 0;
+    {
+        HostRun run(host, keepSomething);
+        run.pick({});
+        run.pick({});
+        EXPECT_EQ(putAways, 0);
+        run.end();
+        EXPECT_EQ(putAways, 1);
+    }
+    EXPECT_EQ(putAways, 1);
+    { HostRun(host, keepSomething).pick({}); }
+    EXPECT_EQ(putAways, 2) << "a run that nobody ended by hand";
+    EXPECT_THAT(host.ledger.misuses(), IsEmpty());
 }
 
 PickerRecord seen{};

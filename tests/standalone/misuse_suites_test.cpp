@@ -1,6 +1,8 @@
 // Every mistake that a plug-in can make with buffers, blocks and suites is counted and named.
 #include "standalone/misuse_support.h"
 
+#include <clocale>
+
 namespace chromalog::standalone::test {
 namespace {
 
@@ -167,6 +169,27 @@ ASZString someText() {
     return reinterpret_cast<ASZString>(&text);
 }
 
+TEST(Misuse, WhatIsPutAwayAtTheEndIsNamed) {
+    using AtEnd = void (*)(PickerRecord&, void (*)());
+    static constexpr AtEnd give = [](PickerRecord& record, void (*putAway)()) {
+        const void* suite = nullptr;
+        record.sSPBasic->AcquireSuite(kStandaloneSuite, kStandaloneSuiteVersion2, &suite);
+        static_cast<const StandaloneSuite2*>(suite)->atEnd(putAway);
+        record.sSPBasic->ReleaseSuite(kStandaloneSuite, kStandaloneSuiteVersion2);
+    };
+    const Mistake mistakes[]{
+        {[](PickerRecord& r, std::intptr_t&) { give(r, nullptr); }, "atEnd: null function"},
+        {[](PickerRecord&, std::intptr_t&) { standaloneSuite()->atEnd([] {}); },
+         "atEnd: called while " kStandaloneSuite " is not acquired"},
+        {[](PickerRecord& r, std::intptr_t&) { give(r, [] { basicSuite()->IsEqual("a", "b"); }); },
+         "IsEqual: called while no call of the plug-in runs"},
+        {[](PickerRecord& r, std::intptr_t&) { give(r, [] { std::setlocale(LC_NUMERIC, "C.UTF-8"); }); },
+         "PluginMain: the locale of numbers is not as it was before the call"}};
+    for (const Mistake& mistake : mistakes)
+        EXPECT_THAT(misusesOf(mistake.body), ElementsAre(mistake.named));
+    std::setlocale(LC_NUMERIC, "C");
+}
+
 TEST(Misuse, NullNamesAndNullPixelsAreNamed) {
     const Body body = [](PickerRecord& record, std::intptr_t&) {
         withHooks(record, [&](const PSUIHooksSuite& hooks) {
@@ -180,7 +203,7 @@ TEST(Misuse, NullNamesAndNullPixelsAreNamed) {
             EXPECT_EQ(hooks.GetLocalizedFileName(nullptr, &answer), hostParamErr);
             EXPECT_EQ(hooks.GetLocalizedFileName(someText(), nullptr), hostParamErr);
         });
-        EXPECT_EQ(standaloneSuite()->callCount(nullptr), 0);
+        EXPECT_EQ(standaloneSuite()->version1.callCount(nullptr), 0);
     };
     EXPECT_THAT(misusesOf(body),
                 ElementsAre("displayPixels: null pixels", "displayPixels: null rectangle",
@@ -207,7 +230,7 @@ TEST(Misuse, WholeNamesAndPixelsAreNone) {
 TEST(Misuse, TheRecordsOwnEventCallbackNeedsNoSuite) {
     const Body body = [](PickerRecord& record, std::intptr_t&) {
         record.processEvent(nullptr);
-        EXPECT_EQ(standaloneSuite()->callCount("processEvent"), 1);
+        EXPECT_EQ(standaloneSuite()->version1.callCount("processEvent"), 1);
     };
     EXPECT_THAT(misusesOf(body), IsEmpty());
     const Body hook = [](PickerRecord&, std::intptr_t&) { uiHooksSuite(1)->processEvent(nullptr); };
