@@ -5,7 +5,6 @@
 #include "qt/screen_devices.h"
 
 #include <QClipboard>
-#include <QDir>
 #include <QPixmapCache>
 #include <QWidget>
 
@@ -13,6 +12,8 @@
 #include <chrono>
 #include <clocale>
 #include <cstdlib>
+#include <filesystem>
+#include <string>
 #include <string_view>
 #include <thread>
 #include <utility>
@@ -35,6 +36,8 @@ std::string_view environment(const char* name) {
 
 #if defined(__linux__)
 
+namespace fs = std::filesystem;
+
 /// The X library, loaded for one question only: the toolkit's platform plug-in links it, this module does
 /// not.
 struct XLibrary {
@@ -47,6 +50,17 @@ struct XLibrary {
     }
 };
 
+/// Whether a folder holds FILE.so or FILE-ANYTHING.so. The toolkit's own filters would start its regular
+/// expressions for this alone.
+bool holdsPlugIn(const std::string& folder, const std::string& file) {
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+        const std::string name = entry->path().filename().string();
+        if (name == file + ".so" || (name.starts_with(file + '-') && name.ends_with(".so"))) return true;
+    }
+    return false;
+}
+
 /// Whether the toolkit has the plug-in of this kind ("platforms", "platformthemes"): asked for a platform
 /// that it lacks, it would abort.
 bool isInstalled(const QString& kind, const QString& name) {
@@ -55,9 +69,8 @@ bool isInstalled(const QString& kind, const QString& name) {
         folders.append(folder + '/' + kind);
     if (const QString own = qEnvironmentVariable("QT_QPA_PLATFORM_PLUGIN_PATH"); !own.isEmpty())
         folders.append({own, own + '/' + kind});
-    const QStringList files{"libq" + name + ".so", "libq" + name + "-*.so"};
-    return std::ranges::any_of(folders, [&](const QString& folder) {
-        return !QDir(folder).entryList(files, QDir::Files).isEmpty();
+    return std::ranges::any_of(folders, [&name](const QString& folder) {
+        return holdsPlugIn(folder.toStdString(), "libq" + name.toStdString());
     });
 }
 
