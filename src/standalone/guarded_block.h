@@ -23,6 +23,8 @@ class GuardedBlock {
     bool stillPoisoned() const;
 
   private:
+    void setGuards();
+
     static constexpr std::size_t kGuard = 16; // keeps data() aligned for any type
     std::vector<unsigned char> bytes_;
 };
