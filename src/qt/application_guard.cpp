@@ -50,6 +50,17 @@ struct XLibrary {
     }
 };
 
+/// Whether the X server of the application that stands has gone: the toolkit ends the process as soon as it
+/// looks for events.
+bool serverHasGone() {
+    if (QGuiApplication::platformName() != "xcb") return false; // others claim the interface too, and crash
+    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (!x11) return false;
+    const XLibrary library;
+    auto* hasError = library.find<int(void*)>("xcb_connection_has_error");
+    return hasError && hasError(x11->connection()) != 0;
+}
+
 /// Whether a folder holds FILE.so or FILE-ANYTHING.so. The toolkit's own filters would start its regular
 /// expressions for this alone.
 bool holdsPlugIn(const std::string& folder, const std::string& file) {
@@ -161,7 +172,7 @@ struct DisplayProbe::XConnection {
 
 DisplayProbe::DisplayProbe() {
     if (QCoreApplication::instance()) {
-        available_ = qobject_cast<QApplication*>(QCoreApplication::instance()) != nullptr;
+        available_ = qobject_cast<QApplication*>(QCoreApplication::instance()) && !serverHasGone();
         return;
     }
     QString platforms = qEnvironmentVariable("QT_QPA_PLATFORM");

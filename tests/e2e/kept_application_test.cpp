@@ -8,6 +8,7 @@
 #include <QClipboard>
 #include <QLineEdit>
 #include <QTest>
+#include <QThread>
 
 #include <cstdlib>
 #include <gmock/gmock.h>
@@ -35,10 +36,10 @@ std::set<std::string> environment() {
 class KeptApplication : public testing::Test {
   protected:
     void SetUp() override {
-        if (!server.runs() || runProgram({"sh", "-c", "command -v xdotool"}).exitCode != 0)
+        if (!server->runs() || runProgram({"sh", "-c", "command -v xdotool"}).exitCode != 0)
             GTEST_SKIP() << "needs Xvfb and xdotool";
         setenv("QT_QPA_PLATFORM", "xcb", 1);
-        setenv("DISPLAY", server.display().c_str(), 1);
+        setenv("DISPLAY", server->display().c_str(), 1);
         setenv("XDG_CONFIG_HOME", folder.path().c_str(), 1);
         setenv("DESKTOP_STARTUP_ID", "a launcher's", 1);
     }
@@ -65,7 +66,7 @@ class KeptApplication : public testing::Test {
     }
 
     TemporaryFolder folder;
-    XServer server;
+    std::optional<XServer> server{std::in_place};
 };
 
 TEST_F(KeptApplication, ShowsNothingAndOwnsNothingBetweenPicks) {
@@ -88,6 +89,18 @@ TEST_F(KeptApplication, EndsWithThePickThatCopied) {
     EXPECT_EQ(qApp, nullptr);
     pick(false);
     EXPECT_NE(qApp, nullptr);
+}
+
+/// The toolkit would end the process.
+TEST_F(KeptApplication, IsNoneToPickWithOnceItsServerHasGone) {
+    pick(false);
+    EXPECT_TRUE(DisplayProbe().available());
+    server.reset();
+    for (int i = 0; i < 100 && DisplayProbe().available(); ++i)
+        QThread::msleep(20);
+    EXPECT_FALSE(DisplayProbe().available());
+    putAway();
+    EXPECT_EQ(qApp, nullptr);
 }
 
 } // namespace
