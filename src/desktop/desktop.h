@@ -49,6 +49,15 @@ class Desktop {
     virtual void beginDrag(const DragRequest&) = 0; ///< from a mouseDragged of the source
 
     virtual std::unique_ptr<Timer> startTimer(double seconds, std::function<void()>) = 0;
+    /// Runs `work`, which throws nothing and touches nothing of the pick's but what it was given, beside the
+    /// event loop; `then` follows on the main thread. One at a time: the one before, with its `then`, ends
+    /// first. A desktop without a screen does both at once.
+    virtual void inBackground(std::function<void()> work, std::function<void()> then) {
+        work();
+        then();
+    }
+    virtual void finishBackground() {} ///< returns when nothing of the kind is under way
+
     virtual void playSound(std::string_view name) = 0; ///< nothing where the system does not have it
     virtual bool optionKeyHeld() const = 0;            ///< asked of the keyboard now
     virtual std::string userName() const = 0;          ///< login name

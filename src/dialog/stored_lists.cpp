@@ -3,6 +3,7 @@
 #include "prefs/preferences_file.h"
 
 #include <cerrno>
+#include <exception>
 #include <filesystem>
 
 #include <fcntl.h>
@@ -22,6 +23,7 @@ std::string refusalOf(const std::string& folder) {
 } // namespace
 
 std::string StoredLists::path() const {
+    desktop_.finishBackground();
     return applicationDataDirectory(desktop_.applicationsDirectory());
 }
 
@@ -52,9 +54,34 @@ bool StoredLists::read(GlobalRecord& record) {
     return file.has_value();
 }
 
+StoredLists::~StoredLists() {
+    try {
+        desktop_.finishBackground();
+    } catch (...) { // the pick ends; there was no memory to say how the write went
+    }
+}
+
 void StoredLists::save(const GlobalRecord& record, Flush flush) {
-    path(); // a folder that went away comes back
-    if (store_) tell(store_->write(preferencesImage(record), kPreferencesZeros, flush));
+    path(); // after the write before; a folder that went away comes back
+    if (!store_) return;
+    if (flush == Flush::toDisk || !beginWrite(record))
+        tell(store_->write(preferencesImage(record), kPreferencesZeros, flush));
+}
+
+/// False where there was no memory or no thread for it.
+bool StoredLists::beginWrite(const GlobalRecord& record) try {
+    const auto image = preferencesImage(record);
+    copy_.assign(image.begin(), image.end());
+    desktop_.inBackground([this] { outcome_ = writeCopy(); }, [this] { tell(outcome_); });
+    return true;
+} catch (const std::exception&) {
+    return false;
+}
+
+StoreOutcome StoredLists::writeCopy() noexcept try {
+    return store_->write(copy_, kPreferencesZeros, Flush::later);
+} catch (...) {
+    return {ENOMEM};
 }
 
 void StoredLists::tell(const StoreOutcome& outcome) {

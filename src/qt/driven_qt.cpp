@@ -45,7 +45,9 @@ PrintInfo& DrivenQt::sharedPrintInfo() {
     return desktop_.sharedPrintInfo();
 }
 
+/// Asked between two commands of a script: what the one before has begun ends with it.
 std::vector<std::string> DrivenQt::takeNotWritten() {
+    desktop_.finishBackground();
     return desktop_.statusLine().takeNotWritten();
 }
 
@@ -81,6 +83,7 @@ void DrivenQt::hostToRgb(std::int16_t space, std::int16_t* components) const {
 }
 
 DrivenState DrivenQt::state() const {
+    desktop_.finishBackground();
     DrivenState state;
     takeDialogState(state, controler_);
     takeDesktopState(state, desktop_);

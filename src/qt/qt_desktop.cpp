@@ -145,10 +145,12 @@ QWidget* widgetOf(Window& window) {
 } // namespace
 
 void QtDesktop::beginOpenPanel(const OpenPanel& panel, Window& parent, PanelAnswer answer) {
+    finishBackground();
     panels_.begin(panel, widgetOf(parent), std::move(answer));
 }
 
 void QtDesktop::beginSavePanel(const SavePanel& panel, Window& parent, PanelAnswer answer) {
+    finishBackground();
     panels_.begin(panel, widgetOf(parent), std::move(answer));
 }
 
@@ -199,6 +201,10 @@ std::unique_ptr<Timer> QtDesktop::startTimer(double seconds, std::function<void(
     auto timer = std::make_unique<OneShotTimer>(context_, std::move(fire));
     timer->fireIn(seconds);
     return timer;
+}
+
+void QtDesktop::inBackground(std::function<void()> work, std::function<void()> then) {
+    background_.begin(std::move(work), std::move(then));
 }
 
 void QtDesktop::playSound(std::string_view name) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/desktop.h"
+#include "qt/background_work.h"
 #include "qt/controls/plain_text.h"
 #include "qt/drags.h"
 #include "qt/log_ring.h"
@@ -53,6 +54,8 @@ class QtDesktop : public Desktop {
     void setGeneralPasteboard(const Pasteboard&) override;
     void beginDrag(const DragRequest&) override;
     std::unique_ptr<Timer> startTimer(double seconds, std::function<void()>) override;
+    void inBackground(std::function<void()> work, std::function<void()> then) override;
+    void finishBackground() override { background_.finish(); }
     void playSound(std::string_view name) override;
     bool optionKeyHeld() const override;
     std::string userName() const override;
@@ -94,6 +97,7 @@ class QtDesktop : public Desktop {
     QObject context_; ///< timers live as long as it does
     ModalLoops modalLoops_;
     Mishaps mishaps_{modalLoops_, log_};
+    BackgroundWork background_;
     Drags drags_;
     PrintJobs printJobs_{status_};
     Completions completions_;
