@@ -1,5 +1,6 @@
 #include "record/allocate_globals.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace chromalog {
@@ -19,6 +20,17 @@ bool canHold(const HandleProcs* procs) {
     return procs && procs->newProc && procs->disposeProc && procs->lockProc && procs->unlockProc;
 }
 
+/// What is zero already is only read: pages that the host has from the system and that nobody wrote yet take
+/// no memory then.
+void zero(unsigned char* bytes, std::size_t size) {
+    constexpr std::size_t kPage = 4096;
+    for (std::size_t at = 0; at < size; at += kPage) {
+        const std::size_t count = std::min(kPage, size - at);
+        const unsigned char* page = bytes + at;
+        if (page[0] != 0 || std::memcmp(page, page + 1, count - 1) != 0) std::memset(bytes + at, 0, count);
+    }
+}
+
 } // namespace
 
 GlobalRecord* AllocateGlobals(std::int16_t* result, PickerRecord* record, HandleProcs* handleProcs,
@@ -35,7 +47,8 @@ GlobalRecord* AllocateGlobals(std::int16_t* result, PickerRecord* record, Handle
         handleProcs->disposeProc(handle);
         return nullptr;
     }
-    std::memset(address, 0, static_cast<std::size_t>(size)); // counts and names start empty
+    zero(static_cast<unsigned char*>(address),
+         static_cast<std::size_t>(size)); // counts and names start empty
     GlobalRecord* globals = refresh(address, result, record);
     initProc(globals);
     *data = reinterpret_cast<std::intptr_t>(handle);

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
+#include <new>
 
 namespace chromalog::standalone {
 
@@ -16,21 +18,25 @@ bool all(const unsigned char* from, std::size_t count, unsigned char byte) {
 }
 } // namespace
 
-GuardedBlock::GuardedBlock(std::size_t size) : bytes_(size + 2 * kGuard, kFreshByte) {
+GuardedBlock::GuardedBlock(std::size_t size, Fresh fresh) : size_(size) {
+    if (size > std::numeric_limits<std::size_t>::max() - 2 * kGuard) throw std::bad_alloc();
+    bytes_.reset(static_cast<unsigned char*>(std::calloc(size + 2 * kGuard, 1)));
+    if (!bytes_) throw std::bad_alloc();
+    if (fresh == Fresh::rubbish) std::memset(data(), kFreshByte, size);
     setGuards();
 }
 
 GuardedBlock::GuardedBlock(const GuardedBlock& from, std::size_t size) : GuardedBlock(size) {
-    std::memcpy(data(), from.bytes_.data() + kGuard, std::min(size, from.size()));
+    std::memcpy(data(), from.bytes_.get() + kGuard, std::min(size, from.size()));
 }
 
 bool GuardedBlock::guardsIntact() const {
-    return all(bytes_.data(), kGuard, kGuardByte) && all(bytes_.data() + kGuard + size(), kGuard, kGuardByte);
+    return all(bytes_.get(), kGuard, kGuardByte) && all(bytes_.get() + kGuard + size(), kGuard, kGuardByte);
 }
 
 void GuardedBlock::setGuards() {
-    std::fill_n(bytes_.begin(), kGuard, kGuardByte);
-    std::fill_n(bytes_.end() - kGuard, kGuard, kGuardByte);
+    std::fill_n(bytes_.get(), kGuard, kGuardByte);
+    std::fill_n(bytes_.get() + kGuard + size_, kGuard, kGuardByte);
 }
 
 void GuardedBlock::poison() {
@@ -39,7 +45,7 @@ void GuardedBlock::poison() {
 }
 
 bool GuardedBlock::stillPoisoned() const {
-    return all(bytes_.data() + kGuard, size(), kPoisonByte) && guardsIntact();
+    return all(bytes_.get() + kGuard, size(), kPoisonByte) && guardsIntact();
 }
 
 } // namespace chromalog::standalone

@@ -1,20 +1,24 @@
 #pragma once
 
 #include <cstddef>
-#include <vector>
+#include <cstdlib>
+#include <memory>
 
 namespace chromalog::standalone {
 
-/// Memory for the plug-in with guard bytes on both sides. Its contents start as rubbish on purpose: a plug-in
-/// that reads before it writes shows.
+/// What new memory holds: rubbish shows a plug-in that reads before it writes; zeroes come from the system
+/// and take no memory until they are written.
+enum class Fresh { rubbish, zeroes };
+
+/// Memory for the plug-in with guard bytes on both sides. Where there is none left, std::bad_alloc.
 class GuardedBlock {
   public:
-    explicit GuardedBlock(std::size_t size);
+    explicit GuardedBlock(std::size_t size, Fresh fresh = Fresh::rubbish);
     /// A copy at another address, longer or shorter.
     GuardedBlock(const GuardedBlock& from, std::size_t size);
 
-    char* data() { return reinterpret_cast<char*>(bytes_.data()) + kGuard; }
-    std::size_t size() const { return bytes_.size() - 2 * kGuard; }
+    char* data() { return reinterpret_cast<char*>(bytes_.get()) + kGuard; }
+    std::size_t size() const { return size_; }
     bool guardsIntact() const;
 
     /// Overwrites everything, so that whoever still looks here sees rubbish.
@@ -26,7 +30,11 @@ class GuardedBlock {
     void setGuards();
 
     static constexpr std::size_t kGuard = 16; // keeps data() aligned for any type
-    std::vector<unsigned char> bytes_;
+    struct Free {
+        void operator()(unsigned char* bytes) const { std::free(bytes); }
+    };
+    std::size_t size_;
+    std::unique_ptr<unsigned char, Free> bytes_;
 };
 
 } // namespace chromalog::standalone

@@ -7,9 +7,10 @@ namespace chromalog::standalone {
 Handle HandleHeap::make(std::int32_t size) {
     ledger_.count("newProc");
     if (failing_ == Failing::newProc || size < 0) return nullptr;
-    blocks_.push_back(std::make_unique<Block>(Block{.number = static_cast<int>(blocks_.size()) + 1,
-                                                    .memory = GuardedBlock(static_cast<std::size_t>(size)),
-                                                    .oldPlace = std::nullopt}));
+    blocks_.push_back(
+        std::make_unique<Block>(Block{.number = static_cast<int>(blocks_.size()) + 1,
+                                      .memory = GuardedBlock(static_cast<std::size_t>(size), fresh_),
+                                      .oldPlace = std::nullopt}));
     return &blocks_.back()->master;
 }
 

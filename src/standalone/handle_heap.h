@@ -19,6 +19,8 @@ class HandleHeap {
 
     explicit HandleHeap(CallLedger& ledger) : ledger_(ledger) {}
     void setFailing(Failing failing) { failing_ = failing; }
+    /// Rubbish, unless this says otherwise.
+    void setFresh(Fresh fresh) { fresh_ = fresh; }
 
     Handle make(std::int32_t size);
     void dispose(Handle handle, const char* callback);
@@ -49,6 +51,7 @@ class HandleHeap {
 
     CallLedger& ledger_;
     Failing failing_ = Failing::nothing;
+    Fresh fresh_ = Fresh::rubbish;
     std::vector<std::unique_ptr<Block>>
         blocks_; // disposed ones stay listed, without memory, to be recognised
 };

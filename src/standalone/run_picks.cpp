@@ -66,6 +66,8 @@ void setUp(Host& host, const CommandLine& line) {
     host.version = line.hostVersion;
     host.options = line.given;
     host.offersColourServices = line.services != ServicesKind::none;
+    // People need the memory more than the sight of a plug-in that reads before it writes.
+    if (!misuseIsFatal()) host.handles.setFresh(Fresh::zeroes);
     if (line.services == ServicesKind::error) host.colours.failAlways();
     if (line.fail == "new") host.handles.setFailing(HandleHeap::Failing::newProc);
     if (line.fail == "lock") host.handles.setFailing(HandleHeap::Failing::lockProc);

@@ -2,16 +2,21 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
+#include <algorithm>
 #include <cstring>
+#include <fstream>
 #include <memory>
+
+#include <sys/mman.h>
+#include <unistd.h>
 
 namespace chromalog {
 namespace {
 
 int disposed = 0, initCalls = 0;
-bool refuseNew = false, refuseLock = false;
+bool refuseNew = false, refuseLock = false, untouched = false;
 char* block = nullptr;
+std::size_t blockSize = 0;
 
 HandleProcs procs() {
     HandleProcs p{};
@@ -19,13 +24,15 @@ HandleProcs procs() {
     p.numHandleProcs = 8;
     p.newProc = [](std::int32_t size) -> Handle {
         if (refuseNew) return nullptr;
-        block = static_cast<char*>(std::malloc(size));
-        std::memset(block, 0xAB, size);
+        block = static_cast<char*>(::mmap(nullptr, static_cast<std::size_t>(size), PROT_READ | PROT_WRITE,
+                                          MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
+        blockSize = static_cast<std::size_t>(size);
+        if (!untouched) std::memset(block, 0xAB, size);
         return &block;
     };
     p.disposeProc = [](Handle) {
         ++disposed;
-        std::free(block);
+        ::munmap(block, blockSize);
     };
     p.lockProc = [](Handle h, std::uint8_t) { return refuseLock ? nullptr : *h; };
     p.unlockProc = [](Handle) {};
@@ -36,10 +43,10 @@ class AllocateGlobalsTest : public testing::Test {
   protected:
     void SetUp() override {
         disposed = initCalls = 0;
-        refuseNew = refuseLock = false;
+        refuseNew = refuseLock = untouched = false;
     }
     void TearDown() override {
-        if (data) std::free(block);
+        if (data) ::munmap(block, blockSize);
     }
     GlobalRecord* allocate() {
         return AllocateGlobals(&result, &record, &handles, sizeof(GlobalRecord), &data,
@@ -61,6 +68,30 @@ TEST_F(AllocateGlobalsTest, ANewRecordIsCleared) {
     EXPECT_EQ(globals->numColors1, 0);
     EXPECT_EQ(globals->swatchList2[4999].SRed, 0);
     EXPECT_NE(data, 0);
+}
+
+TEST_F(AllocateGlobalsTest, EveryByteOfANewRecordIsCleared) {
+    const auto* bytes = reinterpret_cast<const unsigned char*>(allocate());
+    const auto set =
+        std::count_if(bytes, bytes + sizeof(GlobalRecord), [](unsigned char b) { return b != 0; });
+    EXPECT_LE(set, 2 * static_cast<std::ptrdiff_t>(sizeof(void*))) << "the two pointers alone";
+}
+
+/// In pages of the system.
+long resident() {
+    std::ifstream counts("/proc/self/statm");
+    long all = 0, resident = 0;
+    counts >> all >> resident;
+    return resident;
+}
+
+TEST_F(AllocateGlobalsTest, MemoryThatNobodyWroteIsNotTaken) {
+    untouched = true;
+    const long before = resident();
+    ASSERT_GT(before, 0);
+    ASSERT_TRUE(allocate());
+    const long taken = (resident() - before) * ::sysconf(_SC_PAGESIZE);
+    EXPECT_LT(taken, static_cast<long>(sizeof(GlobalRecord)) / 2);
 }
 
 TEST_F(AllocateGlobalsTest, ASecondPickFindsTheRecordAsItWas) {

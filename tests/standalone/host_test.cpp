@@ -59,6 +59,16 @@ TEST_F(HostTest, NewMemoryIsNotZero) {
     handleProcs()->disposeProc(handle);
 }
 
+TEST_F(HostTest, NewMemoryIsZeroWhereAsked) {
+    host.handles.setFresh(Fresh::zeroes);
+    const Handle handle = handleProcs()->newProc(4);
+    const char* memory = handleProcs()->lockProc(handle, 1);
+    EXPECT_EQ(std::string(memory, 4), std::string(4, '\0'));
+    handleProcs()->unlockProc(handle);
+    EXPECT_EQ(std::string(memory, 4), "\xDB\xDB\xDB\xDB") << "the old place is watched all the same";
+    handleProcs()->disposeProc(handle);
+}
+
 TEST_F(HostTest, MemoryIsRefusedWhereAsked) {
     host.handles.setFailing(HandleHeap::Failing::newProc);
     EXPECT_EQ(handleProcs()->newProc(4), nullptr);
