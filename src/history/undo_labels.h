@@ -18,11 +18,12 @@ inline constexpr std::string_view sortAlpha = "!Sort Swatch Alpha!";
 inline constexpr std::string_view sortHue = "!Sort Swatch Hue!";
 inline constexpr std::string_view colorChanged = "!Swatch Color Changed!";
 inline constexpr std::string_view colorDeleted =
-    "!Swatch Color deleted!";                                       ///< one swatch deleted; also every drop
-inline constexpr std::string_view earlierLists = "!Earlier Lists!"; ///< a list comes back from a kept copy
+    "!Swatch Color deleted!"; ///< one swatch deleted; also every drop
+inline constexpr std::string_view colorMoved = "!Swatch Color moved!"; ///< by one row, by the keyboard
+inline constexpr std::string_view earlierLists = "!Earlier Lists!";    ///< a list comes back from a kept copy
 
 inline constexpr std::array all = {loadSwatch, loadSwatchFile, appendSwatch, deleteSwatch, sortAlpha,
-                                   sortHue,    colorChanged,   colorDeleted, earlierLists};
+                                   sortHue,    colorChanged,   colorDeleted, colorMoved,   earlierLists};
 
 } // namespace undo_label
 

@@ -21,12 +21,14 @@ std::string spokenColour(const FCOStruct& record) {
 Accessible CSwatchList::accessible() const {
     Accessible a;
     a.role = Accessible::Role::list;
-    a.name = swatchListName.empty() ? "Swatch list" : "Swatch list " + swatchListName;
+    a.name = swatchListName.empty() ? spokenName_ : spokenName_ + " " + swatchListName;
     const int count = shownRows();
     a.value = std::to_string(count) + (count == 1 ? " swatch" : " swatches");
     if (const FCOStruct* record = selectcolor < count ? recordAt(records(), selectcolor) : nullptr)
         a.value += ", selected: " + macRomanToUtf8(nameBytes(*record)) + ", " + spokenColour(*record);
-    a.description = "Arrow keys, Home, End and the page keys select a swatch, Delete removes it";
+    a.description =
+        "Arrow keys, Home, End and the page keys select a swatch, Return makes it the first color, "
+        "Alt with Up or Down moves it, Delete removes it";
     return a;
 }
 

@@ -4,36 +4,9 @@
 #include "swatches/swatch_list_geometry.h"
 #include "swatches/swatch_list_view.h"
 
-#include <cmath>
-#include <optional>
-
 namespace chromalog {
-namespace {
 
 namespace geometry = swatch_geometry;
-
-/// The row that a key leads to, not clamped to the list; nothing where the key selects none.
-std::optional<int> rowForKey(const KeyEvent& event, int selected, int count, int pageRows) {
-    const int step = event.shift ? 10 : 1;
-    switch (event.key) {
-    case Key::up:
-        return selected - step;
-    case Key::down:
-        return selected + step;
-    case Key::pageUp:
-        return selected - pageRows;
-    case Key::pageDown:
-        return selected + pageRows;
-    case Key::home:
-        return 0;
-    case Key::end:
-        return count - 1;
-    default:
-        return std::nullopt;
-    }
-}
-
-} // namespace
 
 void CSwatchList::contentsChanged() {
     setNeedsDisplay();
@@ -47,34 +20,6 @@ void CSwatchList::mouseDown(const MouseEvent& event) {
 void CSwatchList::rightMouseDown(const MouseEvent& event) {
     selectcolor = geometry::rowAtPoint(event.location); // shown and made the first colour by neither: kept
     delegate_.menu(*this).popUp(*this, event.location);
-}
-
-bool CSwatchList::keyDown(const KeyEvent& event) {
-    if (event.key == Key::deleteKey) {
-        deleteEntry();
-        return true;
-    }
-    const double clipHeight = superviewBounds().value_or(Rect{}).h;
-    const int pageRows = std::max(1, static_cast<int>(clipHeight / geometry::kRowPitch));
-    const auto row = rowForKey(event, selectcolor, shownRows(), pageRows);
-    if (!row || shownRows() == 0) return false;
-    selectByKey(std::clamp(*row, 0, shownRows() - 1));
-    return true;
-}
-
-/// Selects as a click does and scrolls no further than it takes to show the row with its frame.
-void CSwatchList::selectByKey(int row) {
-    selectRow(static_cast<std::int16_t>(row));
-    const std::optional<Rect> clip = superviewBounds();
-    if (!clip) return;
-    ScrollView& scroller = delegate_.scroller(*this);
-    const double top = geometry::kRowPitch * row;
-    const double bottom = top + geometry::kRowPitch + geometry::kMargin;
-    const double offset = scroller.verticalScroller() * std::max(0.0, frame().h - clip->h);
-    if (top < offset)
-        scroller.scrollToPoint({bounds().x, top});
-    else if (bottom > offset + clip->h)
-        scroller.scrollToPoint({bounds().x, bottom - clip->h});
 }
 
 void CSwatchList::deleteEntry() {

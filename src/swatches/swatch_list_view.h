@@ -27,6 +27,8 @@ class CSwatchListDelegate {
     virtual Desktop& desktop() = 0;
     /// The list's swatch becomes the first working colour; only list 1 feeds it.
     virtual void setFirstColor(CSwatchList&, std::int16_t index) = 0;
+    /// A person asks for the swatch, of either list, as the first working colour; nothing past the last one.
+    virtual void useAsFirstColor(CSwatchList&, std::int16_t index) = 0;
     /// True and the first colour's name where the colour equals the first colour exactly; else `nameOut` is
     /// left alone.
     virtual bool isFirstColorId(const Colour&, std::int16_t index, std::string& nameOut) = 0;
@@ -59,6 +61,7 @@ class CSwatchList : public View {
     static RGBColor bufferColorOf(const FCOStruct&);
 
     const std::string& getSwatchName() const { return swatchListName; }
+    void setSpokenName(std::string name) { spokenName_ = std::move(name); } ///< of the list, not of its file
     void setName(std::string name) { swatchListName = std::move(name); }
     void setSelectedColor(std::int16_t index) { selectcolor = index; }
     void setStartColor(std::int16_t index) { startcolor = index; }
@@ -113,8 +116,9 @@ class CSwatchList : public View {
     void selectAccessibleRow(int row) override { selectRow(static_cast<std::int16_t>(row)); }
 
   private:
-    void contentsChanged(); ///< redisplay, and new rows for assistive technology
-    void selectByKey(int row);
+    void contentsChanged();      ///< redisplay, and new rows for assistive technology
+    void moveSelected(int rows); ///< by one step of undo
+    void scrollToShow(int row);
     StoredName droppedName(const Pasteboard&, const Colour&, int place) const;
     void insertDropped(const Pasteboard&, const Colour&, std::int16_t drop);
     void refuseDropped(const FCOStruct* near);
@@ -133,7 +137,8 @@ class CSwatchList : public View {
     std::uint64_t LAFCount = 0;           ///< number of hits
     std::uint64_t LastShown = 0;          ///< hit shown last
     std::uint8_t sens = 0;                ///< last step: 1 backwards, 0 forwards
-    std::string swatchListName;           ///< file that was loaded into the list
+    std::string spokenName_ = "Swatch list";
+    std::string swatchListName; ///< file that was loaded into the list
 };
 
 } // namespace chromalog

@@ -22,7 +22,10 @@ SwatchPanels::SwatchPanels(GlobalRecord& data, Desktop& desktop, Outlet<Window>&
       commands({one, two, desktop, dialog, services,
                 [&delegate](auto label) { delegate.setUndoablePosition(label); },
                 [&delegate] { return delegate.hostBooks(); }}),
-      search(desktop, one, two), desktop_(desktop), services_(services), delegate_(delegate) {}
+      search(desktop, one, two), desktop_(desktop), services_(services), delegate_(delegate) {
+    one.view.setSpokenName("Swatch list 1");
+    two.view.setSpokenName("Swatch list 2");
+}
 
 std::vector<OutletEntry> SwatchPanels::table() {
     std::vector<OutletEntry> table{
@@ -83,6 +86,7 @@ void SwatchPanels::showRecord() {
     for (SwatchPanel* panel : both()) {
         panel->view.setScrollSize();
         panel->view.setNeedsDisplay();
+        panel->view.announceChange();
     }
 }
 
@@ -114,8 +118,12 @@ SwatchPanel& SwatchPanels::panelOf(const CSwatchList& list) {
 }
 
 void SwatchPanels::setFirstColor(CSwatchList& list, std::int16_t index) {
+    if (panelOf(list).feedsFirstColor) useAsFirstColor(list, index);
+}
+
+void SwatchPanels::useAsFirstColor(CSwatchList& list, std::int16_t index) {
     // An index outside the list points at no swatch: the first colour then stays.
-    if (!panelOf(list).feedsFirstColor || index < 0 || index >= list.shownRows()) return;
+    if (index < 0 || index >= list.shownRows()) return;
     const FCOStruct& swatch = list.records()[static_cast<std::size_t>(index)];
     delegate_.setFirstColor(swatch, macRomanToUtf8(zeroTerminatedName(swatch)));
 }

@@ -57,6 +57,7 @@ class SwatchPanels : CSwatchListDelegate {
 
     Desktop& desktop() override { return desktop_; }
     void setFirstColor(CSwatchList&, std::int16_t index) override;
+    void useAsFirstColor(CSwatchList&, std::int16_t index) override;
     bool isFirstColorId(const Colour& colour, std::int16_t index, std::string& name) override {
         return delegate_.isFirstColorId(colour, index, name);
     }

@@ -8,6 +8,7 @@ namespace {
 
 constexpr double dragImageSide = 20;
 constexpr double focusMarkSide = 10;
+constexpr int kPage = 10; ///< cells
 
 Rect squareAround(Point p, double side) {
     return {p.x - side / 2, p.y - side / 2, side, side};
@@ -38,10 +39,24 @@ void chartView::mouseDragged(const MouseEvent& event) {
     desktop_.beginDrag(drag);
 }
 
+bool chartView::moveByKey(const KeyEvent& event) {
+    if (event.key == Key::home)
+        moveToRowEnd(-1);
+    else if (event.key == Key::end)
+        moveToRowEnd(1);
+    else if (event.key == Key::pageUp)
+        moveCell(0, kPage);
+    else if (event.key == Key::pageDown)
+        moveCell(0, -kPage);
+    else if (const std::optional<Step> step = arrowStep(event))
+        moveCell(step->right, step->up);
+    else
+        return false;
+    return true;
+}
+
 bool chartView::keyDown(const KeyEvent& event) {
-    const std::optional<Step> step = arrowStep(event);
-    if (!step && event.key != Key::space) return false;
-    if (step) moveCell(step->right, step->up);
+    if (!moveByKey(event) && event.key != Key::space) return false;
     pick(cellCentre());
     setNeedsDisplay();
     return true;
@@ -57,7 +72,8 @@ Accessible chartView::accessible() const {
     a.name = accessibleName();
     a.value = selectedColor_ ? spokenText(*selectedColor_) : "no color picked";
     a.description =
-        "Arrow keys pick the next cell, with Shift the tenth. Drag to carry the picked color away.";
+        "Arrow keys pick the next cell, with Shift or the page keys the tenth, Home and End go to the ends. "
+        "Drag to carry the picked color away.";
     return a;
 }
 

@@ -24,17 +24,19 @@ class chartView : public View {
     void mouseDragged(const MouseEvent&) override;
     bool startsDrags() const override { return true; }
     bool acceptsFocus() const override { return true; }
-    bool keyDown(const KeyEvent&) override; ///< arrows: one cell, with Shift ten; Space: the same cell again
+    bool keyDown(const KeyEvent&) override; ///< arrows, Home, End, page keys; Space: the same cell again
     std::optional<Rect> focusMark() const override;
     Accessible accessible() const override;
 
   protected:
     virtual void moveCell(int right, int up) = 0; ///< the cell that the keyboard stands on
+    virtual void moveToRowEnd(int direction) = 0; ///< -1: the first cell of its row, 1: the last
     virtual void standAt(Point) = 0;              ///< moves the keyboard to the cell of a click
     virtual Point cellCentre() const = 0;
     virtual const char* accessibleName() const = 0;
 
   private:
+    bool moveByKey(const KeyEvent&);
     void pick(Point);
 
     Desktop& desktop_;

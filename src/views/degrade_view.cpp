@@ -64,6 +64,10 @@ void degradeView::moveCell(int right, int up) {
     row_ = std::clamp(row_ + up, 0, last);
 }
 
+void degradeView::moveToRowEnd(int direction) {
+    column_ = direction < 0 ? 0 : last;
+}
+
 void degradeView::standAt(Point p) {
     const double side = frame().w / gradientCells;
     if (!(side > 0)) return;

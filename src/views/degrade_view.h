@@ -32,6 +32,7 @@ class degradeView : public chartView {
     bool performDragOperation(const DragInfo&) override;
 
   protected:
+    void moveToRowEnd(int direction) override;
     void moveCell(int right, int up) override;
     void standAt(Point) override;
     Point cellCentre() const override;

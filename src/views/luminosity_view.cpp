@@ -55,6 +55,10 @@ double luminosityView::percent() const {
 bool luminosityView::keyDown(const KeyEvent& event) {
     if (const auto step = arrowStep(event))
         setAccessibleValue(percent() + step->right + step->up);
+    else if (event.key == Key::pageUp)
+        setAccessibleValue(percent() + 10);
+    else if (event.key == Key::pageDown)
+        setAccessibleValue(percent() - 10);
     else if (event.key == Key::home)
         setAccessibleValue(0);
     else if (event.key == Key::end)
@@ -73,7 +77,8 @@ Accessible luminosityView::accessible() const {
     a.role = Accessible::Role::slider;
     a.name = "Luminosity";
     a.value = spokenText(colours_.getSecondColor());
-    a.description = "Brightness of the second color in percent. Arrow keys change it by 1, with Shift by 10.";
+    a.description = "Brightness of the second color in percent. Arrow keys change it by 1, with Shift by 10; "
+                    "the page keys by 10, Home and End go to its ends.";
     a.range = {percent(), 0, 100, 1};
     return a;
 }

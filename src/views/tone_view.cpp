@@ -102,6 +102,11 @@ void toneView::moveCell(int right, int up) {
     sector_ = ((sector_ - right) % toneSectors + toneSectors) % toneSectors;
 }
 
+/// A ring has no ends: Home and End are the innermost and the outermost cell of the sector.
+void toneView::moveToRowEnd(int direction) {
+    ring_ = direction < 0 ? 0 : toneRings;
+}
+
 void toneView::standAt(Point p) {
     const double radius = bounds().h / 2;
     const double dx = p.x - radius, dy = p.y - radius;

@@ -36,6 +36,7 @@ class toneView : public chartView {
     ToneCircle circle() const;
 
   protected:
+    void moveToRowEnd(int direction) override;
     void moveCell(int right, int up) override; ///< up: the next ring outwards; right: clockwise
     void standAt(Point) override;
     Point cellCentre() const override;

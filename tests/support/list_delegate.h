@@ -13,6 +13,7 @@ class ListDelegate : public CSwatchListDelegate {
     Menu noMenu;
     Desktop& desktop() override { return screen; }
     void setFirstColor(CSwatchList&, std::int16_t) override {}
+    void useAsFirstColor(CSwatchList&, std::int16_t) override {}
     bool isFirstColorId(const Colour&, std::int16_t, std::string&) override { return false; }
     void activateKnobs(CSwatchList&, double) override {}
     void setUndoablePosition(std::string_view) override {}

@@ -34,6 +34,9 @@ class ListTest : public testing::Test, public CSwatchListDelegate {
     void setFirstColor(CSwatchList& list, std::int16_t index) override {
         if (&list == &swatch1) firstColors.push_back(index);
     }
+    void useAsFirstColor(CSwatchList& list, std::int16_t index) override {
+        used.emplace_back(&list == &swatch1 ? 1 : 2, index);
+    }
     bool isFirstColorId(const Colour& c, std::int16_t, std::string& name) override {
         if (!c.sameRgb(firstColor)) return false;
         name = firstName;
@@ -134,6 +137,7 @@ class ListTest : public testing::Test, public CSwatchListDelegate {
     std::string firstName = "First";
     std::vector<std::int16_t> firstColors;
     std::vector<std::pair<int, double>> knobs;
+    std::vector<std::pair<int, int>> used; ///< list and row, asked for as the first colour
     std::vector<std::string> labels;
     std::function<void()> onUndoStep;
 };

@@ -9,6 +9,7 @@ using testing::IsEmpty;
 class ListMouseAndKeys : public test::ListTest {
   protected:
     bool press(Key key, bool shift = false) { return swatch1.keyDown({key, shift, false}); }
+    bool pressWithAlt(Key key) { return swatch1.keyDown({key, false, true}); }
 };
 
 TEST_F(ListMouseAndKeys, AClickSelectsMakesTheFirstColourAndRedisplays) {
@@ -137,7 +138,6 @@ TEST_F(ListMouseAndKeys, AnEmptyListTakesNoArrowAndOtherKeysGoOn) {
     EXPECT_FALSE(press(Key::down));
     fillNumbered(swatch1, 5);
     EXPECT_FALSE(press(Key::left));
-    EXPECT_FALSE(press(Key::enter));
     EXPECT_THAT(firstColors, IsEmpty());
 }
 
@@ -146,6 +146,62 @@ TEST_F(ListMouseAndKeys, TheDeleteKeyDeletesTheSelectedSwatch) {
     EXPECT_TRUE(press(Key::deleteKey));
     EXPECT_THAT(names(swatch1), ElementsAre("1", "2"));
     EXPECT_THAT(labels, ElementsAre("!Swatch Color deleted!"));
+}
+
+TEST_F(ListMouseAndKeys, EnterUsesTheRowOfEitherListAndNeverGoesOn) {
+    fillNumbered(swatch1, 3);
+    fillNumbered(swatch2, 3);
+    swatch1.setSelectedColor(1);
+    swatch2.setSelectedColor(2);
+    EXPECT_TRUE(press(Key::enter));
+    EXPECT_TRUE(swatch2.keyDown({Key::enter}));
+    EXPECT_THAT(used, ElementsAre(std::pair(1, 1), std::pair(2, 2)));
+    EXPECT_THAT(labels, IsEmpty());
+    swatch1.setNumberOfColors(0);
+    EXPECT_TRUE(press(Key::enter)) << "an empty list keeps it from OK as well";
+}
+
+TEST_F(ListMouseAndKeys, AltWithAnArrowMovesTheRowByOneStepOfUndo) {
+    fillNumbered(swatch1, 4);
+    swatch1.setSelectedColor(1);
+    EXPECT_TRUE(pressWithAlt(Key::down));
+    EXPECT_THAT(names(swatch1), ElementsAre("0", "2", "1", "3"));
+    EXPECT_EQ(swatch1.getSelected(), 2);
+    EXPECT_TRUE(pressWithAlt(Key::up));
+    EXPECT_TRUE(pressWithAlt(Key::up));
+    EXPECT_THAT(names(swatch1), ElementsAre("1", "0", "2", "3"));
+    EXPECT_EQ(swatch1.getSelected(), 0);
+    EXPECT_THAT(labels, ElementsAre("!Swatch Color moved!", "!Swatch Color moved!", "!Swatch Color moved!"));
+    EXPECT_THAT(firstColors, IsEmpty()) << "the first colour stays";
+}
+
+TEST_F(ListMouseAndKeys, TheStepOfUndoHoldsTheListBeforeTheMove) {
+    fillNumbered(swatch1, 2);
+    std::vector<std::string> before;
+    onUndoStep = [&] { before = names(swatch1); };
+    pressWithAlt(Key::down);
+    EXPECT_THAT(before, ElementsAre("0", "1"));
+}
+
+TEST_F(ListMouseAndKeys, ARowThatCannotMoveIsNoStep) {
+    fillNumbered(swatch1, 3);
+    EXPECT_TRUE(pressWithAlt(Key::up)) << "used up: it selects nothing either";
+    swatch1.setSelectedColor(2);
+    EXPECT_TRUE(pressWithAlt(Key::down));
+    for (const int outside : {-1, 3, 6000}) {
+        swatch1.setSelectedColor(static_cast<std::int16_t>(outside));
+        EXPECT_TRUE(pressWithAlt(Key::up));
+        EXPECT_TRUE(pressWithAlt(Key::down));
+    }
+    EXPECT_THAT(names(swatch1), ElementsAre("0", "1", "2"));
+    EXPECT_THAT(labels, IsEmpty());
+}
+
+TEST_F(ListMouseAndKeys, AMovedRowStaysInSight) {
+    fillNumbered(swatch1, 30); // ten rows are visible
+    swatch1.setSelectedColor(9);
+    pressWithAlt(Key::down);
+    EXPECT_EQ(scroller1.scrolledTo, (Point{0, 22 * 11 + 5 - 220.0}));
 }
 
 TEST_F(ListMouseAndKeys, AssistiveTechnologySelectsARowAsAClickDoes) {

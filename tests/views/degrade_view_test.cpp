@@ -171,7 +171,8 @@ TEST_F(DegradeView, KeysWalkTheCells) {
     };
     for (const Row& row :
          {Row{{Key::right}, {15, 5}}, Row{{Key::up, true}, {15, 105}}, Row{{Key::up, true}, {15, 155}},
-          Row{{Key::left, true}, {5, 155}}, Row{{Key::down}, {5, 145}}}) {
+          Row{{Key::left, true}, {5, 155}}, Row{{Key::down}, {5, 145}}, Row{{Key::end}, {155, 145}},
+          Row{{Key::pageDown}, {155, 45}}, Row{{Key::home}, {5, 45}}, Row{{Key::pageUp}, {5, 145}}}) {
         EXPECT_TRUE(view.keyDown(row.key));
         EXPECT_EQ(centre(), row.to);
     }

@@ -144,7 +144,9 @@ TEST_F(LuminosityView, KeysChangeTheBrightnessByPercent) {
                            {{Key::home}, 0.0f},
                            {{Key::down}, 0.0f},
                            {{Key::end}, 1.0f},
-                           {{Key::up, true}, 1.0f}}) {
+                           {{Key::up, true}, 1.0f},
+                           {{Key::pageDown}, 0.9f},
+                           {{Key::pageUp}, 1.0f}}) {
         causes.clear();
         EXPECT_TRUE(view.keyDown(row.key));
         EXPECT_EQ(levels.back(), row.to);

@@ -218,6 +218,10 @@ TEST_F(ToneView, KeysWalkTheRingsAndSectors) {
     view.keyDown({Key::down, true});
     EXPECT_EQ(centre(), (Point{80, 80}));
     EXPECT_TRUE(view.selectedColor()->sameRgb(Bitmap::colourOf(0xFF112233)));
+    view.keyDown({Key::end});
+    expectAt(7, 9);
+    view.keyDown({Key::home});
+    EXPECT_EQ(centre(), (Point{80, 80}));
     EXPECT_FALSE(view.keyDown({Key::enter}));
 }
 
