@@ -9,6 +9,7 @@
 #include "qt/controls/fit_label.h"
 #include "qt/controls/level_indicator_widget.h"
 #include "qt/controls/list_scroll_area.h"
+#include "qt/controls/number_steps.h"
 #include "qt/controls/square_box.h"
 #include "qt/controls/status_label.h"
 #include "qt/controls/stepper_widget.h"
@@ -139,8 +140,10 @@ std::unique_ptr<DialogWindow> FormLoader::loadWindow(const QString& path,
     }
     root.release();
     reportDoubles(*window, problems);
-    for (QLineEdit* field : window->findChildren<QLineEdit*>())
+    for (QLineEdit* field : window->findChildren<QLineEdit*>()) {
         if (field->property("clearButton").toBool()) addClearButton(*field);
+        if (field->property(kMost).isValid()) stepByKeys(*field);
+    }
     window->setAttribute(Qt::WA_QuitOnClose, false); // the host decides when its process ends
     if (auto* first = window->findChild<QWidget*>(window->property("initialFocus").toString()))
         first->setFocus();

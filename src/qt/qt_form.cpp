@@ -9,6 +9,7 @@
 #include "qt/layout/folds.h"
 #include "qt/mishap.h"
 #include "qt/qt_desktop.h"
+#include "qt/shortcuts.h"
 #include "qt/view_widget.h"
 
 #include <QAction>
@@ -101,6 +102,7 @@ std::vector<std::string> QtForm::connect(const FormOwner& owner) {
         if (!connectOutlet(entry) && !entry.extra)
             problems.push_back("outlet " + std::string(entry.name) + " is not connected");
     connectFolds(*root_);
+    new Shortcuts(*root_);
     for (QObject* sender : root_->findChildren<QObject*>())
         if (sender->property("action").isValid() && !sender->property(kShows).isValid() &&
             !connectAction(sender, owner))

@@ -75,7 +75,24 @@ bool FieldControl::escapePressed() {
     return true;
 }
 
+namespace {
+bool isUndoOrRedo(const QKeyEvent& key) {
+    const auto held = key.modifiers();
+    if (key.key() == Qt::Key_Z)
+        return held == Qt::ControlModifier || held == (Qt::ControlModifier | Qt::ShiftModifier);
+    return key.key() == Qt::Key_Y && held == Qt::ControlModifier;
+}
+} // namespace
+
+/// Undo and redo are the field's while it is typed in; else the field would swallow the lists'.
+bool FieldControl::leavesToTheDialog(QKeyEvent& key) const {
+    if (!isUndoOrRedo(key)) return false;
+    key.setAccepted(editing());
+    return true;
+}
+
 bool FieldControl::eventFilter(QObject*, QEvent* event) try {
+    if (event->type() == QEvent::ShortcutOverride) return leavesToTheDialog(*static_cast<QKeyEvent*>(event));
     if (event->type() != QEvent::KeyPress) return false;
     const int key = static_cast<QKeyEvent*>(event)->key();
     if (key == Qt::Key_Return || key == Qt::Key_Enter) return returnPressed();

@@ -8,6 +8,8 @@
 
 #include <optional>
 
+class QKeyEvent;
+
 namespace chromalog {
 
 /// An editable field. It counts as edited from a person's edit on, for as long as it is its dialog's focus
@@ -35,6 +37,7 @@ class FieldControl : public QObject, public WidgetControl<TextField, QLineEdit> 
     void endEditing();
     bool returnPressed(); ///< true where the key was used up
     bool escapePressed();
+    bool leavesToTheDialog(QKeyEvent&) const; ///< true where the key undoes or redoes
 
     bool edited_ = false;            ///< by a person, and not ended
     std::optional<QString> pending_; ///< set by the program since the last edit

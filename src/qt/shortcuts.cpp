@@ -1,0 +1,110 @@
+#include "qt/shortcuts.h"
+
+#include "qt/mishap.h"
+#include "qt/shortcut_sheet.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QHelpEvent>
+#include <QLineEdit>
+#include <QShortcut>
+#include <QToolTip>
+
+namespace chromalog {
+
+namespace {
+
+QString shown(const QKeySequence& keys) {
+    return keys.toString(QKeySequence::NativeText);
+}
+
+} // namespace
+
+const QList<Shortcut>& shortcuts() {
+    static const QList<Shortcut> all = {
+        {"Ctrl+Z", "undoButton", "Undo the last change of the lists"},
+        {"Ctrl+Shift+Z", "redoButton", "Redo what was undone"},
+        {"Ctrl+Y", "redoButton", "Redo what was undone"},
+        {"Ctrl+O", "loadSwatch%1", "Load a swatch file into the list used last"},
+        {"Ctrl+S", "saveSwatch%1", "Save the list used last"},
+        {"Ctrl+F", "findColor%1", "Find in the list used last", false},
+        {"Alt+1", "swatch1", "Go to list 1", false},
+        {"Alt+2", "swatch2", "Go to list 2", false},
+    };
+    return all;
+}
+
+Shortcuts::Shortcuts(QWidget& window) : QObject(&window), window_(window) {
+    for (const Shortcut& shortcut : shortcuts())
+        if (control(shortcut, list_)) add(shortcut);
+    if (!window.findChild<QShortcut*>()) return; // a panel beside the dialog, whose keys work there too
+    addSheet();
+    for (QWidget* widget : window.findChildren<QWidget*>())
+        if (!keysOf(*widget).isEmpty()) widget->installEventFilter(this);
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](QWidget*, QWidget* now) { guarded([&] { noteList(now); }); });
+}
+
+QWidget* Shortcuts::control(const Shortcut& shortcut, int list) const {
+    return window_.findChild<QWidget*>(QString(shortcut.control).replace("%1", QString::number(list)));
+}
+
+void Shortcuts::add(const Shortcut& shortcut) {
+    const QKeySequence keys(shortcut.keys);
+    // A form may give a button the same key: of two, neither would work.
+    for (auto* button : window_.findChildren<QAbstractButton*>())
+        if (button->shortcut() == keys) button->setShortcut({});
+    auto* key = new QShortcut(keys, &window_);
+    connect(key, &QShortcut::activated, this, [this, shortcut] { guarded([&] { run(shortcut); }); });
+}
+
+void Shortcuts::addSheet() {
+    const auto show = [this] { guarded([this] { showShortcutSheet(window_); }); };
+    connect(new QShortcut(QKeySequence(Qt::Key_F1), &window_), &QShortcut::activated, this, show);
+    auto* item = window_.findChild<QAction*>("itemShortcuts");
+    if (!item) return;
+    item->setText(item->text() + '\t' + shown(QKeySequence(Qt::Key_F1)));
+    connect(item, &QAction::triggered, this, show);
+}
+
+void Shortcuts::run(const Shortcut& shortcut) {
+    QWidget* target = control(shortcut, list_);
+    if (!target) return;
+    if (auto* button = qobject_cast<QAbstractButton*>(target); button && shortcut.presses)
+        return button->click();
+    target->setFocus(Qt::ShortcutFocusReason);
+    if (auto* field = qobject_cast<QLineEdit*>(target)) field->selectAll();
+}
+
+void Shortcuts::noteList(const QWidget* focus) {
+    for (; focus; focus = focus->parentWidget())
+        for (const int list : {1, 2})
+            if (focus->objectName() == QString("boxList%1").arg(list) && focus->window() == &window_)
+                list_ = list;
+}
+
+QString Shortcuts::keysOf(const QWidget& widget) const {
+    QStringList keys;
+    for (const Shortcut& shortcut : shortcuts())
+        if (control(shortcut, 1) == &widget || control(shortcut, 2) == &widget)
+            keys.append(shown(QKeySequence(shortcut.keys)));
+    const auto* button = qobject_cast<const QAbstractButton*>(&widget);
+    if (button && !button->shortcut().isEmpty()) keys.append(shown(button->shortcut()));
+    return keys.join(", ");
+}
+
+bool Shortcuts::eventFilter(QObject* object, QEvent* event) try {
+    auto* widget = qobject_cast<QWidget*>(object);
+    if (event->type() != QEvent::ToolTip || !widget || widget->toolTip().isEmpty()) return false;
+    const QString keys = keysOf(*widget);
+    if (keys.isEmpty()) return false;
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
+                       QString("%1 (%2)").arg(widget->toolTip(), keys), widget);
+    return true;
+} catch (...) {
+    mishap();
+    return false;
+}
+
+} // namespace chromalog
