@@ -6,6 +6,7 @@
 #include "qt/controls/window_control.h"
 #include "qt/convert.h"
 #include "qt/form_names.h"
+#include "qt/history_announcer.h"
 #include "qt/layout/folds.h"
 #include "qt/mishap.h"
 #include "qt/qt_desktop.h"
@@ -107,6 +108,7 @@ std::vector<std::string> QtForm::connect(const FormOwner& owner) {
         if (sender->property("action").isValid() && !sender->property(kShows).isValid() &&
             !connectAction(sender, owner))
             problems.push_back("no action " + fromQt(sender->property("action").toString()));
+    announceHistory(*root_);
     for (std::string& name : unusedNames(owner))
         problems.push_back("no outlet " + std::move(name));
     return problems;

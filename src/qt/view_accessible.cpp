@@ -1,8 +1,10 @@
 #include "qt/view_accessible.h"
 
+#include "qt/controls/control_accessible.h"
 #include "qt/controls/status_label.h"
 #include "qt/controls/well_accessible.h"
 #include "qt/convert.h"
+#include "qt/list_table.h"
 #include "qt/mishap.h"
 #include "qt/view_widget.h"
 
@@ -16,7 +18,9 @@ namespace chromalog {
 namespace {
 
 /// One row of a list, made when it is asked for. It survives its list only as an invalid object.
-class RowAccessible : public QAccessibleInterface, public QAccessibleActionInterface {
+class RowAccessible : public QAccessibleInterface,
+                      public QAccessibleActionInterface,
+                      public QAccessibleTableCellInterface {
   public:
     RowAccessible(ViewWidget* list, int row) : list_(list), row_(row) {}
 
@@ -49,19 +53,31 @@ class RowAccessible : public QAccessibleInterface, public QAccessibleActionInter
         QAccessible::State state;
         state.selectable = true;
         state.invalid = !isValid();
+        state.focusable = true;
         state.selected =
             guarded(false, [this] { return isValid() && view()->accessibleSelectedRow() == row_; });
+        state.focused = state.selected && list_->hasFocus();
         return state;
     }
     void* interface_cast(QAccessible::InterfaceType type) override {
-        return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this)
-                                                    : nullptr;
+        if (type == QAccessible::ActionInterface) return static_cast<QAccessibleActionInterface*>(this);
+        if (type == QAccessible::TableCellInterface) return static_cast<QAccessibleTableCellInterface*>(this);
+        return nullptr;
     }
     QStringList actionNames() const override { return {pressAction()}; }
     void doAction(const QString&) override {
         if (isValid()) guarded([this] { view()->selectAccessibleRow(row_); });
     }
     QStringList keyBindingsForAction(const QString&) const override { return {}; }
+
+    bool isSelected() const override { return state().selected; }
+    QList<QAccessibleInterface*> columnHeaderCells() const override { return {}; }
+    QList<QAccessibleInterface*> rowHeaderCells() const override { return {}; }
+    int columnIndex() const override { return 0; }
+    int rowIndex() const override { return row_; }
+    int columnExtent() const override { return 1; }
+    int rowExtent() const override { return 1; }
+    QAccessibleInterface* table() const override { return parent(); }
 
   private:
     View* view() const { return list_ ? list_->view() : nullptr; }
@@ -116,8 +132,16 @@ class ViewAccessible : public QAccessibleWidget, public QAccessibleValueInterfac
     void* interface_cast(QAccessible::InterfaceType type) override {
         if (type == QAccessible::ValueInterface)
             return range() ? static_cast<QAccessibleValueInterface*>(this) : nullptr;
+        if (type == QAccessible::TableInterface)
+            return role() == QAccessible::List ? static_cast<QAccessibleTableInterface*>(&table_) : nullptr;
         return QAccessibleWidget::interface_cast(type);
     }
+
+    QAccessibleInterface* focusChild() const override {
+        const auto row = view() ? view()->accessibleSelectedRow() : std::nullopt;
+        return row && widget()->hasFocus() ? child(*row) : QAccessibleWidget::focusChild();
+    }
+    void announceRows() { news_.announce(*widget(), *view()); }
 
     int childCount() const override { return view() ? view()->accessibleRowCount() : 0; }
     QAccessibleInterface* child(int row) const override try {
@@ -160,6 +184,8 @@ class ViewAccessible : public QAccessibleWidget, public QAccessibleValueInterfac
     }
 
     mutable std::map<int, QAccessible::Id> rows_; ///< rows that were asked for
+    ListTable table_{[this] { return view(); }, [this](int row) { return child(row); }};
+    ListNews news_;
 };
 
 QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
@@ -171,12 +197,18 @@ QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
 } // namespace
 
 void installAccessibility() {
+    QAccessible::installFactory(makeGroupAccessible);
+    QAccessible::installFactory(makeStepperAccessible);
+    QAccessible::installFactory(makeMenuButtonAccessible);
     QAccessible::installFactory(makeAccessible);
     QAccessible::installFactory(makeWellAccessible);
     QAccessible::installFactory(makeStatusAccessible);
 }
 
 void removeAccessibility() {
+    QAccessible::removeFactory(makeGroupAccessible);
+    QAccessible::removeFactory(makeStepperAccessible);
+    QAccessible::removeFactory(makeMenuButtonAccessible);
     QAccessible::removeFactory(makeAccessible);
     QAccessible::removeFactory(makeWellAccessible);
     QAccessible::removeFactory(makeStatusAccessible);
@@ -191,6 +223,9 @@ void announceView(ViewWidget& widget) {
     if (told.range) return;
     QAccessibleEvent described(&widget, QAccessible::DescriptionChanged);
     QAccessible::updateAccessibility(&described);
+    if (told.role != Accessible::Role::list) return;
+    if (auto* list = dynamic_cast<ViewAccessible*>(QAccessible::queryAccessibleInterface(&widget)))
+        list->announceRows();
 }
 
 } // namespace chromalog

@@ -3,6 +3,7 @@
 #include "qt/controls/glyphs.h"
 #include "qt/mishap.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
@@ -34,6 +35,13 @@ void FitButton::setTexts(const QString& texts) {
     texts_ = texts.split('|', Qt::SkipEmptyParts);
     setText(texts_.value(0));
     measure();
+}
+
+/// Assistive technology may have asked before: it is told anew what the button is.
+void FitButton::setMenuName(const QString& name) {
+    menuName_ = name;
+    if (auto* early = QAccessible::queryAccessibleInterface(this))
+        QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(early));
 }
 
 void FitButton::measure() {

@@ -17,7 +17,7 @@ class FitButton : public QPushButton {
     Q_OBJECT
     Q_PROPERTY(QString texts READ texts WRITE setTexts)
     Q_PROPERTY(QString sign MEMBER sign_)
-    Q_PROPERTY(QString menuName MEMBER menuName_)
+    Q_PROPERTY(QString menuName READ menuName WRITE setMenuName)
     Q_PROPERTY(QPoint menuSpot READ menuSpot)
     Q_PROPERTY(bool quiet MEMBER quiet_)
   public:
@@ -26,6 +26,9 @@ class FitButton : public QPushButton {
     QString texts() const { return texts_.join('|'); }
     void setTexts(const QString&);
     const QString& menuName() const { return menuName_; }
+    void setMenuName(const QString&);
+    bool opensByAnyPress() const { return !menuName_.isEmpty() && !property("action").isValid(); }
+    void openMenu();
     QPoint menuSpot() const; ///< a press there opens the menu
 
     /// Levels count from the longest text; the sign's is the last.
@@ -48,12 +51,10 @@ class FitButton : public QPushButton {
     int signSize() const;
     bool isSignAt(int level) const { return texts_.isEmpty() || (level >= kSign && !sign_.isEmpty()); }
     bool hasArrow() const { return !menuName_.isEmpty() && !texts_.isEmpty(); }
-    bool opensByAnyPress() const { return !menuName_.isEmpty() && !property("action").isValid(); }
     QString textAt(int level) const { return texts_.value(indexOf(level)); }
     int indexOf(int level) const { return std::min(level, int(texts_.size()) - 1); }
     void measure();
     QRect arrowZone() const;
-    void openMenu();
     void showOpen(bool);
     void paintSign(QPainter&, const QRect& inside) const;
     void paintArrow(QPainter&) const;

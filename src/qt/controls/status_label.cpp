@@ -11,7 +11,8 @@ class StatusAccessible : public QAccessibleWidget {
     explicit StatusAccessible(StatusLabel* label)
         : QAccessibleWidget(label, QAccessible::Notification), label_(label) {}
     QString text(QAccessible::Text kind) const override {
-        return kind == QAccessible::Name ? label_->text() : QAccessibleWidget::text(kind);
+        if (kind != QAccessible::Name) return QAccessibleWidget::text(kind);
+        return label_->aloud().isEmpty() ? label_->text() : label_->aloud();
     }
 
   private:
@@ -20,9 +21,21 @@ class StatusAccessible : public QAccessibleWidget {
 
 } // namespace
 
-/// Screen readers speak a notification when it appears; the toolkit itself tells them of the new name alone.
 void StatusLabel::announce() {
-    if (text().isEmpty() || !QAccessible::isActive()) return;
+    aloud_.clear();
+    if (!text().isEmpty()) tell();
+}
+
+void StatusLabel::announceAloud(const QString& words) {
+    aloud_ = words;
+    QAccessibleEvent named(this, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&named);
+    tell();
+}
+
+/// Screen readers speak a notification when it appears; the toolkit itself tells them of the new name alone.
+void StatusLabel::tell() {
+    if (!QAccessible::isActive()) return;
     for (const QAccessible::Event type : {QAccessible::ObjectShow, QAccessible::Alert}) {
         QAccessibleEvent event(this, type);
         QAccessible::updateAccessibility(&event);

@@ -12,6 +12,14 @@ class StatusLabel : public ElidedLabel {
   public:
     using ElidedLabel::ElidedLabel;
     void announce(); ///< after its text has changed
+    /// Says something that the label does not show.
+    void announceAloud(const QString&);
+    const QString& aloud() const { return aloud_; }
+
+  private:
+    void tell();
+
+    QString aloud_; ///< until the text changes
 };
 
 /// For the toolkit's list of factories: a status line is a notification of that name.
