@@ -77,6 +77,7 @@ QWidget* contents(QWidget* parent) {
     auto* rows = new QFormLayout(page);
     rows->setLabelAlignment(Qt::AlignLeft);
     rows->setHorizontalSpacing(24);
+    rows->setVerticalSpacing(2);
     for (const Section& section : sections()) {
         QLabel* title = textLabel(QObject::tr(section.title), page);
         QFont strong = title->font();
@@ -86,9 +87,6 @@ QWidget* contents(QWidget* parent) {
         for (const Line& line : section.lines)
             rows->addRow(textLabel(line.keys, page), textLabel(QObject::tr(line.says), page));
     }
-    QLabel* colours = textLabel(QObject::tr("Colors are sRGB, shown unmanaged."), page);
-    colours->setObjectName("captionColours");
-    rows->addRow(colours);
     return page;
 }
 
@@ -108,10 +106,13 @@ QDialog* makeSheet(QWidget& window) {
     scroll->setMinimumWidth(scroll->widget()->sizeHint().width() +
                             scroll->style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 8);
     column->addWidget(scroll);
+    column->addWidget(textLabel(QObject::tr("Colors are sRGB, shown unmanaged."), sheet));
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, sheet);
     column->addWidget(buttons);
     QObject::connect(buttons, &QDialogButtonBox::rejected, sheet, &QDialog::reject);
-    const int wanted = scroll->widget()->sizeHint().height() + buttons->sizeHint().height() + 48;
+    // Not every window system gives the keyboard back by itself.
+    QObject::connect(sheet, &QDialog::finished, &window, [&window] { window.activateWindow(); });
+    const int wanted = scroll->widget()->sizeHint().height() + buttons->sizeHint().height() + 72;
     sheet->resize(sheet->sizeHint().width(),
                   std::min(wanted, window.screen()->availableGeometry().height() - 64));
     return sheet;

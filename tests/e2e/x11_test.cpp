@@ -200,5 +200,26 @@ TEST_F(OnXServer, AssistiveTechnologyHearsTheStatusLine) {
                 Contains(json{{"event", "object:state-changed:showing"}, {"name", said}}));
 }
 
+TEST_F(OnXServer, AssistiveTechnologySelectsRowsAndHearsTheirChanges) {
+    if (!installed("command -v dbus-run-session") ||
+        !installed("/usr/bin/python3 -c 'import gi; gi.require_version(\"Atspi\", \"2.0\")'"))
+        GTEST_SKIP() << "needs AT-SPI";
+    playWell("choose $/three.aco\npress loadSwatch1:\n");
+    writeFrames();
+    act("hear_lists.sh", {}, {"dbus-run-session", "--"});
+    const json told = json::parse(read("heard.json"));
+    EXPECT_THAT(told["interfaces"], Contains("Table"));
+    EXPECT_EQ(told["rows"], 3);
+    EXPECT_EQ(told["selected"], json{2});
+    const auto line = [](const char* event, const char* role, const char* name) {
+        return json{{"event", event}, {"role", role}, {"name", name}};
+    };
+    EXPECT_THAT(told["heard"], Contains(line("object:state-changed:selected", "list item", "Blue")));
+    EXPECT_THAT(told["heard"], Contains(line("object:state-changed:selected", "list item", "Green")))
+        << "by a key";
+    EXPECT_THAT(told["heard"], Contains(line("object:state-changed:showing", "notification",
+                                             "Undone. List 1: 3. List 2: 0")));
+}
+
 } // namespace
 } // namespace chromalog::test
