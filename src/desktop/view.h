@@ -51,6 +51,7 @@ class ViewHost {
     virtual void accessibleChanged() = 0;
     virtual std::optional<Rect>
     superviewBounds() const = 0; ///< the clip of a scroll view; nothing without one
+    virtual Colour surround() const { return Colour::rgb(1, 1, 1); } ///< the ground around the view
 };
 
 /// A view: frame and bounds in points, origin bottom left and y up unless flipped. It draws on a canvas and
@@ -67,6 +68,7 @@ class View : public DragSource {
     void setNeedsDisplay();
     void announceChange(); ///< name, value or rows changed for assistive technology
     std::optional<Rect> superviewBounds() const;
+    Colour surround() const { return host_ ? host_->surround() : Colour::rgb(1, 1, 1); }
 
     ViewHost* host() const { return host_; }
     void setHost(ViewHost* host) { host_ = host; }
@@ -75,6 +77,12 @@ class View : public DragSource {
     virtual const char* className() const { return "View"; }
     virtual bool isFlipped() const { return false; } ///< asked at every call: it changes while printing
     virtual void drawRect(Canvas&) = 0;
+    /// What stands over the view's picture on the screen alone: halos of marks, a marked row, the ground
+    /// around a rim. Called after every drawRect that goes to the screen, with a fresh canvas of the same
+    /// clip; a change of it needs setNeedsDisplay() as any other. No pick, capture, `picture` or print
+    /// contains it. A place that a pick can hit must show the colour that it gives: marks cover a few points,
+    /// never an area.
+    virtual void drawDisplayLayer(Canvas&) {}
     virtual void sizeChanged() {} ///< after layOut gave the view another size
 
     virtual void mouseDown(const MouseEvent&) {}

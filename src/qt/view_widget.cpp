@@ -157,6 +157,10 @@ std::optional<Rect> ViewWidget::superviewBounds() const {
     return Rect{0, double(-y()), double(clip->width()), double(clip->height())};
 }
 
+Colour ViewWidget::surround() const {
+    return fromQt(palette().color(QPalette::Window));
+}
+
 /// A view that is being printed has the paper's geometry, and its host is not this widget for that long:
 /// nothing is drawn then, and the screen keeps what it shows.
 void ViewWidget::paintEvent(QPaintEvent* event) try {
@@ -166,8 +170,11 @@ void ViewWidget::paintEvent(QPaintEvent* event) try {
     const Rect bounds = view_->bounds();
     const double top = view_->isFlipped() ? dirty.y() : bounds.h - dirty.y() - dirty.height();
     const Rect clip{bounds.x + dirty.x(), bounds.y + top, double(dirty.width()), double(dirty.height())};
-    PaintCanvas canvas(painter, {bounds, view_->isFlipped(), clip, true, true, &lines_});
+    const PaintTarget target{bounds, view_->isFlipped(), clip, true, true, &lines_};
+    PaintCanvas canvas(painter, target);
     view_->drawRect(canvas);
+    PaintCanvas layer(painter, target);
+    view_->drawDisplayLayer(layer);
     if (!hasFocus()) return;
     if (const auto mark = view_->focusMark()) paintFocusRing(painter, canvas.map(*mark).toAlignedRect());
     if (!clipWidget()) paintFocusRing(painter, rect());

@@ -35,6 +35,7 @@ class ViewWidget : public QWidget, public ViewHost {
     void hiddenChanged() override;
     void accessibleChanged() override;
     std::optional<Rect> superviewBounds() const override;
+    Colour surround() const override;
 
   protected:
     void paintEvent(QPaintEvent*) override;

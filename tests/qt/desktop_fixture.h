@@ -59,12 +59,15 @@ class SpyView : public View {
     std::vector<Point> places;
     bool flipped = false, drags = false, takesColours = false, usesKeys = true;
     Accessible told{Accessible::Role::chart, "spy", "value", "a view of the tests", std::nullopt};
-    std::function<void(Canvas&)> draw;
+    std::function<void(Canvas&)> draw, drawLayer;
     DragInfo lastDrop;
 
     bool isFlipped() const override { return flipped; }
     void drawRect(Canvas& canvas) override {
         if (draw) draw(canvas);
+    }
+    void drawDisplayLayer(Canvas& canvas) override {
+        if (drawLayer) drawLayer(canvas);
     }
     void sizeChanged() override { calls.push_back("size"); }
     void mouseDown(const MouseEvent& e) override { note("down", e.location); }

@@ -122,6 +122,29 @@ TEST_F(ViewWidgetTest, TheKeyboardsFocusIsSeen) {
     EXPECT_EQ(rasterPicture(view).pixels.front(), 0xFFFF0000U); // no part of what is picked
 }
 
+TEST_F(ViewWidgetTest, TheDisplayLayerStandsOverThePictureOnTheScreenAlone) {
+    view.draw = [](Canvas& c) {
+        c.setFill(Colour::rgb(1, 0, 0));
+        c.fillRect({0, 0, 100, 50});
+    };
+    view.drawLayer = [this](Canvas& c) {
+        c.fillRect({0, 0, 10, 10}); // white, as on any new canvas
+        c.setFill(view.surround());
+        c.fillRect({10, 0, 10, 10});
+    };
+    show();
+    widget.clearFocus();
+    QPalette palette;
+    palette.setColor(QPalette::Window, QColor(12, 34, 56));
+    widget.setPalette(palette);
+    const QImage shown = widget.grab().toImage();
+    EXPECT_EQ(shown.pixelColor(5, 45), QColor(Qt::white));
+    EXPECT_EQ(shown.pixelColor(15, 45), QColor(12, 34, 56));
+    EXPECT_EQ(shown.pixelColor(25, 45), QColor(Qt::red));
+    const Bitmap picked = desktop.capture(view);
+    EXPECT_THAT(picked.pixels, testing::Each(0xFFFF0000U));
+}
+
 TEST_F(ViewWidgetTest, OnPaperTheViewIsNotDrawnOnTheScreen) {
     int draws = 0;
     view.draw = [&](Canvas&) { ++draws; };
