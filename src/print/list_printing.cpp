@@ -33,7 +33,11 @@ PrintPages layOutList(const CSwatchList& list, const SwatchPrintSetting& setting
 
 void printSwatchList(const CSwatchList& list, PrintOptions& options, ColorServicesProc services,
                      Desktop& desktop) {
-    PrintOptionController(options, desktop).showVarianteWindow();
+    {
+        PrintOptionController dialog(options, desktop);
+        dialog.showVarianteWindow();
+        if (dialog.cancelled()) return;
+    }
     bool tooSmall = !fits(desktop.sharedPrintInfo(), options.printSize);
     const auto layOut = [&](const PrintInfo& info) {
         PrintPages pages = layOutList(list, settingOf(options, services, desktop), info);

@@ -7,7 +7,8 @@
 
 namespace chromalog {
 
-/// The print action of a list: the options dialog, then the print operation, whatever the dialog returned.
+/// The print action of a list: the options dialog, then the print operation, whatever the dialog returned;
+/// its Cancel alone ends the action.
 /// The sheets are painted as they were laid out, whatever the dialog behind shows meanwhile.
 void printSwatchList(const CSwatchList&, PrintOptions&, ColorServicesProc, Desktop&);
 

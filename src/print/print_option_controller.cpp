@@ -24,7 +24,8 @@ FormOwner PrintOptionController::owner() {
              {"putName:", [this] { putName(); }},
              {"putRGB:", [this] { putRGB(); }},
              {"putCMYK:", [this] { putCMYK(); }},
-             {"ok:", [this] { ok(); }}}};
+             {"ok:", [this] { ok(); }},
+             {"cancelPrint:", [this] { cancel(); }}}};
 }
 
 std::int64_t PrintOptionController::showVarianteWindow() {
@@ -50,6 +51,11 @@ void PrintOptionController::putRGB() {
 }
 void PrintOptionController::putCMYK() {
     options_.setPrintAttributes(2, CMYKCheck->state() == 1);
+}
+
+void PrintOptionController::cancel() {
+    cancelled_ = true;
+    desktop_.stopModal(0);
 }
 
 void PrintOptionController::ok() {

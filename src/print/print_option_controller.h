@@ -21,6 +21,8 @@ class PrintOptionController {
     void putRGB();
     void putCMYK();
     void ok();
+    void cancel(); ///< ends the dialog, and the print action with it; every other end prints
+    bool cancelled() const { return cancelled_; }
 
   private:
     FormOwner owner();
@@ -30,6 +32,7 @@ class PrintOptionController {
     Outlet<Window> printOptionWindow;
     Outlet<RadioMatrix> buttonMatrix;
     Outlet<Button> RGBCheck, CMYKCheck, NameCheck;
+    bool cancelled_ = false;
     std::unique_ptr<Form> form_; ///< after the outlets: its controls go first
 };
 

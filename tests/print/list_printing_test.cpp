@@ -109,6 +109,21 @@ TEST_F(ListPrinting, TheOptionsDialogComesFirstAndItsChoicesCount) {
     EXPECT_EQ(dialog.options.printSize, 2);
 }
 
+TEST_F(ListPrinting, ItsCancelEndsTheActionAndEveryOtherEndPrints) {
+    print(3);
+    ASSERT_FALSE(dialog.screen.sheets.empty());
+    dialog.screen.sheets.clear();
+    dialog.screen.modalSteps.push_back([&] { dialog.dialog().send("cancelPrint:"); });
+    dialog.screen.printInfo.paper = {80, 80}; // too small: not even that is said
+    print(3);
+    EXPECT_TRUE(dialog.screen.sheets.empty());
+    EXPECT_TRUE(dialog.screen.alerts.empty());
+    dialog.screen.printInfo = {};
+    dialog.screen.modalSteps.push_back(
+        [&] { dialog.dialog().outlet<test::HeadlessWindow>("printOptionWindow").onClose(); });
+    EXPECT_EQ(print(3).size(), 1u);
+}
+
 TEST_F(ListPrinting, PrintingFollowsWithoutTheOptionsDialogToo) {
     dialog.screen.missingForms.insert("SwatchPrintOptions");
     EXPECT_EQ(print(3).size(), 1u);

@@ -112,6 +112,16 @@ TEST_F(PrintOptionDialog, ClosingTheWindowEndsItAsOkDoes) {
     EXPECT_FALSE(window.visible());
 }
 
+TEST_F(PrintOptionDialog, CancelEndsItWithItsOwnCodeAndKeepsWhatWasWrittenThrough) {
+    PrintOptionController controller(dialog.options, dialog.screen);
+    dialog.screen.modalSteps.push_back([&] { choose(2); });
+    dialog.screen.modalSteps.push_back([&] { dialog.dialog().send("cancelPrint:"); });
+    EXPECT_FALSE(controller.cancelled());
+    EXPECT_EQ(controller.showVarianteWindow(), 0);
+    EXPECT_TRUE(controller.cancelled());
+    EXPECT_EQ(dialog.options.printSize, 2);
+}
+
 TEST_F(PrintOptionDialog, WithoutItsFormTheOptionsStay) {
     dialog.options = {2, 1, 1, 0};
     dialog.screen.missingForms.insert("SwatchPrintOptions");

@@ -136,8 +136,9 @@ TEST_F(FormsTest, EveryActionHasItsControl) {
                                                                          "printToneOrDegrade:"}));
     EXPECT_THAT(actionsIn("ProtocolPanel"),
                 UnorderedElementsAreArray({"undoAction:", "redoAction:", "dumpUndo"}));
-    EXPECT_THAT(actionsIn("SwatchPrintOptions"),
-                UnorderedElementsAreArray({"chooseSize:", "putName:", "putRGB:", "putCMYK:", "ok:"}));
+    EXPECT_THAT(
+        actionsIn("SwatchPrintOptions"),
+        UnorderedElementsAreArray({"chooseSize:", "putName:", "putRGB:", "putCMYK:", "ok:", "cancelPrint:"}));
     EXPECT_THAT(actionsIn("EarlierLists"),
                 UnorderedElementsAreArray({"bringBackList1:", "bringBackList2:", "closeEarlierLists:"}));
 }
