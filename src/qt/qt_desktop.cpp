@@ -249,7 +249,12 @@ Bitmap QtDesktop::capture(View& view) {
 }
 
 void QtDesktop::runPageLayout(Window& parent) {
-    openPageSetup(printJobs_.info, widgetOf(parent));
+    openPageSetup(printJobs_.info, lengthUnit_, widgetOf(parent));
+}
+
+void QtDesktop::takePageHabits(const PageHabits& habits) {
+    lengthUnit_ = habits.unit;
+    if (habits.paper) printJobs_.info.paper = *habits.paper;
 }
 
 PrintOutcome QtDesktop::runPrintOperation(const PrintJob& job) {

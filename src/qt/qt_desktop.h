@@ -9,6 +9,7 @@
 #include "qt/modal_loops.h"
 #include "qt/panels/completions.h"
 #include "qt/panels/file_panels.h"
+#include "qt/panels/page_habits.h"
 #include "qt/panels/print_jobs.h"
 #include "qt/string_table.h"
 
@@ -83,6 +84,9 @@ class QtDesktop : public Desktop {
     const LogRing& logRing() const { return log_; }
     std::function<Qt::KeyboardModifiers()> keyboard; ///< asks the keyboard now; a script replaces it
 
+    /// For a person: the unit of lengths, and the paper that the print settings begin with.
+    void takePageHabits(const PageHabits&);
+
     void forget(QtForm&); ///< the form goes away
 
   private:
@@ -109,6 +113,7 @@ class QtDesktop : public Desktop {
     mutable Pasteboard pasteboard_; ///< the clipboard as last read
     std::intptr_t hostWindow_ = 0;  ///< as the window system names it
     bool modalRan_ = false;
+    LengthUnit lengthUnit_ = LengthUnit::points;
 };
 
 } // namespace chromalog

@@ -9,6 +9,7 @@
 
 #include <QDialog>
 #include <QFontInfo>
+#include <QLocale>
 
 namespace chromalog {
 namespace {
@@ -45,7 +46,9 @@ void QtPlatform::dialogReady(Desktop& desktop, ChromalogControler& controler) {
     dialog_ = std::make_unique<DrivenQt>(static_cast<QtDesktop&>(desktop), controler);
     if (standalone_) driven_ = attach_(*dialog_, *standalone_);
     QDialog* window = dialog_->window();
-    if (!driven_ && window) // a script's dialog is always the same
+    if (driven_) return; // a script's dialog is always the same
+    static_cast<QtDesktop&>(desktop).takePageHabits(pageHabits(QLocale::system()));
+    if (window)
         new WindowMemory(*window, settingsPath(desktop.applicationsDirectory()));
 }
 

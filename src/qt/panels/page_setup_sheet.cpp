@@ -10,6 +10,7 @@
 #include <QPageSize>
 
 #include <cmath>
+#include <vector>
 
 namespace chromalog {
 
@@ -20,7 +21,8 @@ constexpr QPageSize::PageSizeId papers[] = {QPageSize::A3,     QPageSize::A4,   
 
 class PageSetupSheet : public QDialog {
   public:
-    PageSetupSheet(PrintInfo& info, QWidget* window) : QDialog(window), info_(info) {
+    PageSetupSheet(PrintInfo& info, LengthUnit unit, QWidget* window)
+        : QDialog(window), info_(info), unit_(shownUnit(unit)) {
         setObjectName("qt_pageSetup");
         setWindowTitle(tr("Page Setup"));
         setWindowModality(Qt::WindowModal);
@@ -31,10 +33,10 @@ class PageSetupSheet : public QDialog {
         orientation_->addItems({tr("Portrait"), tr("Landscape")});
         orientation_->setCurrentIndex(info.paper.w > info.paper.h);
         form->addRow(tr("Orientation:"), orientation_);
-        form->addRow(tr("Left margin:"), addLength(left_, "left", info.left));
-        form->addRow(tr("Right margin:"), addLength(right_, "right", info.right));
-        form->addRow(tr("Top margin:"), addLength(top_, "top", info.top));
-        form->addRow(tr("Bottom margin:"), addLength(bottom_, "bottom", info.bottom));
+        form->addRow(tr("Left margin:"), addLength("left", info.left));
+        form->addRow(tr("Right margin:"), addLength("right", info.right));
+        form->addRow(tr("Top margin:"), addLength("top", info.top));
+        form->addRow(tr("Bottom margin:"), addLength("bottom", info.bottom));
         scale_->setRange(10, 1000);
         scale_->setDecimals(0);
         scale_->setSuffix(" %");
@@ -50,10 +52,8 @@ class PageSetupSheet : public QDialog {
         const QSizeF size = paper_->currentData().toSizeF();
         const bool landscape = orientation_->currentIndex() == 1;
         info_.paper = landscape ? Size{size.height(), size.width()} : Size{size.width(), size.height()};
-        info_.left = left_->value();
-        info_.right = right_->value();
-        info_.top = top_->value();
-        info_.bottom = bottom_->value();
+        for (const Length& length : lengths_)
+            if (length.box->value() != length.offered) *length.points = length.box->value() * unit_.points;
         info_.scale = scale_->value() / 100.0;
         QDialog::accept();
     } catch (...) {
@@ -74,34 +74,48 @@ class PageSetupSheet : public QDialog {
         }
         if (present < 0) {
             present = paper_->count();
-            paper_->addItem(tr("%1 × %2 points").arg(now.width()).arg(now.height()), now);
+            paper_->addItem(QString("%1 × %2 %3").arg(inUnit(now.width()), inUnit(now.height()), unit_.name),
+                            now);
         }
         paper_->setCurrentIndex(present);
     }
 
-    QDoubleSpinBox* addLength(QDoubleSpinBox* box, const char* name, double points) {
+    /// A length in the settings, and what its box offered: rounded, and perhaps in another unit.
+    struct Length {
+        double* points;
+        QDoubleSpinBox* box;
+        double offered;
+    };
+
+    QDoubleSpinBox* addLength(const char* name, double& points) {
+        constexpr double most = 1000; // points
+        auto* box = new QDoubleSpinBox(this);
         box->setObjectName(name);
-        box->setRange(0, 1000);
-        box->setDecimals(1);
-        box->setSuffix(tr(" pt"));
-        box->setValue(points);
+        box->setDecimals(unit_.decimals);
+        box->setRange(0, most / unit_.points);
+        box->setSingleStep(unit_.step);
+        box->setSuffix(QString(" %1").arg(unit_.name));
+        box->setValue(points / unit_.points);
+        lengths_.push_back({&points, box, box->value()});
         return box;
     }
 
+    QString inUnit(double points) const {
+        return locale().toString(points / unit_.points, 'f', unit_.decimals);
+    }
+
     PrintInfo& info_;
+    const ShownUnit& unit_;
+    std::vector<Length> lengths_;
     QComboBox* paper_ = new QComboBox(this);
     QComboBox* orientation_ = new QComboBox(this);
-    QDoubleSpinBox* left_ = new QDoubleSpinBox(this);
-    QDoubleSpinBox* right_ = new QDoubleSpinBox(this);
-    QDoubleSpinBox* top_ = new QDoubleSpinBox(this);
-    QDoubleSpinBox* bottom_ = new QDoubleSpinBox(this);
     QDoubleSpinBox* scale_ = new QDoubleSpinBox(this);
 };
 
 } // namespace
 
-void openPageSetup(PrintInfo& info, QWidget* window) {
-    (new PageSetupSheet(info, window))->open();
+void openPageSetup(PrintInfo& info, LengthUnit unit, QWidget* window) {
+    (new PageSetupSheet(info, unit, window))->open();
 }
 
 } // namespace chromalog
