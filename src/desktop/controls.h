@@ -18,6 +18,9 @@ class Control {
     virtual ~Control() = default;
     virtual void setEnabled(bool) {}
     virtual void setHidden(bool) {}
+    /// What it does or tells now: its tool tip and its description. Plain text, perhaps with names from
+    /// outside.
+    virtual void setHelp(std::string_view) {}
     /// Makes it a control of one of the dialog's own classes, for those who look at the dialog from outside.
     virtual void setClassName(const char*) {}
 };

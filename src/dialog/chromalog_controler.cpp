@@ -3,6 +3,7 @@
 #include "dialog/earlier_lists.h"
 #include "dialog/globals.h"
 #include "dialog/host_side.h"
+#include "history/undo_labels.h"
 #include "print/chart_printing.h"
 #include "print/list_printing.h"
 
@@ -230,7 +231,7 @@ void ChromalogControler::printList(SwatchPanel& panel) {
 }
 
 void ChromalogControler::setUndoablePosition(std::string_view labelKey) {
-    if (history_) history_->setUndoablePosition(desktop_.localized(labelKey));
+    if (history_) history_->setUndoablePosition(desktop_.localized(labelKey), stepInWords(labelKey));
 }
 
 std::string ChromalogControler::hostBooks() {

@@ -50,6 +50,9 @@ class ChromalogControler : SwatchPanelsDelegate {
 
     // The lists' delegate.
     void setUndoablePosition(std::string_view labelKey) override;
+    void describeSteps(std::string_view latest, std::string_view before) override {
+        if (history_) history_->describeSteps(latest, before);
+    }
     void setFirstColor(const FCOStruct& swatch, const std::string& name) override {
         colours_.setFirstColor(swatch, name);
     }

@@ -3,6 +3,8 @@
 #include "history/undo_labels.h"
 #include "record/global_record.h"
 
+#include <new>
+
 namespace chromalog {
 namespace {
 
@@ -10,6 +12,17 @@ constexpr std::int16_t kUndoLimit = 20;
 
 std::span<std::byte> bytesOf(GlobalRecord& record) {
     return std::as_writable_bytes(std::span(&record, 1));
+}
+
+/// The latest first, what was undone above what can be undone.
+std::vector<std::string> rowsOf(const std::vector<std::string>& undo, const std::vector<std::string>& redo) {
+    std::vector<std::string> rows;
+    for (auto step = redo.rbegin(); step != redo.rend(); ++step)
+        rows.push_back("Redo: " + *step);
+    rows.emplace_back("now");
+    for (auto step = undo.rbegin(); step != undo.rend(); ++step)
+        rows.push_back("Undo: " + *step);
+    return rows;
 }
 
 } // namespace
@@ -24,6 +37,7 @@ ProtocolControler::ProtocolControler(HistoryParts parts) : parts_(std::move(part
     }
     parts_.record.undoLimit = kUndoLimit;
     undoCount = 0;
+    showSteps();
     parts_.desktop.log("Done with init protocolcontroler");
 }
 
@@ -32,7 +46,10 @@ FormOwner ProtocolControler::formOwner() {
     owner.outlets = {{"protocolWindow", &protocolWindow},
                      {"undoView", &undoView},
                      {"redoView", &redoView},
-                     {"nubersUndo", &nubersUndo}};
+                     {"nubersUndo", &nubersUndo},
+                     {"undoAction", &undoStep, true},
+                     {"redoAction", &redoStep, true},
+                     {"historySteps", &historySteps, true}};
     owner.actions = {{"undoAction:", [this] { undoAction(); }},
                      {"redoAction:", [this] { redoAction(); }},
                      {"showProtocolWindow", [this] { showProtocolWindow(); }},
@@ -40,21 +57,43 @@ FormOwner ProtocolControler::formOwner() {
     return owner;
 }
 
-void ProtocolControler::setUndoablePosition(std::string_view label) {
+void ProtocolControler::setUndoablePosition(std::string_view label, std::string_view words) {
     parts_.save();
     if (manager_) {
         const auto snapshot = std::make_shared<Snapshot>(bytesOf(parts_.record), manager_->latest());
         manager_->setLevelLimit(parts_.record.undoLimit);
-        manager_->registerStep({snapshot, std::string(label)});
+        manager_->registerStep({snapshot, std::string(label), std::string(words.empty() ? label : words)});
     }
     maxUndoSteps = ++undoCount;
     parts_.redoButton->setEnabled(false);
     parts_.undoButton->setEnabled(true);
+    showSteps();
+}
+
+void ProtocolControler::describeSteps(std::string_view latest, std::string_view before) noexcept try {
+    if (manager_) manager_->setWords(latest, before);
+    showSteps();
+} catch (const std::bad_alloc&) { // the change itself is made: no words are worth failing it
+}
+
+void ProtocolControler::showSteps() noexcept try {
+    std::vector<std::string> undo, redo;
+    if (mayUndo()) undo = manager_->undoWords();
+    if (manager_) redo = manager_->redoWords();
+    const std::string undoHelp = undo.empty() ? "nothing left to undo" : "Undo: " + undo.back();
+    const std::string redoHelp = redo.empty() ? "nothing left to redo" : "Redo: " + redo.front();
+    parts_.undoButton->setHelp(undoHelp);
+    undoStep->setHelp(undoHelp);
+    parts_.redoButton->setHelp(redoHelp);
+    redoStep->setHelp(redoHelp);
+    historySteps->setRows(rowsOf(undo, redo));
+} catch (const std::bad_alloc&) { // the same
 }
 
 void ProtocolControler::pushgData(const UndoAction& action) {
     const std::span<std::byte> record = bytesOf(parts_.record);
-    manager_->registerStep({std::make_shared<Snapshot>(record, action.snapshot.get()), action.label});
+    manager_->registerStep(
+        {std::make_shared<Snapshot>(record, action.snapshot.get()), action.label, action.words});
     action.snapshot->restore(record);
 }
 
@@ -67,6 +106,7 @@ void ProtocolControler::undoOneStep() {
     parts_.storeViewCounts();
     manager_->undo();
     --undoCount; // with the swap, before what only shows it
+    showSteps();
     parts_.showRecord();
 }
 
@@ -74,6 +114,7 @@ void ProtocolControler::redoOneStep() {
     parts_.storeViewCounts(); // also where there is nothing to redo: the views take them back below
     if (manager_) manager_->redo();
     ++undoCount;
+    showSteps();
     parts_.showRecord();
     parts_.dialog->makeKeyAndOrderFront();
 }

@@ -35,7 +35,10 @@ class ProtocolControler {
 
     static ProtocolControler* protocolController(); ///< of the pick that runs; null outside one
 
-    void setUndoablePosition(std::string_view label); ///< before a change; the label is localised already
+    /// Before a change. The label is localised already; the words tell people what undoing it does.
+    void setUndoablePosition(std::string_view label, std::string_view words = {});
+    /// After a change: other words for the latest step, and for the one before it unless they are empty.
+    void describeSteps(std::string_view latest, std::string_view before = {}) noexcept;
     /// The swap itself: what the record holds becomes the inverse, `action` goes over the record.
     void pushgData(const UndoAction& action);
 
@@ -64,6 +67,7 @@ class ProtocolControler {
   private:
     FormOwner formOwner();
     bool mayUndo() const;
+    void showSteps() noexcept; ///< in tool tips and in our own list
     void undoOneStep();
     void redoOneStep();
 
@@ -72,8 +76,10 @@ class ProtocolControler {
     Outlet<TextView> undoView;
     Outlet<TextView> redoView;
     Outlet<TextField> nubersUndo;
-    std::int16_t undoCount = 0;    ///< steps that may be undone; the manager's limit does not cap it
-    std::int16_t maxUndoSteps = 0; ///< undoCount after the latest new change: the ceiling of redo
+    Outlet<Button> undoStep, redoStep; ///< the panel's buttons
+    Outlet<RowList> historySteps;      ///< every step, the latest first
+    std::int16_t undoCount = 0;        ///< steps that may be undone; the manager's limit does not cap it
+    std::int16_t maxUndoSteps = 0;     ///< undoCount after the latest new change: the ceiling of redo
     std::optional<SnapshotStack> manager_;
     std::unique_ptr<Form> form_; ///< declared last: its controls go before the outlets do
 };

@@ -109,6 +109,29 @@ std::vector<std::string> SnapshotStack::redoNames() const {
     return names;
 }
 
+std::vector<std::string> SnapshotStack::undoWords() const {
+    std::vector<std::string> words;
+    for (const Step& step : undo_)
+        words.push_back(step.actions.front().words);
+    return words;
+}
+
+std::vector<std::string> SnapshotStack::redoWords() const {
+    std::vector<std::string> words;
+    for (auto step = redo_.rbegin(); step != redo_.rend(); ++step)
+        words.push_back(step->actions.front().words);
+    return words;
+}
+
+void SnapshotStack::setWords(std::string_view latest, std::string_view before) {
+    auto step = undo_.rbegin();
+    for (const std::string_view words : {latest, before}) {
+        if (step == undo_.rend()) return;
+        if (!words.empty()) step->actions.front().words = words;
+        ++step;
+    }
+}
+
 const Snapshot* SnapshotStack::latest() const {
     if (!open_.actions.empty()) return open_.actions.back().snapshot.get();
     return undo_.empty() ? nullptr : undo_.back().actions.back().snapshot.get();

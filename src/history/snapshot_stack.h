@@ -15,6 +15,7 @@ namespace chromalog {
 struct UndoAction {
     std::shared_ptr<const Snapshot> snapshot;
     std::string label;
+    std::string words{}; ///< what undoing it does, for people; its inverse gets them too
 };
 
 /// The undo manager: steps that can be undone and steps that can be redone, each a group of registered
@@ -37,6 +38,9 @@ class SnapshotStack {
     /// A group of this one action, named by its label. Where memory runs out, no group stays open.
     void registerStep(UndoAction);
 
+    /// Other words for the step that is undone next, and for the one before it; nothing where there is none.
+    void setWords(std::string_view latest, std::string_view before);
+
     bool canUndo() const { return groupDepth_ > 0 ? !open_.actions.empty() : !undo_.empty(); }
     bool canRedo() const { return !redo_.empty(); }
     void undo(); ///< closes open groups first; nothing where there is no step
@@ -44,6 +48,8 @@ class SnapshotStack {
 
     std::vector<std::string> undoNames() const; ///< the last is undone next
     std::vector<std::string> redoNames() const; ///< the first is redone next
+    std::vector<std::string> undoWords() const; ///< the last is undone next
+    std::vector<std::string> redoWords() const; ///< the first is redone next
 
     /// The state most recently recorded for undo; null where there is none.
     const Snapshot* latest() const;

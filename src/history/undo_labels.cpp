@@ -2,6 +2,20 @@
 
 namespace chromalog {
 
+std::string_view stepInWords(std::string_view labelKey) {
+    struct Words {
+        std::string_view label, words;
+    };
+    static constexpr Words kWords[] = {
+        {undo_label::deleteSwatch, "Clear list"},    {undo_label::sortAlpha, "Sort by name"},
+        {undo_label::sortHue, "Sort by hue"},        {undo_label::colorChanged, "Store first color"},
+        {undo_label::colorDeleted, "Delete swatch"}, {undo_label::earlierLists, "Bring back an earlier list"},
+    };
+    for (const Words& each : kWords)
+        if (each.label == labelKey) return each.words;
+    return kNothingChanged;
+}
+
 std::string undoListing(std::string_view description) {
     constexpr std::size_t kShortestRest = 6; // fewer characters after a further opening mark hold no label
     std::string listing = " ";

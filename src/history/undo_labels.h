@@ -27,6 +27,11 @@ inline constexpr std::array all = {loadSwatch, loadSwatchFile, appendSwatch, del
 
 } // namespace undo_label
 
+/// What undoing a step does, in words, by the key of its label. A load or an append changes nothing until its
+/// file is in.
+std::string_view stepInWords(std::string_view labelKey);
+inline constexpr std::string_view kNothingChanged = "nothing changed";
+
 /// The labels between pairs of "!" marks in a description of recorded steps, each followed by a carriage
 /// return, after a leading space.
 std::string undoListing(std::string_view description);

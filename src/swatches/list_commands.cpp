@@ -46,14 +46,14 @@ std::string acoPath(std::string_view chosen) {
 
 void ListCommands::loadSwatch(SwatchPanel& panel) {
     parts_.setUndoablePosition(undo_label::loadSwatch);
-    chooseSwatchFile(panel, 0);
+    chooseSwatchFile(panel, {"Load", 0});
     panel.view.setNeedsDisplay();
     panel.scroller->setNeedsDisplay();
 }
 
 void ListCommands::appendSwatch(SwatchPanel& panel) {
     parts_.setUndoablePosition(undo_label::appendSwatch);
-    chooseSwatchFile(panel, panel.view.getNumberOfColors());
+    chooseSwatchFile(panel, {"Append", panel.view.getNumberOfColors()});
     panel.view.setNeedsDisplay();
     panel.scroller->setNeedsDisplay();
 }
@@ -83,31 +83,33 @@ void ListCommands::writeToSwatch(const Colour& firstColor, std::string_view colo
 }
 
 /// Records a second step: a load or an append can be undone twice.
-void ListCommands::chooseSwatchFile(SwatchPanel& panel, std::int16_t start) {
+void ListCommands::chooseSwatchFile(SwatchPanel& panel, Way way) {
     parts_.setUndoablePosition(undo_label::loadSwatchFile);
     parts_.desktop.log("LoadSwatch");
-    const auto answer = [this, &panel, start](std::optional<std::string> path) {
-        if (path) swatchFileChosen(panel, start, *path);
+    const auto answer = [this, &panel, way](std::optional<std::string> path) {
+        if (path) swatchFileChosen(panel, way, *path);
     };
     parts_.desktop.beginOpenPanel({{"aco", "ACO"}}, *parts_.dialog, answer);
     panel.view.setNeedsDisplay(); // before the person has chosen
 }
 
-void ListCommands::swatchFileChosen(SwatchPanel& panel, std::int16_t start, const std::string& path) {
+void ListCommands::swatchFileChosen(SwatchPanel& panel, Way way, const std::string& path) {
     const auto data = readChosen(path, parts_.desktop.statusLine());
     if (!data) return;
     const std::string_view name = fileNameOf(path);
     const StoredName stored(name);
+    const std::string verb(way.verb), latest = verb + ' ' + std::string(name), before = "before " + verb;
     std::string nameBefore = panel.view.getSwatchName();
     panel.view.setName(std::string(name));
     try {
-        DispachSwatch(*data, panel.view, start);
+        DispachSwatch(*data, panel.view, way.start);
     } catch (...) {
         panel.view.setName(std::move(nameBefore));
         throw;
     }
     panel.storeName(stored);
     panel.storedCount = panel.view.getNumberOfColors();
+    parts_.describeSteps(latest, before);
     panel.showFromTheTop();
     panel.nameField->setText(name);
     panel.redisplay();

@@ -21,6 +21,9 @@ struct ListCommandsParts {
     ColorServicesProc services;
     std::function<void(std::string_view labelKey)> setUndoablePosition;
     std::function<std::string()> hostBooks; ///< asks the host for its version; empty: no book is found
+    /// After a change: what undoing the latest step does, in words, and the one before it.
+    std::function<void(std::string_view latest, std::string_view before)> describeSteps =
+        [](std::string_view, std::string_view) {};
 };
 
 /// The commands of the two lists: load, append, clear, sort and save, and the colour book loader. File panels
@@ -47,8 +50,13 @@ class ListCommands {
     void DispachSwatch(std::span<const std::uint8_t> data, CSwatchList&, std::int16_t start);
 
   private:
-    void chooseSwatchFile(SwatchPanel&, std::int16_t start);
-    void swatchFileChosen(SwatchPanel&, std::int16_t start, const std::string& path);
+    /// What a load and an append do otherwise alike.
+    struct Way {
+        std::string_view verb; ///< for people
+        std::int16_t start;    ///< the first row
+    };
+    void chooseSwatchFile(SwatchPanel&, Way);
+    void swatchFileChosen(SwatchPanel&, Way, const std::string& path);
     void bookChosen(const std::string& path);
 
     ListCommandsParts parts_;

@@ -46,19 +46,28 @@ DragOperation CSwatchList::draggingEntered(const DragInfo& info) {
 
 bool CSwatchList::performDragOperation(const DragInfo& info) {
     delegate_.setUndoablePosition(undo_label::colorDeleted); // whatever the drop then does: kept
+    delegate_.describeStep(kNothingChanged);
+    delegate_.describeStep(takeDrop(info));
+    return true;
+}
+
+std::string_view CSwatchList::takeDrop(const DragInfo& info) {
     const std::int16_t drop = std::max<std::int16_t>(geometry::rowAtPoint(info.location), 0);
-    if (!info.pasteboard.colourType || !info.pasteboard.colour) return true;
+    if (!info.pasteboard.colourType || !info.pasteboard.colour) return kNothingChanged;
     const Colour& colour = *info.pasteboard.colour;
     float distance = 0;
     const std::int16_t near = getNearColor(colour, distance);
-    if (info.source == this)
+    std::string_view words = kNothingChanged;
+    if (info.source == this) {
         moveRecord(records(), selectcolor, drop); // the count and the selection stay
-    else if (distance > kSameColour)
-        insertDropped(info.pasteboard, colour, drop);
-    else
+        words = "Move swatch";
+    } else if (distance <= kSameColour) {
         refuseDropped(recordAt(records(), near));
+    } else if (insertDropped(info.pasteboard, colour, drop)) {
+        words = "Drop of a color";
+    }
     contentsChanged();
-    return true;
+    return words;
 }
 
 StoredName CSwatchList::droppedName(const Pasteboard& pasteboard, const Colour& colour, int place) const {
@@ -70,12 +79,13 @@ StoredName CSwatchList::droppedName(const Pasteboard& pasteboard, const Colour& 
     return stored;
 }
 
-void CSwatchList::insertDropped(const Pasteboard& pasteboard, const Colour& colour, std::int16_t drop) {
+bool CSwatchList::insertDropped(const Pasteboard& pasteboard, const Colour& colour, std::int16_t drop) {
     const int place = std::min<int>(drop, nfcocolors);
     const StoredName name = droppedName(pasteboard, colour, place);
-    if (!addFcoColor(colour, drop)) return;
+    if (!addFcoColor(colour, drop)) return false;
     if (FCOStruct* record = recordAt(records(), place)) writeName(*record, name);
     setScrollSize();
+    return true;
 }
 
 void CSwatchList::refuseDropped(const FCOStruct* near) {

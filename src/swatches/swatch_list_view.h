@@ -34,7 +34,8 @@ class CSwatchListDelegate {
     virtual bool isFirstColorId(const Colour&, std::int16_t index, std::string& nameOut) = 0;
     virtual void activateKnobs(CSwatchList&, double hits) = 0; ///< a search ended with that many hits
     virtual void setUndoablePosition(std::string_view labelKey) = 0;
-    virtual ListRecords list1Records() = 0; ///< a search in any list terminates the names of list 1
+    virtual void describeStep(std::string_view) {} ///< after a change: what undoing it does, in words
+    virtual ListRecords list1Records() = 0;        ///< a search in any list terminates the names of list 1
     virtual ScrollView& scroller(CSwatchList&) = 0;
     virtual Menu& menu(CSwatchList&) = 0; ///< the list's context menu
 };
@@ -120,7 +121,8 @@ class CSwatchList : public View {
     void moveSelected(int rows); ///< by one step of undo
     void scrollToShow(int row);
     StoredName droppedName(const Pasteboard&, const Colour&, int place) const;
-    void insertDropped(const Pasteboard&, const Colour&, std::int16_t drop);
+    bool insertDropped(const Pasteboard&, const Colour&, std::int16_t drop); ///< false where the list is full
+    std::string_view takeDrop(const DragInfo&); ///< what undoing it does, in words
     void refuseDropped(const FCOStruct* near);
     void drawRows(Canvas&);
     void drawRow(Canvas&, int row, FCOStruct&);

@@ -21,7 +21,8 @@ SwatchPanels::SwatchPanels(GlobalRecord& data, Desktop& desktop, Outlet<Window>&
       two(panel(*this, data.swatchList2, data.numColors2, data.swatchName2, false)),
       commands({one, two, desktop, dialog, services,
                 [&delegate](auto label) { delegate.setUndoablePosition(label); },
-                [&delegate] { return delegate.hostBooks(); }}),
+                [&delegate] { return delegate.hostBooks(); },
+                [&delegate](auto latest, auto before) { delegate.describeSteps(latest, before); }}),
       search(desktop, one, two), desktop_(desktop), services_(services), delegate_(delegate) {
     one.view.setSpokenName("Swatch list 1");
     two.view.setSpokenName("Swatch list 2");

@@ -18,7 +18,9 @@ namespace chromalog {
 class SwatchPanelsDelegate {
   public:
     virtual ~SwatchPanelsDelegate() = default;
-    virtual void setUndoablePosition(std::string_view labelKey) = 0;           ///< before a change of a list
+    virtual void setUndoablePosition(std::string_view labelKey) = 0; ///< before a change of a list
+    /// After it: what undoing the latest step does, in words, and the one before it unless that is empty.
+    virtual void describeSteps(std::string_view latest, std::string_view before) = 0;
     virtual void setFirstColor(const FCOStruct&, const std::string& name) = 0; ///< name: UTF-8
     /// True and the first colour's name where the colour equals the first colour exactly; else `nameOut` is
     /// left alone.
@@ -63,6 +65,7 @@ class SwatchPanels : CSwatchListDelegate {
     }
     void activateKnobs(CSwatchList& list, double hits) override { search.activateKnobs(panelOf(list), hits); }
     void setUndoablePosition(std::string_view label) override { delegate_.setUndoablePosition(label); }
+    void describeStep(std::string_view words) override { delegate_.describeSteps(words, {}); }
     ListRecords list1Records() override { return one.records; }
     ScrollView& scroller(CSwatchList& list) override { return *panelOf(list).scroller; }
     Menu& menu(CSwatchList& list) override { return *panelOf(list).menu; }

@@ -7,9 +7,11 @@
 
 namespace chromalog::test {
 
-/// A control that remembers whether it is enabled and hidden.
+/// A control that remembers whether it is enabled and hidden, and what it says of itself.
 template <typename Base> class Headless : public Base {
   public:
+    std::string help;
+    void setHelp(std::string_view text) override { help = text; }
     void setEnabled(bool enabled) override { enabled_ = enabled; }
     bool enabled() const { return enabled_; }
     void setHidden(bool hidden) override { hidden_ = hidden; }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "desktop/controls.h"
+#include "qt/controls/plain_text.h"
+#include "qt/convert.h"
 #include "qt/form_names.h"
 
 #include <QPointer>
@@ -18,6 +20,11 @@ template <typename ControlType, typename WidgetType> class WidgetControl : publi
     }
     void setHidden(bool hidden) override {
         if (widget_) widget_->setHidden(hidden);
+    }
+    void setHelp(std::string_view help) override {
+        if (!widget_) return;
+        widget_->setToolTip(plainToolTip(toQt(help)));
+        widget_->setAccessibleDescription(toQt(help)); // left out, it would be the tool tip with its escapes
     }
     void setClassName(const char* name) override {
         if (widget_) widget_->setProperty(kClassName, name);
