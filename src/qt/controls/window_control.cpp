@@ -3,6 +3,9 @@
 #include "qt/mishap.h"
 #include "qt/view_widget.h"
 
+#include <QAbstractButton>
+#include <QKeyEvent>
+
 namespace chromalog {
 
 DialogWindow::DialogWindow(QWidget* parent) : QDialog(parent, Qt::Dialog | kDialogFlags) {}
@@ -13,6 +16,15 @@ void DialogWindow::reject() {
     closing_ = true;
     guarded(onClose);
     closing_ = false;
+}
+
+void DialogWindow::keyPressEvent(QKeyEvent* event) try {
+    if (event->matches(QKeySequence::Cancel))
+        for (auto* button : findChildren<QAbstractButton*>())
+            if (button->property("pressedByEscape").toBool()) return button->click();
+    QDialog::keyPressEvent(event);
+} catch (...) {
+    mishap();
 }
 
 WindowControl::WindowControl(DialogWindow* dialog) : WidgetControl(dialog) {}

@@ -8,12 +8,16 @@
 namespace chromalog {
 
 /// The root of every form: closing it in any way (close box, Escape) is one call of onClose and no more.
+/// Where a button of the form has the property pressedByEscape, Escape presses it instead.
 class DialogWindow : public QDialog {
     Q_OBJECT
   public:
     explicit DialogWindow(QWidget* parent = nullptr);
     std::function<void()> onClose; ///< where empty, the window just goes away
     void reject() override;
+
+  protected:
+    void keyPressEvent(QKeyEvent*) override;
 
   private:
     bool closing_ = false;
