@@ -38,6 +38,10 @@ std::vector<OutletEntry> WorkingColours::table() {
         {"quadri3Color", &quadri3Color},
         {"equi1Color", &equi1Color},
         {"equi2Color", &equi2Color},
+        {"complementOn", &modeButtons[0], true},
+        {"harmoniquesOn", &modeButtons[1], true},
+        {"triComplementOn", &modeButtons[2], true},
+        {"quadriOn", &modeButtons[3], true},
     };
 }
 
@@ -123,6 +127,8 @@ void WorkingColours::placeSecondColor() {
 
 void WorkingColours::setHarmonyMode(std::int16_t mode) {
     harmonyMode_ = mode;
+    for (int each = 1; Outlet<Button> & button : modeButtons) // a press has toggled its own already
+        button->setState(mode == each++);
     changed(Cause::harmonyMode);
 }
 

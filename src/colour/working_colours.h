@@ -40,6 +40,8 @@ class WorkingColours {
     Outlet<ColorWell> complementColor, triHarmoni1Color, triHarmoni2Color, quadri1Color, quadri2Color,
         quadri3Color, equi1Color, equi2Color; ///< the harmony colours
 
+    Outlet<Button> modeButtons[4]; ///< of the modes 1..4; pressed while the mode is theirs
+
     std::function<void(Cause)> changed = [](Cause) {}; ///< never empty
     /// The name of the selected swatch where a drag's source is a list.
     std::function<std::optional<std::string>(const DragSource*)> nameOfDragged;

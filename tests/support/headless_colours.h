@@ -18,6 +18,8 @@ class HeadlessColours : public WorkingColours {
         for (const OutletEntry& entry : table())
             if (auto* field = std::get_if<Outlet<TextField>*>(&entry.target))
                 (*field)->connect(&fields_.emplace_back());
+            else if (auto* button = std::get_if<Outlet<Button>*>(&entry.target))
+                (*button)->connect(&buttons_.emplace_back());
             else
                 connectWell(std::string(entry.name), *std::get<Outlet<ColorWell>*>(entry.target));
         observeControls();
@@ -40,6 +42,7 @@ class HeadlessColours : public WorkingColours {
     }
 
     std::deque<HeadlessTextField> fields_;
+    std::deque<HeadlessButton> buttons_;
     std::deque<HeadlessColorWell> wells_;
 };
 

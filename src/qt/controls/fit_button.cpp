@@ -146,6 +146,15 @@ void FitButton::paintArrow(QPainter& painter) const {
     painter.restore();
 }
 
+QString FitButton::withTerm(const QString& text) const {
+    if (terms_.isEmpty()) return text;
+    for (const QString& term : terms_.split('|')) {
+        const QString both = text + " \u00b7 " + term;
+        if (fontMetrics().size(Qt::TextShowMnemonic, both).width() + 2 * side <= width()) return both;
+    }
+    return text;
+}
+
 /// The style draws the button and its states, never its text.
 void FitButton::paintEvent(QPaintEvent*) try {
     QStylePainter painter(this);
@@ -166,7 +175,9 @@ void FitButton::paintEvent(QPaintEvent*) try {
     if (isSignAt(level))
         paintSign(painter, inside);
     else
-        painter.drawText(inside, Qt::AlignCenter | Qt::TextShowMnemonic, textAt(level));
+        painter.drawText(inside, Qt::AlignCenter | Qt::TextShowMnemonic, withTerm(textAt(level)));
+    if (isChecked()) // styles tell a pressed button apart by its shade alone
+        painter.fillRect(QRect(6, height() - 5, width() - 12, 2), palette().color(QPalette::Highlight));
     if (!option.state.testFlag(QStyle::State_HasFocus)) return;
     QStyleOptionFocusRect ring;
     ring.QStyleOption::operator=(option);

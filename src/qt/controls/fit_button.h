@@ -11,11 +11,13 @@ namespace chromalog {
 
 /// A button that says as much as fits: its texts from the longest to the shortest ("Load…|Load"), at last its
 /// sign alone. Its height follows the font and its least width is that of the sign: a text is never cut and
-/// never moves anything. A button with a menu (its name in the form) opens it by its arrow and by the Down
-/// key; one that sends no action opens it by any press.
+/// never moves anything. Its terms ("triad ±120°|triad") are painted beside a text where one of them fits. A
+/// button with a menu (its name in the form) opens it by its arrow and by the Down key; one that sends no
+/// action opens it by any press.
 class FitButton : public QPushButton {
     Q_OBJECT
     Q_PROPERTY(QString texts READ texts WRITE setTexts)
+    Q_PROPERTY(QString terms MEMBER terms_)
     Q_PROPERTY(QString sign MEMBER sign_)
     Q_PROPERTY(QString menuName READ menuName WRITE setMenuName)
     Q_PROPERTY(QPoint menuSpot READ menuSpot)
@@ -51,6 +53,7 @@ class FitButton : public QPushButton {
     int signSize() const;
     bool isSignAt(int level) const { return texts_.isEmpty() || (level >= kSign && !sign_.isEmpty()); }
     bool hasArrow() const { return !menuName_.isEmpty() && !texts_.isEmpty(); }
+    QString withTerm(const QString& text) const;
     QString textAt(int level) const { return texts_.value(indexOf(level)); }
     int indexOf(int level) const { return std::min(level, int(texts_.size()) - 1); }
     void measure();
@@ -61,7 +64,7 @@ class FitButton : public QPushButton {
 
     QStringList texts_;
     QList<int> widths_; ///< of the texts, in pixels
-    QString sign_, menuName_;
+    QString terms_, sign_, menuName_;
     bool quiet_ = false; ///< without a frame until the pointer or the keyboard is on it
     bool menuOpen_ = false;
     int level_ = -1; ///< -1: by its own width
