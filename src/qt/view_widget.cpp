@@ -128,6 +128,8 @@ void ViewWidget::moveEvent(QMoveEvent*) {
 /// screen, where it would stay as it was: the pixels around the view go along.
 void ViewWidget::needsDisplay() {
     update();
+    if (auto* area = qobject_cast<ListScrollArea*>(clipWidget() ? clipWidget()->parentWidget() : nullptr))
+        area->showHint(view_ && view_->accessibleRowCount() == 0);
     const double scale = devicePixelRatioF();
     if (scale == std::floor(scale)) return;
     const QRect shown = visibleRegion().boundingRect();

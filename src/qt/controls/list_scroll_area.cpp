@@ -6,13 +6,28 @@
 #include "qt/view_widget.h"
 
 #include <QEvent>
+#include <QLabel>
 #include <QScrollBar>
 
 #include <cmath>
 
 namespace chromalog {
 
-ListScrollArea::ListScrollArea(QWidget* parent) : QScrollArea(parent) {
+namespace {
+constexpr QColor hintInk(0x40, 0x40, 0x40); ///< on the lists' own light ground, in every palette
+constexpr int hintMargin = 12;              ///< pixels
+} // namespace
+
+ListScrollArea::ListScrollArea(QWidget* parent) : QScrollArea(parent), hint_(new QLabel(viewport())) {
+    hint_->setObjectName("captionEmpty");
+    hint_->setTextFormat(Qt::PlainText);
+    hint_->setWordWrap(true);
+    hint_->setAlignment(Qt::AlignTop | Qt::AlignHCenter);
+    hint_->setMargin(hintMargin);
+    hint_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    QPalette ink = hint_->palette();
+    ink.setColor(QPalette::WindowText, hintInk);
+    hint_->setPalette(ink);
     setWidgetResizable(false);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
@@ -23,6 +38,25 @@ ListScrollArea::ListScrollArea(QWidget* parent) : QScrollArea(parent) {
     setPalette(quiet);
     setFocusPolicy(Qt::NoFocus);
     verticalScrollBar()->setSingleStep(ScrollView::kRowPitch);
+}
+
+void ListScrollArea::showHint(bool shown) {
+    if (hintShown_ == shown) return;
+    hintShown_ = shown;
+    fitHint();
+}
+
+void ListScrollArea::fitHint() {
+    const QSize clip = viewport()->size();
+    bool fits = false;
+    for (auto hint = hints_.begin(); hintShown_ && !fits && hint != hints_.end(); ++hint) {
+        hint_->setText(*hint);
+        fits = hint_->minimumSizeHint().width() <= clip.width() &&
+               hint_->heightForWidth(clip.width()) <= clip.height();
+    }
+    hint_->setGeometry(viewport()->rect());
+    hint_->raise(); // above the view, which was set after it
+    hint_->setVisible(fits);
 }
 
 ViewWidget* ListScrollArea::content() const {
@@ -58,6 +92,7 @@ void ListScrollArea::resizeEvent(QResizeEvent* event) try {
         list->resize(viewport()->width(), list->height());
         if (list->view()) list->view()->sizeChanged();
     }
+    fitHint();
     QScrollArea::resizeEvent(event);
 } catch (...) {
     mishap();
