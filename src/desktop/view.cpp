@@ -30,6 +30,10 @@ void View::announceChange() {
     if (host_) host_->accessibleChanged();
 }
 
+void View::remark(Point p, std::string_view words) {
+    if (host_) host_->remark(p, words);
+}
+
 std::optional<Rect> View::superviewBounds() const {
     return host_ ? host_->superviewBounds() : std::nullopt;
 }

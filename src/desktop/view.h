@@ -6,6 +6,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace chromalog {
 
@@ -49,6 +50,7 @@ class ViewHost {
     virtual void frameChanged() = 0;  ///< the view set its own frame
     virtual void hiddenChanged() = 0; ///< the view was shown or hidden
     virtual void accessibleChanged() = 0;
+    virtual void remark(Point, std::string_view) {} ///< shows a few words near a point, for a while
     virtual std::optional<Rect>
     superviewBounds() const = 0; ///< the clip of a scroll view; nothing without one
     virtual Colour surround() const { return Colour::rgb(1, 1, 1); } ///< the ground around the view
@@ -66,7 +68,8 @@ class View : public DragSource {
     bool hidden() const { return hidden_; }
     void setHidden(bool);
     void setNeedsDisplay();
-    void announceChange(); ///< name, value or rows changed for assistive technology
+    void remark(Point, std::string_view words); ///< a few words near a point, for a while
+    void announceChange();                      ///< name, value or rows changed for assistive technology
     std::optional<Rect> superviewBounds() const;
     Colour surround() const { return host_ ? host_->surround() : Colour::rgb(1, 1, 1); }
 

@@ -2,6 +2,7 @@
 
 #include "qt/controls/focus_ring.h"
 #include "qt/controls/list_scroll_area.h"
+#include "qt/controls/plain_text.h"
 #include "qt/convert.h"
 #include "qt/drags.h"
 #include "qt/mishap.h"
@@ -13,6 +14,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
+#include <QToolTip>
 
 #include <cmath>
 
@@ -151,6 +153,10 @@ void ViewWidget::hiddenChanged() {
 void ViewWidget::accessibleChanged() {
     setAccessibleName(toQt(view_->accessible().name));
     announceView(*this);
+}
+
+void ViewWidget::remark(Point p, std::string_view words) {
+    QToolTip::showText(mapToGlobal(toWidget(p).toPoint()), plainToolTip(toQt(words)), this);
 }
 
 std::optional<Rect> ViewWidget::superviewBounds() const {

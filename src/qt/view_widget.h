@@ -34,6 +34,7 @@ class ViewWidget : public QWidget, public ViewHost {
     void frameChanged() override;
     void hiddenChanged() override;
     void accessibleChanged() override;
+    void remark(Point, std::string_view) override;
     std::optional<Rect> superviewBounds() const override;
     Colour surround() const override;
 

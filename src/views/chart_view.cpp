@@ -19,6 +19,15 @@ Rect squareAround(Point p, double side) {
 void chartView::pick(Point p) {
     selectedColor_ = desktop_.capture(*this).colourAt(p.x, bounds().h - p.y);
     announceChange();
+    tellPicked(p);
+}
+
+void chartView::tellPicked(Point p) {
+    if (selectedColor_) remark(p, spokenText(*selectedColor_));
+}
+
+void chartView::mouseUp(const MouseEvent& event) {
+    tellPicked(event.location);
 }
 
 void chartView::mouseDown(const MouseEvent& event) {

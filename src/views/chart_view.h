@@ -22,6 +22,7 @@ class chartView : public View {
 
     void mouseDown(const MouseEvent&) override;
     void mouseDragged(const MouseEvent&) override;
+    void mouseUp(const MouseEvent&) override; ///< tells the picked colour again: the release took it away
     bool startsDrags() const override { return true; }
     bool acceptsFocus() const override { return true; }
     bool keyDown(const KeyEvent&) override; ///< arrows, Home, End, page keys; Space: the same cell again
@@ -38,6 +39,7 @@ class chartView : public View {
   private:
     bool moveByKey(const KeyEvent&);
     void pick(Point);
+    void tellPicked(Point);
 
     Desktop& desktop_;
     std::optional<Colour> selectedColor_;

@@ -10,9 +10,11 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QToolTip>
 
 #include <utility>
 
@@ -52,6 +54,17 @@ void ColorWellWidget::copyAsHex() try {
     QGuiApplication::clipboard()->setText(valueText().section(' ', -1));
 } catch (...) {
     mishap();
+}
+
+/// The tool tip begins with the colour, as it is now.
+bool ColorWellWidget::event(QEvent* event) try {
+    if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+    const QString told = toolTip().isEmpty() ? valueText() : valueText() + '\n' + toolTip();
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), told, this);
+    return true;
+} catch (...) {
+    mishap();
+    return true;
 }
 
 void ColorWellWidget::paintEvent(QPaintEvent*) try {

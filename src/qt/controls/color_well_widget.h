@@ -42,6 +42,7 @@ class ColorWellWidget : public QWidget, public DragSource {
     void clicked(); ///< of one that is pressable
 
   protected:
+    bool event(QEvent*) override;
     void paintEvent(QPaintEvent*) override;
     void mousePressEvent(QMouseEvent*) override;
     void mouseMoveEvent(QMouseEvent*) override;
