@@ -4,6 +4,10 @@
 #include "swatches/swatch_list_geometry.h"
 #include "swatches/swatch_list_view.h"
 
+#include <cmath>
+#include <memory>
+#include <optional>
+
 namespace chromalog {
 
 namespace geometry = swatch_geometry;
@@ -18,8 +22,16 @@ void CSwatchList::mouseDown(const MouseEvent& event) {
 }
 
 void CSwatchList::rightMouseDown(const MouseEvent& event) {
-    selectcolor = geometry::rowAtPoint(event.location); // shown and made the first colour by neither: kept
+    selectcolor = geometry::rowAtPoint(event.location); // and not made the first colour: kept
+    markMenuRow(selectcolor);
+    const auto unmark = [this](CSwatchList*) { markMenuRow(std::nullopt); };
+    const std::unique_ptr<CSwatchList, decltype(unmark)> whileOpen(this, unmark);
     delegate_.menu(*this).popUp(*this, event.location);
+}
+
+void CSwatchList::markMenuRow(std::optional<int> row) {
+    menuRow_ = row;
+    setNeedsDisplay();
 }
 
 void CSwatchList::deleteEntry() {

@@ -95,6 +95,17 @@ void CSwatchList::drawRows(Canvas& canvas) {
     terminate(painted.end, drawn.end);
 }
 
+void CSwatchList::drawDisplayLayer(Canvas& canvas) {
+    if (!menuRow_ || *menuRow_ < 0 || *menuRow_ >= shownRows()) return;
+    const Rect row = geometry::selectionRectForRow(bounds(), *menuRow_);
+    canvas.setStroke(Colour()); // dark around light: seen on every ground
+    canvas.setLineWidth(4);
+    canvas.strokeRect(row);
+    canvas.setStroke(Colour::rgb(1, 1, 1));
+    canvas.setLineWidth(1.5);
+    canvas.strokeRect(row);
+}
+
 void CSwatchList::drawRow(Canvas& canvas, int row, FCOStruct& record) {
     const Rect patch = geometry::patchRectForRow(bounds(), frame().y, row);
     float rgba[4];

@@ -80,6 +80,7 @@ class CSwatchList : public View {
     }
 
     void drawRect(Canvas&) override;
+    void drawDisplayLayer(Canvas&) override; ///< the row that an open context menu means
     /// Appends the whole list as a swatch file of version 2.
     void saveSwatches(std::vector<std::uint8_t>& data) const;
 
@@ -120,6 +121,7 @@ class CSwatchList : public View {
     void contentsChanged();      ///< redisplay, and new rows for assistive technology
     void moveSelected(int rows); ///< by one step of undo
     void scrollToShow(int row);
+    void markMenuRow(std::optional<int> row);
     StoredName droppedName(const Pasteboard&, const Colour&, int place) const;
     bool insertDropped(const Pasteboard&, const Colour&, std::int16_t drop); ///< false where the list is full
     std::string_view takeDrop(const DragInfo&); ///< what undoing it does, in words
@@ -132,6 +134,7 @@ class CSwatchList : public View {
     RGBColor BufferColor;                 ///< scratch: the row being drawn or dragged
     std::int16_t nfcocolors = 0;          ///< the view's own count
     std::int16_t selectcolor = 0;         ///< selected row, not range-checked
+    std::optional<int> menuRow_;          ///< while the context menu is open
     std::int16_t startcolor = 0;          ///< first row at the scroll position; drawing does not use it
     FCOStruct* mySwatch = nullptr;        ///< not owned
     std::vector<FoundEntry> lostAndFound; ///< hits of the last search, in list order
