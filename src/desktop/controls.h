@@ -21,6 +21,7 @@ class Control {
     /// What it does or tells now: its tool tip and its description. Plain text, perhaps with names from
     /// outside.
     virtual void setHelp(std::string_view) {}
+    virtual void setDimmed(bool) {} ///< painted as out of date; it works as before
     /// Makes it a control of one of the dialog's own classes, for those who look at the dialog from outside.
     virtual void setClassName(const char*) {}
 };

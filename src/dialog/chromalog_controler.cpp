@@ -75,6 +75,7 @@ std::vector<ActionEntry> ChromalogControler::actions() {
         {"doRedo:", [this] { history_->redoOutAction(); }},
         {"bringBackLists:",
          [this, step] { EarlierLists(panels_.one, panels_.two, desktop_, stored_.path(), step).run(); }},
+        {"refreshNearest:", [this] { panels_.showNearest(colours_.getSecondColor()); }},
         {"showProtocolWindow", [this] { history_->showProtocolWindow(); }},
         {"dumpUndo", [this] { history_->dumpUndo(); }},
         {"setupPrintPage:", [this] { desktop_.runPageLayout(*outlets_.chromalogWindow); }},

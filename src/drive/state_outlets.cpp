@@ -103,6 +103,7 @@ QJsonObject outletState(const QWidget& widget) {
     QJsonObject state{{"class", classOf(widget)},      {"enabled", widget.isEnabled()},
                       {"visible", widget.isVisible()}, {"focused", widget.hasFocus()},
                       {"hidden", widget.isHidden()},   {"frame", frameInWindow(widget)}};
+    if (widget.property("dimmed").toBool()) state["dimmed"] = true;
     addContents(state, widget);
     return state;
 }

@@ -1,5 +1,6 @@
 #include "qt/qt_form.h"
 
+#include "qt/controls/click_area.h"
 #include "qt/controls/drawn_controls.h"
 #include "qt/controls/field_control.h"
 #include "qt/controls/simple_controls.h"
@@ -137,7 +138,10 @@ bool QtForm::connectAction(QObject* sender, const FormOwner& owner) {
     const auto radios = sender->findChildren<QRadioButton*>();
     for (QRadioButton* radio : radios)
         QObject::connect(radio, &QRadioButton::clicked, root_.data(), run);
-    return !radios.isEmpty();
+    if (!radios.isEmpty()) return true;
+    auto* area = qobject_cast<QWidget*>(sender);
+    if (area) new ClickArea(*area, run); // the area's child
+    return area;
 }
 
 QStringList QtForm::ownMenus() const {

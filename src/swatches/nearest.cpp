@@ -1,6 +1,9 @@
 #include "swatches/nearest.h"
 
+#include "record/name_text.h"
+
 #include <cmath>
+#include <string_view>
 
 namespace chromalog {
 
@@ -22,6 +25,18 @@ NearestSwatch nearestSwatch(ConstListRecords shown, const Colour& colour) {
         ++i;
     }
     return {bestIndex, std::sqrt(best)};
+}
+
+std::uint64_t listMark(ConstListRecords shown) {
+    constexpr std::uint64_t kPrime = 1099511628211U;
+    std::uint64_t mark = 14695981039346656037U + shown.size();
+    const auto take = [&mark](std::uint64_t word) { mark = (mark ^ word) * kPrime; };
+    for (const FCOStruct& record : shown) {
+        for (const auto channel : {record.SRed, record.SGreen, record.SBlue})
+            take(static_cast<std::uint64_t>(channel));
+        take(std::hash<std::string_view>{}(zeroTerminatedName(record)));
+    }
+    return mark;
 }
 
 float closeness(float distance) {

@@ -15,6 +15,7 @@ namespace geometry = swatch_geometry;
 void CSwatchList::contentsChanged() {
     setNeedsDisplay();
     announceChange();
+    delegate_.contentsChanged(*this);
 }
 
 void CSwatchList::mouseDown(const MouseEvent& event) {

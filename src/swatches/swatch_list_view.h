@@ -34,6 +34,7 @@ class CSwatchListDelegate {
     virtual bool isFirstColorId(const Colour&, std::int16_t index, std::string& nameOut) = 0;
     virtual void activateKnobs(CSwatchList&, double hits) = 0; ///< a search ended with that many hits
     virtual void setUndoablePosition(std::string_view labelKey) = 0;
+    virtual void contentsChanged(CSwatchList&) {}  ///< perhaps: its swatches or their count
     virtual void describeStep(std::string_view) {} ///< after a change: what undoing it does, in words
     virtual ListRecords list1Records() = 0;        ///< a search in any list terminates the names of list 1
     virtual ScrollView& scroller(CSwatchList&) = 0;
@@ -60,6 +61,8 @@ class CSwatchList : public View {
     static void objRGBToCGColor(const RGBColor& color, float (&output)[4]);
     /// Loads the low 16 bits of a record's channels.
     static RGBColor bufferColorOf(const FCOStruct&);
+
+    void contentsChanged(); ///< redisplay, and new rows for assistive technology
 
     const std::string& getSwatchName() const { return swatchListName; }
     void setSpokenName(std::string name) { spokenName_ = std::move(name); } ///< of the list, not of its file
@@ -118,7 +121,6 @@ class CSwatchList : public View {
     void selectAccessibleRow(int row) override { selectRow(static_cast<std::int16_t>(row)); }
 
   private:
-    void contentsChanged();      ///< redisplay, and new rows for assistive technology
     void moveSelected(int rows); ///< by one step of undo
     void scrollToShow(int row);
     void markMenuRow(std::optional<int> row);

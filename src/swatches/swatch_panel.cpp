@@ -25,8 +25,7 @@ void SwatchPanel::showFromTheTop() {
 }
 
 void SwatchPanel::redisplay() {
-    view.setNeedsDisplay();
-    view.announceChange();
+    view.contentsChanged();
 }
 
 } // namespace chromalog

@@ -67,6 +67,7 @@ void SwatchPanels::start() {
     for (SwatchPanel* panel : both())
         panel->view.setSwatchList(panel->records.data());
     takeStoredCounts();
+    nearest.follow(one.view);
 }
 
 void SwatchPanels::storeViewCounts() {
@@ -89,6 +90,7 @@ void SwatchPanels::showRecord() {
         panel->view.setNeedsDisplay();
         panel->view.announceChange();
     }
+    nearest.follow(one.view);
 }
 
 void SwatchPanels::showNearest(const Colour& secondColor) {

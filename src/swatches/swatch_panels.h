@@ -65,6 +65,9 @@ class SwatchPanels : CSwatchListDelegate {
     }
     void activateKnobs(CSwatchList& list, double hits) override { search.activateKnobs(panelOf(list), hits); }
     void setUndoablePosition(std::string_view label) override { delegate_.setUndoablePosition(label); }
+    void contentsChanged(CSwatchList& list) override {
+        if (&list == &one.view) nearest.follow(list);
+    }
     void describeStep(std::string_view words) override { delegate_.describeSteps(words, {}); }
     ListRecords list1Records() override { return one.records; }
     ScrollView& scroller(CSwatchList& list) override { return *panelOf(list).scroller; }

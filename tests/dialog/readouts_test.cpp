@@ -53,6 +53,16 @@ class Readouts : public PickTest {
         info.pasteboard.colour = colour;
         list1().performDragOperation(info);
     }
+    /// All of the readout, or none of it.
+    bool nearestIsDimmed() {
+        const bool dimmed = control<HeadlessColorWell>(*desktop, "nearColor").dimmed;
+        EXPECT_EQ(control<HeadlessTextField>(*desktop, "nearName").dimmed, dimmed);
+        EXPECT_EQ(control<HeadlessLevelIndicator>(*desktop, "baterieSwatch").dimmed, dimmed);
+        for (const char* field : {"nearR", "nearG", "nearB", "nearC", "nearM", "nearY", "nearK"})
+            EXPECT_EQ(control<HeadlessTextField>(*desktop, field).dimmed, dimmed) << field;
+        return dimmed;
+    }
+
     TemporaryFolder folder;
     ChromalogControler* controler = nullptr;
     HeadlessDesktop* desktop = nullptr;
@@ -131,6 +141,77 @@ TEST_F(Readouts, NoStepIsToldThatCannotBeUndone) {
             send("doUndo:");
         EXPECT_TRUE(of("undoButton").enabled()) << "kept";
         EXPECT_EQ(undo(), "nothing left to undo");
+    });
+}
+
+TEST_F(Readouts, TheNearestSwatchIsDimmedOnceList1HasChanged) {
+    dialog([&] {
+        const auto expectDimmedBy = [&](const char* why, const std::function<void()>& change) {
+            controler->colours().changeSecondColor(Colour::rgb(0.25, 0, 0));
+            EXPECT_FALSE(nearestIsDimmed()) << "before " << why;
+            const std::string before = control<HeadlessTextField>(*desktop, "nearR").text();
+            change();
+            EXPECT_TRUE(nearestIsDimmed()) << why;
+            EXPECT_EQ(control<HeadlessTextField>(*desktop, "nearR").text(), before) << "not asked anew";
+        };
+        load("loadSwatch1:", "nord.aco", {60000, 2000, 30000});
+        expectDimmedBy("a load", [&] { load("loadSwatch1:", "ost.aco", {40000, 10000, 30000}); });
+        expectDimmedBy("a drop", [&] { drop(Colour::rgb(0, 1, 0)); });
+        expectDimmedBy("an undo", [&] { send("doUndo:"); });
+        expectDimmedBy("a redo", [&] { send("doRedo:"); });
+        expectDimmedBy("a deletion", [&] { send("deleteSwatch1:"); });
+        expectDimmedBy("a stored color", [&] { send("writeToSwatch:"); });
+        controler->colours().changeSecondColor(Colour::rgb(0.25, 0, 0));
+        list1().selectRow(1);
+        load("loadSwatch2:", "west.aco", {1, 2, 3});
+        list1().queryForColorsByName("");
+        EXPECT_FALSE(nearestIsDimmed()) << "list 1 is as it was";
+    });
+}
+
+TEST_F(Readouts, AnEmptyListHasNoNearestSwatch) {
+    dialog([&] {
+        EXPECT_FALSE(control<HeadlessTextField>(*desktop, "nearNone").hidden());
+        EXPECT_TRUE(nearestIsDimmed());
+        load("loadSwatch1:", "nord.aco", {30000});
+        EXPECT_TRUE(control<HeadlessTextField>(*desktop, "nearNone").hidden());
+        EXPECT_TRUE(nearestIsDimmed());
+        send("refreshNearest:");
+        EXPECT_FALSE(nearestIsDimmed());
+        EXPECT_EQ(control<HeadlessTextField>(*desktop, "nearR").text(), "116");
+        send("killSwatch1:");
+        EXPECT_FALSE(control<HeadlessTextField>(*desktop, "nearNone").hidden());
+        EXPECT_EQ(control<HeadlessTextField>(*desktop, "nearR").text(), "116");
+        send("doUndo:");
+        EXPECT_TRUE(control<HeadlessTextField>(*desktop, "nearNone").hidden());
+        EXPECT_FALSE(nearestIsDimmed()) << "the list is again the one that was asked";
+    });
+}
+
+TEST_F(Readouts, AModesButtonIsPressedWhileTheModeIsItsOwn) {
+    dialog([&] {
+        const auto pressed = [&] {
+            std::string names;
+            for (const char* button : {"complementOn", "harmoniquesOn", "triComplementOn", "quadriOn"})
+                if (of(button).state() == 1) names += button;
+            return names;
+        };
+        /// A two-state button changes by itself before it sends its action.
+        const auto press = [&](const std::string& button) {
+            of(button).setState(1 - of(button).state());
+            send(button + ":");
+        };
+        EXPECT_EQ(pressed(), "");
+        for (const char* button : {"complementOn", "harmoniquesOn", "triComplementOn", "quadriOn"}) {
+            press(button);
+            EXPECT_EQ(pressed(), button);
+        }
+        press("quadriOn");
+        EXPECT_EQ(pressed(), "quadriOn") << "no toggle";
+        press("harmoniquesOn");
+        press("harmoniquesOn");
+        EXPECT_EQ(pressed(), "");
+        EXPECT_EQ(controler->colours().getHarmonyMode(), 0);
     });
 }
 

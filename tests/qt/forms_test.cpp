@@ -130,6 +130,8 @@ TEST_F(FormsTest, EveryActionHasItsControl) {
                                                                          "doRedo:",
                                                                          "showProtocolWindow",
                                                                          "setupPrintPage:",
+                                                                         "refreshNearest:",
+                                                                         "refreshNearest:",
                                                                          "bringBackLists:",
                                                                          "printFirstSwatch:",
                                                                          "printSecondSwatch:",

@@ -7,11 +7,13 @@
 
 namespace chromalog::test {
 
-/// A control that remembers whether it is enabled and hidden, and what it says of itself.
+/// A control that remembers whether it is enabled, hidden and dimmed, and what it says of itself.
 template <typename Base> class Headless : public Base {
   public:
     std::string help;
+    bool dimmed = false;
     void setHelp(std::string_view text) override { help = text; }
+    void setDimmed(bool on) override { dimmed = on; }
     void setEnabled(bool enabled) override { enabled_ = enabled; }
     bool enabled() const { return enabled_; }
     void setHidden(bool hidden) override { hidden_ = hidden; }

@@ -77,7 +77,7 @@ TEST_F(NearestDisplayTest, WithoutAListNothingIsShown) {
     swatch1.setSwatchList(nullptr);
     display.getNearFco(swatch1, Colour(), nullptr);
     EXPECT_EQ(name.text(), "");
-    EXPECT_EQ(display.table().size(), 10u);
+    EXPECT_EQ(display.table().size(), 11u);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/controls.h"
+#include "qt/controls/dimmed.h"
 #include "qt/controls/plain_text.h"
 #include "qt/convert.h"
 #include "qt/form_names.h"
@@ -25,6 +26,9 @@ template <typename ControlType, typename WidgetType> class WidgetControl : publi
         if (!widget_) return;
         widget_->setToolTip(plainToolTip(toQt(help)));
         widget_->setAccessibleDescription(toQt(help)); // left out, it would be the tool tip with its escapes
+    }
+    void setDimmed(bool dimmed) override {
+        if (widget_) chromalog::setDimmed(*widget_, dimmed);
     }
     void setClassName(const char* name) override {
         if (widget_) widget_->setProperty(kClassName, name);
