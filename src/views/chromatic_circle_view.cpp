@@ -2,6 +2,7 @@
 
 #include "base/colour_text.h"
 #include "views/arrow_keys.h"
+#include "views/marks.h"
 
 #include <algorithm>
 #include <array>
@@ -71,6 +72,11 @@ void chromaticCircleView::drawRect(Canvas& canvas) {
     canvas.drawBitmap(shownPicture(canvas.deviceScale()), bounds());
     canvas.setStroke(Colour::rgb(1, 1, 1));
     canvas.strokePath(markers());
+}
+
+void chromaticCircleView::drawDisplayLayer(Canvas& canvas) {
+    canvas.drawBitmap(rim_.around(shownPicture(canvas.deviceScale()), brightness_, surround()), bounds());
+    strokeWithHalo(canvas, markers());
 }
 
 Path chromaticCircleView::markers() const {

@@ -4,6 +4,7 @@
 #include "colour/working_colours.h"
 #include "desktop/view.h"
 #include "views/wheel_picture.h"
+#include "views/wheel_rim.h"
 
 #include <cstdint>
 
@@ -18,7 +19,8 @@ class chromaticCircleView : public View {
 
     void drawOnce(); ///< renders the picture at the dialog's brightness
     void drawRect(Canvas&) override;
-    Colour getColorAtPoint(Point) const; ///< of the picture; the nearest pixel outside
+    void drawDisplayLayer(Canvas&) override; ///< a smooth rim, the surround outside of it, halos
+    Colour getColorAtPoint(Point) const;     ///< of the picture; the nearest pixel outside
     void setHarmonyColors(); ///< places the harmony points and hands out their colours; does not redraw
     void setCursorWithColor(const Colour&); ///< moves the selected point to the colour's hue and saturation
     const Bitmap& picture() const { return picture_.bitmap(); }
@@ -46,6 +48,7 @@ class chromaticCircleView : public View {
     HarmonyPoints harmony_;
     WheelPicture picture_;      ///< one pixel a point
     WheelPicture sharpPicture_; ///< at the screen's scale, where that is not 1
+    WheelRim rim_;              ///< of what the screen gets
     float brightness_ = 0;      ///< of the picture
     float sharpBrightness_ = 0; ///< of the sharp picture
     bool rendered_ = false;

@@ -2,6 +2,7 @@
 
 #include "base/colour_text.h"
 #include "views/arrow_keys.h"
+#include "views/marks.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,6 +11,17 @@ namespace chromalog {
 namespace {
 
 constexpr int cells = 100;
+constexpr double leastMark = 2; ///< points of white
+
+float levelOf(int cell) {
+    return static_cast<float>(cell) / (cells - 1);
+}
+
+/// The band is narrower than the spacing of the levels: some brightnesses mark no cell. Kept.
+bool isMarked(int cell, float brightness) {
+    const float v = levelOf(cell);
+    return brightness > v && v + 0.01 > brightness;
+}
 
 } // namespace
 
@@ -22,14 +34,27 @@ void luminosityView::drawRect(Canvas& canvas) {
     cell.h /= cells;
     const float step = static_cast<float>(cell.h);
     for (int i = 0; i < cells; ++i, cell.y += step) {
-        const float v = static_cast<float>(i) / (cells - 1);
-        // The band is narrower than the spacing of the levels: some brightnesses mark no cell. Kept.
-        const bool marked = brightness > v && v + 0.01 > brightness;
-        const Colour fill = marked ? Colour::rgb(1, 1, 1) : Colour::hsb(hue, saturation, v);
+        const bool marked = isMarked(i, brightness);
+        const Colour fill = marked ? Colour::rgb(1, 1, 1) : Colour::hsb(hue, saturation, levelOf(i));
         canvas.setFill(fill);
         canvas.fillRect(cell);
         canvas.setFill(marked ? Colour() : fill);
         canvas.frameRect(cell, 1);
+    }
+}
+
+/// In a low strip the mark's own frame leaves nothing of its white.
+void luminosityView::drawDisplayLayer(Canvas& canvas) {
+    const auto brightness = static_cast<float>(colours_.getSecondColor().brightness());
+    for (int i = 0; i < cells; ++i) {
+        if (!isMarked(i, brightness)) continue;
+        const Rect b = bounds();
+        const double pitch = b.h / cells, middle = b.y + (i + 0.5) * pitch;
+        const double white = std::max(leastMark, pitch - 2);
+        canvas.setFill(haloColour());
+        canvas.fillRect({b.x, middle - white / 2 - kHaloMargin, b.w, white + 2 * kHaloMargin});
+        canvas.setFill(Colour::rgb(1, 1, 1));
+        canvas.fillRect({b.x, middle - white / 2, b.w, white});
     }
 }
 

@@ -13,7 +13,8 @@ class luminosityView : public View {
 
     const char* className() const override { return "luminosityView"; }
     void drawRect(Canvas&) override;
-    void setCursorWithColor(const Colour&); ///< redraws from the second colour; the argument plays no part
+    void drawDisplayLayer(Canvas&) override; ///< the mark once more, with a halo
+    void setCursorWithColor(const Colour&);  ///< redraws from the second colour; the argument plays no part
 
     void mouseDown(const MouseEvent& event) override { pick(event.location); }
     void mouseDragged(const MouseEvent& event) override { pick(event.location); }

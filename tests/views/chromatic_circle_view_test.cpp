@@ -360,6 +360,25 @@ TEST_F(ChromaticCircleView, AKeyPastTheRimDoesNothing) {
     EXPECT_EQ(picks.size(), before);
 }
 
+TEST_F(ChromaticCircleView, TheScreenAloneGetsHalosAndTheSurround) {
+    setMode(2);
+    test::RecordingCanvas own, layer;
+    view.drawRect(own);
+    view.drawDisplayLayer(layer);
+    const auto line = own.only(Primitive::Kind::strokePath), marks = layer.only(Primitive::Kind::strokePath);
+    ASSERT_EQ(line.size(), 1U);
+    EXPECT_TRUE(line[0].colour.sameRgb(Colour::rgb(1, 1, 1)));
+    ASSERT_EQ(marks.size(), 2U);
+    EXPECT_EQ(marks[0].path.elements, line[0].path.elements);
+    EXPECT_TRUE(marks[0].colour.sameRgb(Colour()));
+    EXPECT_EQ(marks[0].width, 3);
+    EXPECT_EQ(marks[1].path.elements, line[0].path.elements);
+    EXPECT_TRUE(marks[1].colour.sameRgb(Colour::rgb(1, 1, 1)));
+    EXPECT_EQ(marks[1].width, 1);
+    EXPECT_EQ(layer.primitives.front().kind, Primitive::Kind::bitmap) << "the marks stand over the surround";
+    EXPECT_EQ(layer.primitives.front().rect, view.bounds());
+}
+
 TEST_F(ChromaticCircleView, TellsAssistiveTechnologyTheSecondColour) {
     EXPECT_TRUE(view.acceptsFocus());
     colours.setSecondColor(Colour::rgb(12 / 255.0, 34 / 255.0, 56 / 255.0));

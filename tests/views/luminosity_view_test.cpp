@@ -74,6 +74,28 @@ TEST_F(LuminosityView, CellsStepBySinglePrecisionAndKeepTheirHeight) {
         EXPECT_EQ(primitives[2 * i].rect, (Rect{0, y, 30, 333 / 100.0}));
 }
 
+TEST_F(LuminosityView, OnTheScreenTheMarkHasWhiteAndBlackWhateverTheStripsHeight) {
+    for (const double height : {100, 150, 200, 322, 700}) {
+        view.layOut({0, 0, 30, height});
+        const int cell = marked().at(0);
+        const double middle = (cell + 0.5) * height / 100;
+        test::RecordingCanvas layer;
+        view.drawDisplayLayer(layer);
+        ASSERT_EQ(layer.primitives.size(), 2U);
+        const Primitive &halo = layer.primitives[0], &mark = layer.primitives[1];
+        EXPECT_TRUE(halo.colour.sameRgb(Colour()));
+        EXPECT_TRUE(mark.colour.sameRgb(Colour::rgb(1, 1, 1)));
+        EXPECT_GE(mark.rect.h, 2);
+        EXPECT_NEAR(mark.rect.y + mark.rect.h / 2, middle, 1e-9);
+        EXPECT_NEAR(halo.rect.y, mark.rect.y - 1, 1e-9);
+        EXPECT_NEAR(halo.rect.h, mark.rect.h + 2, 1e-9);
+    }
+    colours.setSecondColor(Colour::hsb(0.6, 0.5, 1)); // marks no cell
+    test::RecordingCanvas none;
+    view.drawDisplayLayer(none);
+    EXPECT_TRUE(none.primitives.empty());
+}
+
 TEST_F(LuminosityView, ABrightnessOfAHalfMarksTheCellBelowIt) {
     colours.setSecondColor(Colour::hsb(0.6, 0.5, 0.5));
     EXPECT_THAT(marked(), ElementsAre(49));
