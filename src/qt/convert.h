@@ -58,15 +58,18 @@ inline QRectF toQt(const Rect& r) {
     return {r.x, r.y, r.w, r.h};
 }
 
-/// Black or white, whichever is read better on the colour (relative luminance against its geometric middle,
-/// 0.179).
-inline QColor readableOn(const Colour& background) {
+/// 0..1, of an opaque sRGB colour.
+inline double relativeLuminance(const Colour& c) {
     const auto linear = [](double v) {
         return v <= 0.04045 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4);
     };
-    const double luminance = 0.2126 * linear(background.red()) + 0.7152 * linear(background.green()) +
-                             0.0722 * linear(background.blue());
-    return luminance > 0.179 ? QColor(Qt::black) : QColor(Qt::white);
+    return 0.2126 * linear(c.red()) + 0.7152 * linear(c.green()) + 0.0722 * linear(c.blue());
+}
+
+/// Black or white, whichever is read better on the colour (relative luminance against its geometric middle,
+/// 0.179).
+inline QColor readableOn(const Colour& background) {
+    return relativeLuminance(background) > 0.179 ? QColor(Qt::black) : QColor(Qt::white);
 }
 
 } // namespace chromalog

@@ -17,6 +17,7 @@
 #include "qt/controls/two_way_switch.h"
 #include "qt/convert.h"
 #include "qt/form_names.h"
+#include "qt/keyboard_focus.h"
 #include "qt/layout/columns_box.h"
 #include "qt/layout/fields_box.h"
 #include "qt/layout/fit_row.h"
@@ -147,6 +148,7 @@ std::unique_ptr<DialogWindow> FormLoader::loadWindow(const QString& path,
     window->setAttribute(Qt::WA_QuitOnClose, false); // the host decides when its process ends
     if (auto* first = window->findChild<QWidget*>(window->property("initialFocus").toString()))
         first->setFocus();
+    new KeyboardFocus(*window);
     window->grab(QRect(0, 0, 1, 1)); // lays everything out without showing it
     return std::unique_ptr<DialogWindow>(window);
 }

@@ -25,6 +25,9 @@ inline constexpr const char* kMenuSpot = "menuSpot";
 /// Of a menu item that folds: the names of the boxes that it shows while it is checked, with spaces between.
 inline constexpr const char* kShows = "shows";
 
+/// Of a menu item that chooses the ground around colours: which one.
+inline constexpr const char* kSurround = "surround";
+
 /// Classes of ours as the toolkit's own objects name them, for whoever knows no more of them than that.
 inline constexpr const char* kDialogClass = "chromalog::DialogWindow";
 inline constexpr const char* kStepperClass = "chromalog::StepperWidget";

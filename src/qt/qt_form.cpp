@@ -12,6 +12,7 @@
 #include "qt/mishap.h"
 #include "qt/qt_desktop.h"
 #include "qt/shortcuts.h"
+#include "qt/surround.h"
 #include "qt/view_widget.h"
 
 #include <QAction>
@@ -81,6 +82,11 @@ struct Connector {
     }
 };
 
+/// A menu item that changes how the window looks and no more.
+bool isOfTheWindow(const QObject& sender) {
+    return sender.property(kShows).isValid() || sender.property(kSurround).isValid();
+}
+
 } // namespace
 
 QtForm::QtForm(std::unique_ptr<DialogWindow> root, QtDesktop& desktop, std::string name)
@@ -105,9 +111,9 @@ std::vector<std::string> QtForm::connect(const FormOwner& owner) {
             problems.push_back("outlet " + std::string(entry.name) + " is not connected");
     connectFolds(*root_);
     new Shortcuts(*root_);
+    new SurroundChoice(*root_);
     for (QObject* sender : root_->findChildren<QObject*>())
-        if (sender->property("action").isValid() && !sender->property(kShows).isValid() &&
-            !connectAction(sender, owner))
+        if (sender->property("action").isValid() && !isOfTheWindow(*sender) && !connectAction(sender, owner))
             problems.push_back("no action " + fromQt(sender->property("action").toString()));
     announceHistory(*root_);
     for (std::string& name : unusedNames(owner))

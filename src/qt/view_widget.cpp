@@ -1,5 +1,6 @@
 #include "qt/view_widget.h"
 
+#include "qt/contrast.h"
 #include "qt/controls/focus_ring.h"
 #include "qt/controls/list_scroll_area.h"
 #include "qt/controls/plain_text.h"
@@ -67,24 +68,21 @@ void ViewWidget::setView(View* view, QtDesktop* desktop) {
     if (view_) view_->setHost(nullptr);
     view_ = view;
     desktop_ = desktop;
+    setAttribute(Qt::WA_OpaquePaintEvent, view_ && clipWidget());
     if (!view_) return;
     view_->setHost(this);
     setFocusPolicy(view_->acceptsFocus() ? Qt::StrongFocus : Qt::NoFocus);
     setAcceptDrops(view_->acceptsColourDrags());
     setAccessibleName(toQt(view_->accessible().name));
     setAccessibleDescription(toQt(view_->accessible().description));
-    if (clipWidget()) paperBackground();
     layOutView();
     hiddenChanged();
     update();
 }
 
-/// Lists draw black text and no background of their own: white, also where the desktop is dark.
-void ViewWidget::paperBackground() {
-    QPalette paper = palette();
-    paper.setColor(QPalette::Window, Qt::white);
-    setPalette(paper);
-    setAutoFillBackground(true);
+/// Lists draw black text and no ground of their own.
+void ViewWidget::paintGround(QPainter& painter, const QRect& where) const {
+    if (clipWidget()) painter.fillRect(where, listGround(palette().color(QPalette::Window)));
 }
 
 QWidget* ViewWidget::clipWidget() const {
@@ -172,9 +170,11 @@ Colour ViewWidget::surround() const {
 /// A view that is being printed has the paper's geometry, and its host is not this widget for that long:
 /// nothing is drawn then, and the screen keeps what it shows.
 void ViewWidget::paintEvent(QPaintEvent* event) try {
-    if (!view_ || view_->host() != this) return;
+    if (!view_) return;
     QPainter painter(this);
     const QRect dirty = event->rect();
+    paintGround(painter, dirty);
+    if (view_->host() != this) return;
     const Rect bounds = view_->bounds();
     const double top = view_->isFlipped() ? dirty.y() : bounds.h - dirty.y() - dirty.height();
     const Rect clip{bounds.x + dirty.x(), bounds.y + top, double(dirty.width()), double(dirty.height())};
@@ -183,9 +183,8 @@ void ViewWidget::paintEvent(QPaintEvent* event) try {
     view_->drawRect(canvas);
     PaintCanvas layer(painter, target);
     view_->drawDisplayLayer(layer);
-    if (!hasFocus()) return;
-    if (const auto mark = view_->focusMark()) paintFocusRing(painter, canvas.map(*mark).toAlignedRect());
-    if (!clipWidget()) paintFocusRing(painter, rect());
+    const auto mark = showsKeyboardFocus(*this) ? view_->focusMark() : std::nullopt;
+    if (mark) paintFocusRing(painter, layer.map(*mark).toAlignedRect());
 } catch (...) {
     mishap();
 }

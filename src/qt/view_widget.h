@@ -30,6 +30,8 @@ class ViewWidget : public QWidget, public ViewHost {
     QRectF toWidget(const Rect& inView) const;
     Point toView(QPointF inWidget) const;
 
+    bool ringStandsOutside() const { return view_ && !clipWidget(); } ///< the focus ring; lists have a frame
+
     void needsDisplay() override;
     void frameChanged() override;
     void hiddenChanged() override;
@@ -56,7 +58,7 @@ class ViewWidget : public QWidget, public ViewHost {
   private:
     QWidget* clipWidget() const; ///< the viewport that this widget scrolls in, or null
     void layOutView();
-    void paperBackground();
+    void paintGround(QPainter&, const QRect&) const;
     MouseEvent translated(const QMouseEvent&) const;
 
     View* view_ = nullptr;

@@ -3,6 +3,7 @@
 #include "qt/layout/folds.h"
 #include "qt/mishap.h"
 #include "qt/settings_file.h"
+#include "qt/surround.h"
 
 #include <QDialog>
 #include <QEvent>
@@ -22,6 +23,7 @@ constexpr int kMostPixels = 32767; ///< of a window's side
 constexpr const char* kSize = "windowSize";
 constexpr const char* kPlace = "windowPlace";
 constexpr const char* kFolded = "folded";
+constexpr const char* kGround = "surround";
 
 /// Two whole numbers; nothing for anything else.
 std::optional<QPoint> pairOf(const QJsonValue& value) {
@@ -56,6 +58,7 @@ WindowMemory::WindowMemory(QDialog& window, std::string settingsPath)
     const QJsonObject settings = path_.empty() ? QJsonObject() : readSettings(path_);
     restorePlace(settings);
     restoreFolds(settings);
+    if (auto* surround = SurroundChoice::of(window_)) surround->choose(settings[kGround].toString());
     window_.installEventFilter(this);
 }
 
@@ -80,9 +83,11 @@ void WindowMemory::store() {
     QJsonArray folded;
     for (const QAction* item : foldItems(window_))
         if (!item->isChecked()) folded.append(item->objectName());
-    changeSettings(path_, {{kSize, arrayOf(window_.width(), window_.height())},
-                           {kPlace, arrayOf(window_.x(), window_.y())},
-                           {kFolded, folded}});
+    QJsonObject settings{{kSize, arrayOf(window_.width(), window_.height())},
+                         {kPlace, arrayOf(window_.x(), window_.y())},
+                         {kFolded, folded}};
+    if (const auto* surround = SurroundChoice::of(window_)) settings[kGround] = surround->chosen();
+    changeSettings(path_, settings);
 }
 
 bool WindowMemory::eventFilter(QObject*, QEvent* event) {

@@ -11,8 +11,9 @@ class QDialog;
 
 namespace chromalog {
 
-/// Opens the dialog for a person as they left it: size, place and folded sections last from pick to pick in
-/// the settings file. It is the window's child. What is stored is clamped to what the screen has.
+/// Opens the dialog for a person as they left it: size, place, folded sections and the surround last from
+/// pick to pick in the settings file. It is the window's child. What is stored is clamped to what the screen
+/// has.
 class WindowMemory : public QObject {
   public:
     /// Restores at once, stores when the window is hidden. An empty path is no memory: the window is only

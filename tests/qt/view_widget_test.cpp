@@ -106,22 +106,6 @@ TEST_F(ViewWidgetTest, HidingTheViewHidesTheWidget) {
     EXPECT_FALSE(widget.isHidden());
 }
 
-TEST_F(ViewWidgetTest, TheKeyboardsFocusIsSeen) {
-    view.draw = [](Canvas& c) {
-        c.setFill(Colour::rgb(1, 0, 0));
-        c.fillRect({0, 0, 100, 50});
-    };
-    show();
-    widget.clearFocus();
-    EXPECT_EQ(widget.grab().toImage().pixelColor(0, 0), QColor(Qt::red));
-    widget.setFocus();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&widget));
-    const QImage focused = widget.grab().toImage();
-    EXPECT_EQ(focused.pixelColor(0, 0), QColor(Qt::black));
-    EXPECT_EQ(focused.pixelColor(1, 1), QColor(Qt::white));
-    EXPECT_EQ(rasterPicture(view).pixels.front(), 0xFFFF0000U); // no part of what is picked
-}
-
 TEST_F(ViewWidgetTest, TheDisplayLayerStandsOverThePictureOnTheScreenAlone) {
     view.draw = [](Canvas& c) {
         c.setFill(Colour::rgb(1, 0, 0));

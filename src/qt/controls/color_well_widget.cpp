@@ -1,6 +1,7 @@
 #include "qt/controls/color_well_widget.h"
 
 #include "base/colour_text.h"
+#include "qt/contrast.h"
 #include "qt/controls/focus_ring.h"
 #include "qt/convert.h"
 #include "qt/drags.h"
@@ -72,13 +73,13 @@ void ColorWellWidget::paintEvent(QPaintEvent*) try {
     const QRect whole = rect();
     QRect inside = whole;
     if (framed_) { // a hairline that is seen on light and dark, and on the colour itself
-        painter.fillRect(whole, palette().color(QPalette::Mid));
+        painter.fillRect(whole, hairline(palette()));
         inside.adjust(1, 1, -1, -1);
     }
     QColor shown = toQt(colour_);
     shown.setAlpha(255);
     painter.fillRect(inside, isEnabled() ? shown : palette().color(QPalette::Window));
-    if (hasFocus()) paintFocusRing(painter, whole);
+    if (showsKeyboardFocus(*this)) paintFocusRing(painter, whole);
 } catch (...) {
     mishap();
 }

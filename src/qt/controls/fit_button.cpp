@@ -1,5 +1,6 @@
 #include "qt/controls/fit_button.h"
 
+#include "qt/controls/focus_ring.h"
 #include "qt/controls/glyphs.h"
 #include "qt/mishap.h"
 
@@ -162,7 +163,8 @@ void FitButton::paintEvent(QPaintEvent*) try {
     initStyleOption(&option);
     option.text.clear();
     if (menuOpen_) option.state |= QStyle::State_Sunken;
-    const bool raised = !quiet_ || underMouse() || hasFocus() || isDown() || menuOpen_ || isChecked();
+    const bool raised =
+        !quiet_ || underMouse() || showsKeyboardFocus(*this) || isDown() || menuOpen_ || isChecked();
     if (raised) painter.drawControl(QStyle::CE_PushButtonBevel, option);
     painter.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled,
                                    raised ? QPalette::ButtonText : QPalette::WindowText));
@@ -178,7 +180,7 @@ void FitButton::paintEvent(QPaintEvent*) try {
         painter.drawText(inside, Qt::AlignCenter | Qt::TextShowMnemonic, withTerm(textAt(level)));
     if (isChecked()) // styles tell a pressed button apart by its shade alone
         painter.fillRect(QRect(6, height() - 5, width() - 12, 2), palette().color(QPalette::Highlight));
-    if (!option.state.testFlag(QStyle::State_HasFocus)) return;
+    if (!showsKeyboardFocus(*this)) return;
     QStyleOptionFocusRect ring;
     ring.QStyleOption::operator=(option);
     ring.rect = rect().adjusted(3, 3, -3, -3);

@@ -1,5 +1,6 @@
 #include "qt/controls/level_indicator_widget.h"
 
+#include "qt/contrast.h"
 #include "qt/mishap.h"
 
 #include <QPainter>
@@ -34,13 +35,14 @@ void LevelIndicatorWidget::setValue(double value) {
 
 void LevelIndicatorWidget::paintEvent(QPaintEvent*) try {
     QPainter painter(this);
+    const QColor ground = palette().color(QPalette::Window), accent = palette().color(QPalette::Highlight);
+    const QColor filled = contrast(accent, ground) >= 3 ? accent : palette().color(QPalette::WindowText);
     const double pitch = (width() + gap) / double(segments);
     for (int i = 0; i < segments; ++i) {
         const int left = int(std::lround(i * pitch));
         const QRect box(left, 0, int(std::lround((i + 1) * pitch)) - gap - left, height());
-        painter.fillRect(box, i < filledSegments() ? palette().color(QPalette::Highlight)
-                                                   : palette().color(QPalette::Midlight));
-        painter.setPen(palette().color(QPalette::Mid));
+        painter.fillRect(box, i < filledSegments() ? filled : ground);
+        painter.setPen(hairline(palette()));
         painter.drawRect(box.adjusted(0, 0, -1, -1));
     }
 } catch (...) {

@@ -1,6 +1,7 @@
 #include "qt/controls/list_scroll_area.h"
 
 #include "desktop/controls.h"
+#include "qt/contrast.h"
 #include "qt/controls/focus_ring.h"
 #include "qt/mishap.h"
 #include "qt/view_widget.h"
@@ -33,9 +34,6 @@ ListScrollArea::ListScrollArea(QWidget* parent) : QScrollArea(parent), hint_(new
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setFrameStyle(QFrame::Box | QFrame::Plain);
     setLineWidth(2); // room for the focus ring
-    QPalette quiet = palette();
-    quiet.setColor(QPalette::WindowText, quiet.color(QPalette::Mid));
-    setPalette(quiet);
     setFocusPolicy(Qt::NoFocus);
     verticalScrollBar()->setSingleStep(ScrollView::kRowPitch);
 }
@@ -98,12 +96,19 @@ void ListScrollArea::resizeEvent(QResizeEvent* event) try {
     mishap();
 }
 
+/// Over the toolkit's: a hairline, or the focus.
+void ListScrollArea::paintFrame() {
+    QPainter painter(this);
+    if (widget() && showsKeyboardFocus(*widget())) return paintFocusRing(painter, rect());
+    painter.setPen(palette().color(QPalette::Window));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    painter.setPen(hairline(palette()));
+    painter.drawRect(rect().adjusted(1, 1, -2, -2));
+}
+
 bool ListScrollArea::event(QEvent* event) try {
     const bool used = QScrollArea::event(event);
-    if (event->type() == QEvent::Paint && widget() && widget()->hasFocus()) {
-        QPainter painter(this);
-        paintFocusRing(painter, rect());
-    }
+    if (event->type() == QEvent::Paint) paintFrame();
     return used;
 } catch (...) {
     mishap();

@@ -35,6 +35,7 @@ class ListScrollArea : public QScrollArea {
     bool event(QEvent*) override;
 
   private:
+    void paintFrame();
     int range() const; ///< content height − clip height, in points
     void fitHint();
 

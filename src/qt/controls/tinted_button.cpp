@@ -1,5 +1,6 @@
 #include "qt/controls/tinted_button.h"
 
+#include "qt/controls/focus_ring.h"
 #include "qt/convert.h"
 #include "qt/mishap.h"
 
@@ -26,7 +27,7 @@ void TintedButton::paintEvent(QPaintEvent* event) try {
     painter.setBrush(fill);
     painter.setPen(QPen(palette().color(QPalette::Dark), isDefault() ? 2 : 1));
     painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 4, 4);
-    if (hasFocus()) {
+    if (showsKeyboardFocus(*this)) {
         painter.setBrush(Qt::NoBrush);
         painter.setPen(QPen(ink, 1, Qt::DashLine));
         painter.drawRoundedRect(QRectF(rect()).adjusted(4, 4, -4, -4), 2, 2);

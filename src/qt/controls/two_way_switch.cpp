@@ -1,5 +1,7 @@
 #include "qt/controls/two_way_switch.h"
 
+#include "qt/contrast.h"
+#include "qt/controls/focus_ring.h"
 #include "qt/mishap.h"
 
 #include <QPainter>
@@ -48,9 +50,7 @@ void TwoWaySwitch::paintEvent(QPaintEvent*) try {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF all = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
-    QColor line = palette().color(QPalette::WindowText);
-    line.setAlphaF(0.35F);
-    painter.setPen(line);
+    painter.setPen(hairline(palette()));
     painter.setBrush(palette().color(QPalette::Button));
     painter.drawRoundedRect(all, 3, 3);
 
@@ -62,9 +62,9 @@ void TwoWaySwitch::paintEvent(QPaintEvent*) try {
     paintWay(painter, true, isRightToLeft() ? leftHalf : rightHalf);
     painter.setPen(palette().color(QPalette::ButtonText));
     painter.drawText(QRectF(leftHalf.topRight(), rightHalf.bottomLeft()), Qt::AlignCenter, caption);
-    if (!hasFocus()) return;
+    if (!showsKeyboardFocus(*this)) return;
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(palette().color(QPalette::WindowText), 1, Qt::DotLine));
+    painter.setPen(QPen(palette().color(QPalette::ButtonText), 1, Qt::DotLine));
     painter.drawRoundedRect(all.adjusted(3, 3, -3, -3), 2, 2);
 } catch (...) {
     mishap();
