@@ -48,8 +48,7 @@ void QtPlatform::dialogReady(Desktop& desktop, ChromalogControler& controler) {
     QDialog* window = dialog_->window();
     if (driven_) return; // a script's dialog is always the same
     static_cast<QtDesktop&>(desktop).takePageHabits(pageHabits(QLocale::system()));
-    if (window)
-        new WindowMemory(*window, settingsPath(desktop.applicationsDirectory()));
+    if (window) new WindowMemory(*window, settingsPath(desktop.applicationsDirectory()));
 }
 
 } // namespace chromalog

@@ -4,7 +4,6 @@
 #include "swatches/swatch_list_geometry.h"
 #include "swatches/swatch_list_view.h"
 
-#include <cmath>
 #include <memory>
 #include <optional>
 
