@@ -15,6 +15,10 @@ namespace chromalog {
 
 namespace {
 
+QString nameOf(const Shortcut& shortcut, int list) {
+    return QString(shortcut.control).replace("%1", QString::number(list));
+}
+
 QString shown(const QKeySequence& keys) {
     return keys.toString(QKeySequence::NativeText);
 }
@@ -47,7 +51,7 @@ Shortcuts::Shortcuts(QWidget& window) : QObject(&window), window_(window) {
 }
 
 QWidget* Shortcuts::control(const Shortcut& shortcut, int list) const {
-    return window_.findChild<QWidget*>(QString(shortcut.control).replace("%1", QString::number(list)));
+    return window_.findChild<QWidget*>(nameOf(shortcut, list));
 }
 
 void Shortcuts::add(const Shortcut& shortcut) {
@@ -87,7 +91,8 @@ void Shortcuts::noteList(const QWidget* focus) {
 QString Shortcuts::keysOf(const QWidget& widget) const {
     QStringList keys;
     for (const Shortcut& shortcut : shortcuts())
-        if (control(shortcut, 1) == &widget || control(shortcut, 2) == &widget)
+        if (const QString name = widget.objectName();
+            name == nameOf(shortcut, 1) || name == nameOf(shortcut, 2))
             keys.append(shown(QKeySequence(shortcut.keys)));
     const auto* button = qobject_cast<const QAbstractButton*>(&widget);
     if (button && !button->shortcut().isEmpty()) keys.append(shown(button->shortcut()));

@@ -2,10 +2,8 @@
 
 #include <QList>
 #include <QObject>
-#include <QPointer>
 #include <QString>
 
-class QAction;
 class QWidget;
 
 namespace chromalog {

@@ -167,7 +167,7 @@ TEST_F(OnXServer, AssistiveTechnologyReadsAndWorksTheDialog) {
          std::vector<std::pair<std::string, std::string>>{{"dialog", "Chromalog"},
                                                           {"slider", "Luminosity"},
                                                           {"color chooser", "Color wheel"},
-                                                          {"push button", "Complement"},
+                                                          {"check box", "Complement"},
                                                           {"push button", "Cancel"},
                                                           {"text", "First color, red, 0 to 255"},
                                                           {"list item", "Red"},

@@ -135,7 +135,6 @@ TEST_F(FormsTest, EveryActionHasItsControl) {
                                                                          "showProtocolWindow",
                                                                          "setupPrintPage:",
                                                                          "refreshNearest:",
-                                                                         "refreshNearest:",
                                                                          "bringBackLists:",
                                                                          "printFirstSwatch:",
                                                                          "printSecondSwatch:",

@@ -92,6 +92,7 @@ TEST_F(KeyboardTest, AStepIsUndoneInTheField) {
     auto& red = find<QLineEdit>("firstR");
     red.setFocus();
     strike(Qt::Key_Up);
+    EXPECT_EQ(red.text(), "230");
     strike(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(red.text(), "229");
 }

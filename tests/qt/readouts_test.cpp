@@ -165,7 +165,9 @@ TEST_F(ShownReadouts, AnEmptyListSaysHowToFillItOutsideItsPicture) {
     EXPECT_FALSE(hint->isVisible());
     fillList1(0);
     EXPECT_TRUE(hint->isVisible());
-    find<ListScrollArea>("swatch1Scroller")->resize(40, 24);
+    auto* area = find<ListScrollArea>("swatch1Scroller");
+    area->setMinimumSize(1, 1);
+    area->resize(40, 24);
     EXPECT_FALSE(hint->isVisible()) << "no room for any of its texts";
 }
 

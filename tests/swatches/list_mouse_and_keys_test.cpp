@@ -201,6 +201,7 @@ TEST_F(ListMouseAndKeys, AMovedRowStaysInSight) {
     fillNumbered(swatch1, 30); // ten rows are visible
     swatch1.setSelectedColor(9);
     pressWithAlt(Key::down);
+    EXPECT_EQ(names(swatch1)[10], "9");
     EXPECT_EQ(scroller1.scrolledTo, (Point{0, 22 * 11 + 5 - 220.0}));
 }
 

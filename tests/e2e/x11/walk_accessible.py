@@ -35,7 +35,7 @@ def named(role, name):
 
 
 strip = named("slider", "Luminosity")
-named("push button", "Complement").get_action_iface().do_action(0)
+named("check box", "Complement").get_action_iface().do_action(0)
 strip.get_value_iface().set_current_value(25)
 report["strip"] = describe(strip)
 with open(sys.argv[1], "w", encoding="utf-8") as out:
