@@ -74,12 +74,12 @@ TEST_F(DisplayLayerTest, TheDiscIsShownAsPicksReadItAndItsCornersAreTheSurround)
                 const double fromCentre = std::hypot(x - kSide / 2.0, y - kSide / 2.0);
                 const double fromCursor = std::hypot(x + .5 - cursor.x, kSide - y - .5 - cursor.y);
                 if (fromCursor < 8) continue;
-                if (fromCentre < kSide / 2.0)
-                    ASSERT_EQ(image.pixel(x, y) | 0xFF000000U,
-                              wheel.picture().pixels[y * kSide + x] | 0xFF000000U)
-                        << x << ", " << y;
-                else if (fromCentre > kSide / 2.0 + 1)
+                if (fromCentre < kSide / 2.0) {
+                    const std::uint32_t picked = wheel.picture().pixels[y * kSide + x];
+                    ASSERT_EQ(image.pixel(x, y) | 0xFF000000U, picked | 0xFF000000U) << x << ", " << y;
+                } else if (fromCentre > kSide / 2.0 + 1) {
                     ASSERT_EQ(image.pixelColor(x, y), window) << x << ", " << y;
+                }
             }
         EXPECT_EQ(desktop.capture(wheel).pixels, captured.pixels);
         EXPECT_EQ(captured.pixels.front(), 0xFFEDEDEDU);

@@ -1,6 +1,7 @@
 // What a view is told by the widget that shows it.
 #include "qt/desktop_fixture.h"
 
+#include "qt/contrast.h"
 #include "qt/controls/list_scroll_area.h"
 #include "qt/raster_canvas.h"
 #include "qt/view_accessible.h"
@@ -278,7 +279,7 @@ TEST_F(ScrollTest, TheListIsToldOfAHigherClipOfTheSameWidth) {
     EXPECT_EQ(list.superviewBounds()->h, clip());
 }
 
-TEST_F(ScrollTest, TheGroundIsWhiteOnADarkDesktopToo) {
+TEST_F(ScrollTest, TheGroundIsALightGreyOnADarkDesktop) {
     const QPalette light = QApplication::palette();
     QApplication::setPalette(QPalette(QColor(30, 30, 30)));
     ListScrollArea dark;
@@ -291,8 +292,9 @@ TEST_F(ScrollTest, TheGroundIsWhiteOnADarkDesktopToo) {
     unpainted.fit(300);
     dark.show();
     const QImage picture = dark.viewport()->grab().toImage();
-    EXPECT_EQ(picture.pixelColor(1, 1), QColor(Qt::white));
-    EXPECT_EQ(picture.pixelColor(picture.width() / 2, picture.height() - 2), QColor(Qt::white));
+    const QColor ground = listGround(QColor(30, 30, 30));
+    EXPECT_EQ(picture.pixelColor(1, 1), ground);
+    EXPECT_EQ(picture.pixelColor(picture.width() / 2, picture.height() - 2), ground);
     shown->setView(nullptr);
     QApplication::setPalette(light);
 }
