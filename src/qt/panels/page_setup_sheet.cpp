@@ -37,6 +37,7 @@ class PageSetupSheet : public QDialog {
         form->addRow(tr("Right margin:"), addLength("right", info.right));
         form->addRow(tr("Top margin:"), addLength("top", info.top));
         form->addRow(tr("Bottom margin:"), addLength("bottom", info.bottom));
+        scale_ = new QDoubleSpinBox(this); // Tab follows the order in which they are made
         scale_->setRange(10, 1000);
         scale_->setDecimals(0);
         scale_->setSuffix(" %");
@@ -109,7 +110,7 @@ class PageSetupSheet : public QDialog {
     std::vector<Length> lengths_;
     QComboBox* paper_ = new QComboBox(this);
     QComboBox* orientation_ = new QComboBox(this);
-    QDoubleSpinBox* scale_ = new QDoubleSpinBox(this);
+    QDoubleSpinBox* scale_ = nullptr;
 };
 
 } // namespace
