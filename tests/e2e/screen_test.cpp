@@ -64,6 +64,8 @@ class OnTheScreen : protected DialogOnServer, public testing::TestWithParam<cons
     }
 
     void compare(const std::string& after) const {
+        for (QWidget* window : QApplication::topLevelWidgets()) // a tool tip would lie over the picture
+            if (window->windowType() == Qt::ToolTip) window->hide();
         for (int turn = 0; turn < 5; ++turn)
             QApplication::processEvents();
         const QImage screen = QGuiApplication::primaryScreen()->grabWindow(window().winId()).toImage();
