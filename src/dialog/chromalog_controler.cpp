@@ -3,7 +3,6 @@
 #include "dialog/earlier_lists.h"
 #include "dialog/globals.h"
 #include "dialog/host_side.h"
-#include "history/undo_labels.h"
 #include "print/chart_printing.h"
 #include "print/list_printing.h"
 
@@ -14,6 +13,15 @@ constexpr std::int16_t kUsesSecondColor = 1;
 
 template <typename Entry> void append(std::vector<Entry>& all, const std::vector<Entry>& more) {
     all.insert(all.end(), more.begin(), more.end());
+}
+
+bool returnsSecond(const GlobalRecord& data) {
+    return data.useSecondColor == kUsesSecondColor;
+}
+
+/// Also where the button's title and colour are left behind, as after an undo.
+void showWhatOkReturns(const GlobalRecord& data, DialogOutlets& outlets) {
+    outlets.toggleSecondColor->setState(returnsSecond(data) ? 1 : 0);
 }
 
 } // namespace
@@ -138,7 +146,7 @@ void ChromalogControler::startHistory() {
                        [this] { panels_.storeViewCounts(); },
                        [this] {
                            panels_.showRecord();
-                           showWhatOkReturns();
+                           showWhatOkReturns(data_, outlets_);
                        }};
     history_ = std::make_unique<ProtocolControler>(std::move(parts));
     gProtocolController = history_.get();
@@ -193,16 +201,7 @@ void ChromalogControler::setOkButton() {
     const bool second = data_.useSecondColor != 0;
     outlets_.okButton->setTitle(second ? "Use 2nd color" : "Use 1st color");
     outlets_.okButton->setBackground(second ? colours_.getSecondColor() : colours_.getFirstColor());
-    showWhatOkReturns();
-}
-
-/// Also where the button's title and colour are left behind, as after an undo.
-void ChromalogControler::showWhatOkReturns() {
-    outlets_.toggleSecondColor->setState(returnsSecond() ? 1 : 0);
-}
-
-bool ChromalogControler::returnsSecond() const {
-    return data_.useSecondColor == kUsesSecondColor;
+    showWhatOkReturns(data_, outlets_);
 }
 
 void ChromalogControler::toggleSecondColor() {
@@ -215,7 +214,8 @@ void ChromalogControler::okPressed() {
         toggleSecondColor();
         return;
     }
-    returnColour(*data_.pickerRecord, returnsSecond() ? colours_.getSecondColor() : colours_.getFirstColor());
+    returnColour(*data_.pickerRecord,
+                 returnsSecond(data_) ? colours_.getSecondColor() : colours_.getFirstColor());
     desktop_.stopModal(0); // first: the pick ends also where the lists cannot be saved
     savePrefs(Flush::toDisk);
 }
@@ -232,7 +232,7 @@ void ChromalogControler::printList(SwatchPanel& panel) {
 }
 
 void ChromalogControler::setUndoablePosition(std::string_view labelKey) {
-    if (history_) history_->setUndoablePosition(desktop_.localized(labelKey), stepInWords(labelKey));
+    if (history_) history_->setUndoablePosition(desktop_.localized(labelKey), labelKey);
 }
 
 std::string ChromalogControler::hostBooks() {

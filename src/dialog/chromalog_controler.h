@@ -44,8 +44,6 @@ class ChromalogControler : SwatchPanelsDelegate {
     void startHistory();
     void colourChanged(Cause); ///< all that follows a change of colour, in order
     void setOkButton();
-    void showWhatOkReturns();
-    bool returnsSecond() const; ///< what OK does
     void printList(SwatchPanel&);
 
     // The lists' delegate.

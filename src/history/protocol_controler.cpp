@@ -57,12 +57,13 @@ FormOwner ProtocolControler::formOwner() {
     return owner;
 }
 
-void ProtocolControler::setUndoablePosition(std::string_view label, std::string_view words) {
+void ProtocolControler::setUndoablePosition(std::string_view label, std::string_view labelKey) {
     parts_.save();
     if (manager_) {
         const auto snapshot = std::make_shared<Snapshot>(bytesOf(parts_.record), manager_->latest());
         manager_->setLevelLimit(parts_.record.undoLimit);
-        manager_->registerStep({snapshot, std::string(label), std::string(words.empty() ? label : words)});
+        manager_->registerStep(
+            {snapshot, std::string(label), std::string(labelKey.empty() ? label : stepInWords(labelKey))});
     }
     maxUndoSteps = ++undoCount;
     parts_.redoButton->setEnabled(false);

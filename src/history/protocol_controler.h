@@ -35,8 +35,8 @@ class ProtocolControler {
 
     static ProtocolControler* protocolController(); ///< of the pick that runs; null outside one
 
-    /// Before a change. The label is localised already; the words tell people what undoing it does.
-    void setUndoablePosition(std::string_view label, std::string_view words = {});
+    /// Before a change. The label is localised already; people are told of it in the words of its key.
+    void setUndoablePosition(std::string_view label, std::string_view labelKey = {});
     /// After a change: other words for the latest step, and for the one before it unless they are empty.
     void describeSteps(std::string_view latest, std::string_view before = {}) noexcept;
     /// The swap itself: what the record holds becomes the inverse, `action` goes over the record.
