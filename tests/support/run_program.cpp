@@ -55,4 +55,11 @@ ProgramResult runProgram(const std::vector<std::string>& command,
     return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), out.text(), err.text()};
 }
 
+bool othersReach(const std::filesystem::path& file) {
+    using std::filesystem::perms;
+    for (auto folder = file.parent_path(); folder.has_relative_path(); folder = folder.parent_path())
+        if ((std::filesystem::status(folder).permissions() & perms::others_exec) == perms::none) return false;
+    return true;
+}
+
 } // namespace chromalog

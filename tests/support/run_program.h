@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <map>
 #include <string>
 #include <vector>
@@ -15,5 +16,9 @@ struct ProgramResult {
 /// variable.
 ProgramResult runProgram(const std::vector<std::string>& command,
                          const std::map<std::string, std::string>& environment = {});
+
+/// Whether everybody may pass all folders above the file: a tree in a private folder hides its programs from
+/// other users.
+bool othersReach(const std::filesystem::path& file);
 
 } // namespace chromalog
