@@ -177,9 +177,9 @@ TEST_F(DriveFiles, ListsComeBackWithoutADisplay) {
 
 TEST_F(DriveFiles, ListsThatCannotBeReadAreKept) {
     if (::getuid() != 0) GTEST_SKIP() << "needs to become somebody else";
-    if (!othersReach(CHROMALOG_PROGRAM)) GTEST_SKIP() << "the program lies in a private folder";
     playWell("choose $/two.aco\npress loadSwatch1:\nok\n");
     const std::string two = contents(preferences());
+    if (!othersReach(CHROMALOG_PROGRAM)) GTEST_SKIP() << "the program lies in a private folder";
     for (const auto& entry : fs::recursive_directory_iterator(folder_.path()))
         ASSERT_EQ(::chown(entry.path().c_str(), 65534, 65534), 0);
     fs::permissions(folder_.path(), fs::perms(0777));
