@@ -1,10 +1,8 @@
 // The dialog as a person gets it: the controllers on the compiled interface files.
 #include "support/swatch_files.h" // before the toolkit, which takes the word slots
 
-#include "qt/desktop_fixture.h"
+#include "qt/dialog_fixture.h"
 
-#include "abi/picker_record.h"
-#include "dialog/chromalog_controler.h"
 #include "drive/locate.h"
 #include "drive/prompts.h"
 #include "qt/controls/color_well_widget.h"
@@ -35,19 +33,13 @@ using testing::StartsWith;
 
 namespace {
 
-class DialogTest : public DesktopTest {
+class DialogTest : public WholeDialogTest {
   protected:
-    std::unique_ptr<GlobalRecord> record = std::make_unique<GlobalRecord>();
-    PickerRecord picker{};
-    QtDesktop desktop{settings()};
-    std::unique_ptr<ChromalogControler> controler;
-
     void SetUp() override {
-        record->pickerRecord = &picker;
         picker.pickParms.colorComponents[0] = 0x1200;
         picker.pickParms.colorComponents[1] = 0x3400;
         picker.pickParms.colorComponents[2] = 0xFF00;
-        controler = std::make_unique<ChromalogControler>(*record, desktop);
+        makeDialog();
     }
     template <typename T> T* find(const char* outlet) { return qobject_cast<T*>(desktop.widget(outlet)); }
     std::vector<std::string> log() const {

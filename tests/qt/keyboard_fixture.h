@@ -1,25 +1,14 @@
 #pragma once
 
-#include "qt/desktop_fixture.h"
-
-#include "abi/picker_record.h"
-#include "dialog/chromalog_controler.h"
-
-#include <memory>
+#include "qt/dialog_fixture.h"
 
 namespace chromalog::test {
 
 /// The dialog on the screen, with the keyboard, and some swatches in either list.
-class KeyboardTest : public DesktopTest {
+class KeyboardTest : public WholeDialogTest {
   protected:
-    std::unique_ptr<GlobalRecord> record = std::make_unique<GlobalRecord>();
-    PickerRecord picker{};
-    QtDesktop desktop{settings()};
-    std::unique_ptr<ChromalogControler> controler;
-
     void SetUp() override {
-        record->pickerRecord = &picker;
-        controler = std::make_unique<ChromalogControler>(*record, desktop);
+        makeDialog();
         fill(controler->panels().one, 5);
         fill(controler->panels().two, 3);
         window().show();

@@ -1,10 +1,8 @@
 // What the dialog shows of its own state, as a person and assistive technology meet it.
 #include "support/swatch_files.h" // before the toolkit, which takes the word slots
 
-#include "qt/desktop_fixture.h"
+#include "qt/dialog_fixture.h"
 
-#include "abi/picker_record.h"
-#include "dialog/chromalog_controler.h"
 #include "print/list_printing.h"
 #include "qt/controls/color_well_widget.h"
 #include "qt/controls/fit_button.h"
@@ -25,16 +23,10 @@ using namespace chromalog::test;
 
 namespace {
 
-class ShownReadouts : public DesktopTest {
+class ShownReadouts : public WholeDialogTest {
   protected:
-    std::unique_ptr<GlobalRecord> record = std::make_unique<GlobalRecord>();
-    PickerRecord picker{};
-    QtDesktop desktop{settings()};
-    std::unique_ptr<ChromalogControler> controler;
-
     void SetUp() override {
-        record->pickerRecord = &picker;
-        controler = std::make_unique<ChromalogControler>(*record, desktop);
+        makeDialog();
         window().show();
         window().grab(QRect(0, 0, 1, 1));
     }

@@ -1,8 +1,6 @@
 // The quiet line at the foot of the dialog.
-#include "qt/desktop_fixture.h"
+#include "qt/dialog_fixture.h"
 
-#include "abi/picker_record.h"
-#include "dialog/chromalog_controler.h"
 #include "qt/controls/simple_controls.h"
 #include "qt/controls/status_label.h"
 
@@ -46,17 +44,9 @@ TEST(StatusLineTest, FilesThatWereNotWrittenAreToldOnce) {
     EXPECT_THAT(status.takeNotWritten(), IsEmpty());
 }
 
-class StatusInDialog : public DesktopTest {
+class StatusInDialog : public WholeDialogTest {
   protected:
-    std::unique_ptr<GlobalRecord> record = std::make_unique<GlobalRecord>();
-    PickerRecord picker{};
-    QtDesktop desktop{settings()};
-    std::unique_ptr<ChromalogControler> controler;
-
-    void SetUp() override {
-        record->pickerRecord = &picker;
-        controler = std::make_unique<ChromalogControler>(*record, desktop);
-    }
+    void SetUp() override { makeDialog(); }
     /// Where every widget of the dialog stands.
     std::map<const QWidget*, QRect> places() {
         QWidget* dialog = desktop.widget("chromalogWindow");
