@@ -29,22 +29,28 @@ using Attach = Driven* (*)(DrivenDialog*, const StandaloneSuite*, std::unique_pt
 std::unique_ptr<Driven> playback;
 
 /// Never closed again: what it has registered with the toolkit outlives the pick.
-Attach attachOfDrive() {
+void* inDrive(const char* symbol) {
     const std::string path = pathOfDrive();
     void* module = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
-    void* attach = module ? dlsym(module, "chromalogDrive") : nullptr;
-    if (!attach) throw std::runtime_error(std::string("scripts cannot be played: ") + dlerror());
-    return reinterpret_cast<Attach>(attach);
+    void* found = module ? dlsym(module, symbol) : nullptr;
+    if (!found) throw std::runtime_error(std::string("scripts cannot be played: ") + dlerror());
+    return found;
 }
 
 } // namespace
 
 std::unique_ptr<Driven> openDrive(DrivenDialog& dialog, const StandaloneSuite& suite) try {
     if (!isAskedFor(suite)) return nullptr;
-    return std::unique_ptr<Driven>(attachOfDrive()(&dialog, &suite, &playback));
+    return std::unique_ptr<Driven>(
+        reinterpret_cast<Attach>(inDrive("chromalogDrive"))(&dialog, &suite, &playback));
 } catch (...) {
     suite.endWith(2);
     throw;
+}
+
+std::unique_ptr<QWidget> readFormFile(const QString& path, MakeWidget makeOwn,
+                                      std::vector<std::string>& problems) {
+    return reinterpret_cast<ReadForm>(inDrive("chromalogReadForm"))(path, makeOwn, problems);
 }
 
 } // namespace chromalog

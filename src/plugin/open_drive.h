@@ -1,6 +1,7 @@
 #pragma once
 
 #include "qt/driven_dialog.h"
+#include "qt/form_reading.h"
 
 namespace chromalog {
 
@@ -9,5 +10,8 @@ namespace chromalog {
 /// host was asked for none of them. Where the module is missing the host is told to end with 2, and
 /// std::runtime_error says why.
 std::unique_ptr<Driven> openDrive(DrivenDialog&, const StandaloneSuite&);
+
+/// Reads an interface file by the same module, opened for it; std::runtime_error where the module is missing.
+std::unique_ptr<QWidget> readFormFile(const QString& path, MakeWidget, std::vector<std::string>& problems);
 
 } // namespace chromalog

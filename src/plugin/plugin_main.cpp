@@ -10,6 +10,6 @@
 /// The one symbol that a host looks for. Called on the host's main thread.
 extern "C" CHROMALOG_EXPORT void PluginMain(std::int16_t selector, void* record, std::intptr_t* data,
                                             std::int16_t* result) {
-    chromalog::QtPlatform platform(chromalog::openDrive);
+    chromalog::QtPlatform platform(chromalog::openDrive, chromalog::readFormFile);
     chromalog::runPluginMain(selector, record, data, result, platform);
 }

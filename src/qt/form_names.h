@@ -15,7 +15,8 @@ inline bool isDecoration(const QString& objectName) {
            });
 }
 
-/// The property of a widget that names the dialog's own class of its control, where it has one.
+/// The property of a widget that names the class that it is to whoever looks from outside, where that is not
+/// its own.
 inline constexpr const char* kClassName = "className";
 
 /// Of a button with a menu: the menu's name, and the place on the button where a press opens it.

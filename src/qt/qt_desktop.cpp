@@ -3,7 +3,8 @@
 #include "prefs/data_directory.h"
 #include "qt/convert.h"
 #include "qt/driven_dialog.h"
-#include "qt/form_loader.h"
+#include "qt/forms/built_forms.h"
+#include "qt/forms/form_window.h"
 #include "qt/panels/page_setup_sheet.h"
 #include "qt/qt_form.h"
 #include "qt/raster_canvas.h"
@@ -13,6 +14,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QFile>
 #include <QTimer>
 #include <QWindow>
 
@@ -73,7 +75,10 @@ QtDesktop::~QtDesktop() {
 
 std::unique_ptr<Form> QtDesktop::loadForm(std::string_view name, const FormOwner& owner) {
     std::vector<std::string> problems;
-    auto root = FormLoader().loadWindow(formPath(settings_.formsDirectory, name), problems);
+    const QString file = toQt(settings_.formsDirectory) + '/' + toQt(name) + ".ui";
+    const bool replaced = !settings_.formsDirectory.empty() && QFile::exists(file);
+    auto root = replaced ? formFromFile(file, settings_.readForm, problems) : builtForm(name);
+    if (!replaced && !root) problems.push_back("there is no such form");
     std::unique_ptr<QtForm> form;
     if (root) {
         form = std::make_unique<QtForm>(std::move(root), *this, std::string(name));

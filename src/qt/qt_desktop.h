@@ -4,6 +4,7 @@
 #include "qt/background_work.h"
 #include "qt/controls/plain_text.h"
 #include "qt/drags.h"
+#include "qt/form_reading.h"
 #include "qt/log_ring.h"
 #include "qt/mishap.h"
 #include "qt/modal_loops.h"
@@ -28,9 +29,10 @@ class QtForm;
 
 /// What a host or the environment sets beside the plug-in interface. Empty texts: the platform's own.
 struct QtDesktopSettings {
-    std::string dataDirectory;  ///< stands for the user's applications directory
-    std::string booksDirectory; ///< stands for the host's colour books
-    std::string formsDirectory; ///< its interface files come before the compiled ones
+    std::string dataDirectory;   ///< stands for the user's applications directory
+    std::string booksDirectory;  ///< stands for the host's colour books
+    std::string formsDirectory;  ///< its interface files come before the compiled ones
+    ReadForm readForm = nullptr; ///< reads them; has to be there where the folder is
     bool logToSystem = false;
     bool optionWhileOpening = false; ///< the Option key counts as held until the first modal loop runs
 

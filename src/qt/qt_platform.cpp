@@ -14,8 +14,9 @@
 namespace chromalog {
 namespace {
 
-QtDesktopSettings settingsOf(const StandaloneSuite* standalone) {
+QtDesktopSettings settingsOf(const StandaloneSuite* standalone, ReadForm readForm) {
     QtDesktopSettings settings = QtDesktopSettings::fromEnvironment();
+    settings.readForm = readForm;
     if (!standalone) return settings;
     if (const char* folder = standalone->option("data-dir")) settings.dataDirectory = folder;
     if (const char* folder = standalone->option("books")) settings.booksDirectory = folder;
@@ -35,7 +36,7 @@ std::unique_ptr<Desktop> QtPlatform::makeDesktop(const StandaloneSuite* standalo
     const SizeLimitSignalBlock onlyFails; // the toolkit keeps what it finds out about the system's fonts
     application_ = std::make_unique<ApplicationGuard>(atEnd_);
     QFontInfo(QApplication::font()).family(); // makes it look for them now
-    return std::make_unique<QtDesktop>(settingsOf(standalone));
+    return std::make_unique<QtDesktop>(settingsOf(standalone, readForm_));
 }
 
 void QtPlatform::log(std::string_view line) {

@@ -3,6 +3,7 @@
 #include "dialog/pick.h"
 #include "qt/application_guard.h"
 #include "qt/driven_dialog.h"
+#include "qt/form_reading.h"
 
 #include <memory>
 
@@ -12,7 +13,7 @@ namespace chromalog {
 /// the environment, and lets scripts attach. One per call of the host.
 class QtPlatform : public Platform {
   public:
-    explicit QtPlatform(AttachDriven attach) : attach_(attach) {}
+    QtPlatform(AttachDriven attach, ReadForm readForm) : attach_(attach), readForm_(readForm) {}
 
     void staysLoaded(AtEnd atEnd) override { atEnd_ = atEnd; }
     std::unique_ptr<Desktop> makeDesktop(const StandaloneSuite*) override;
@@ -21,6 +22,7 @@ class QtPlatform : public Platform {
 
   private:
     const AttachDriven attach_;
+    const ReadForm readForm_;
     AtEnd atEnd_ = nullptr;
     std::unique_ptr<ApplicationGuard> application_; ///< outlives the desktop that makeDesktop gave away
     const StandaloneSuite* standalone_ = nullptr;

@@ -8,6 +8,7 @@
 #include "standalone/standard_streams.h"
 
 #include <cstdlib>
+#include <future>
 #include <iostream>
 #include <stdexcept>
 #include <string_view>
@@ -118,17 +119,20 @@ void reportMisuse(const Host& host) {
 
 int runProgram(const CommandLine& line) {
     try {
-        Host host(makeConverter(line));
-        setUp(host, line);
         const std::string plugin = line.plugin.empty() ? PluginModule::besideProgram() : line.plugin;
         if (line.verbose) sayWhatIsUsed(line, plugin);
+        // Either takes some milliseconds: a profile is made ready while the module is linked.
+        auto converter = std::async(makeConverter, line);
+        auto loaded = std::make_unique<PluginModule>(plugin);
+        Host host(converter.get());
+        setUp(host, line);
         int exitCode = exitPicked;
         {
-            PluginModule module(plugin);
-            HostRun run(host, module.entry());
+            const auto module = std::move(loaded);
+            HostRun run(host, module->entry());
             exitCode = runPicks(host, run, line);
             run.end();
-            module.unload(); // before the run ends: what it does meanwhile counts too
+            module->unload(); // before the run ends: what it does meanwhile counts too
         }
         reportMisuse(host);
         return misuseIsFatal() && !host.ledger.misuses().empty() ? exitMisuse : exitCode;

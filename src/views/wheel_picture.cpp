@@ -98,6 +98,10 @@ void WheelPicture::measure(int size) {
     singles_.clear();
     spans_.clear();
     rim_.clear();
+    // Half the disc, and a chunk for each of the up to seven runs of a row that overlaps its neighbour.
+    const std::size_t chunks = area / 2 * 4 / 5 / chunkPixels + size * 2;
+    chunks_.reserve(chunks);
+    factors_.reserve(chunks * chunkFactors);
     for (int row = (size + 1) / 2; row < size; ++row) // the rows above the centre mirror those below
         measureRow(row);
     while (chunks_.size() % groupChunks != 0) { // the last chunk again

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "drive/form_file.h"
 #include "qt/application_guard.h"
 #include "qt/controls/window_control.h"
 #include "qt/qt_desktop.h"
@@ -31,6 +32,7 @@ class DesktopTest : public testing::Test, Offscreen {
         QtDesktopSettings s;
         s.dataDirectory = folder.path();
         s.formsDirectory = folder.path();
+        s.readForm = readFormFile;
         return s;
     }
 

@@ -2,11 +2,15 @@
 #include "qt/desktop_fixture.h"
 
 #include "qt/form_names.h"
+#include "qt/forms/built_forms.h"
+#include "qt/forms/form_window.h"
 #include "support/outlet_names.h"
 
 #include <QAccessible>
 #include <QDir>
+#include <QLayout>
 #include <QLibraryInfo>
+#include <QMetaProperty>
 #include <QPushButton>
 #include <QXmlStreamReader>
 
@@ -58,7 +62,10 @@ std::vector<FormName> formNames(QIODevice& file) {
     return all;
 }
 
-/// The resources must be linked in before a form is read.
+QString interfaceFile(const char* form) {
+    return QString(RESOURCES "/%1.ui").arg(form);
+}
+
 class FormsTest : public DesktopTest {
   protected:
     QtDesktop desktop{settings()};
@@ -69,7 +76,7 @@ class FormsTest : public DesktopTest {
 };
 
 std::set<std::string> namesIn(const char* form) {
-    QFile file(QString(":/chromalog/%1.ui").arg(form));
+    QFile file(interfaceFile(form));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << form;
     std::set<std::string> names;
     for (const FormName& n : formNames(file))
@@ -78,7 +85,7 @@ std::set<std::string> namesIn(const char* form) {
 }
 
 std::set<std::string> actionsIn(const char* form) {
-    QFile file(QString(":/chromalog/%1.ui").arg(form));
+    QFile file(interfaceFile(form));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << form;
     std::set<std::string> actions;
     for (const FormName& n : formNames(file))
@@ -132,7 +139,7 @@ TEST_F(FormsTest, ThePanelsHoldTheirOutlets) {
 TEST_F(FormsTest, TheCompiledFormsLoadWithoutARemark) {
     for (const char* name : {"chromalogWindow", "ProtocolPanel", "SwatchPrintOptions", "EarlierLists"}) {
         FormOwner owner;
-        QFile file(QString(":/chromalog/%1.ui").arg(name));
+        QFile file(interfaceFile(name));
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));
         std::vector<std::string> actions;
         for (const FormName& n : formNames(file))
@@ -145,6 +152,50 @@ TEST_F(FormsTest, TheCompiledFormsLoadWithoutARemark) {
     }
 }
 
+/// What an object of a form is: its class, its name, its parent's, and its properties' values as text.
+std::string described(const QObject& object) {
+    QString text = QString("%1 %2 in %3")
+                       .arg(object.metaObject()->className(), object.objectName(),
+                            object.parent() ? object.parent()->objectName() : "");
+    const auto add = [&text](const char* name, const QVariant& value) {
+        QString shown;
+        QDebug(&shown) << value;
+        text += QString("\n  %1 %2")
+                    .arg(name, value.canConvert<QObject*>() || value.canConvert<QIcon>() ? "" : shown);
+    };
+    for (int i = 0; i < object.metaObject()->propertyCount(); ++i)
+        add(object.metaObject()->property(i).name(), object.metaObject()->property(i).read(&object));
+    QList<QByteArray> own = object.dynamicPropertyNames();
+    if (qobject_cast<const QLayout*>(&object)) own.clear(); // the reader leaves its margins there
+    std::ranges::sort(own);
+    for (const QByteArray& name : own)
+        if (!name.startsWith("_q_")) add(name, object.property(name));
+    return text.toStdString();
+}
+
+/// All that a window holds, without what the toolkit's reader leaves of itself.
+QList<QObject*> partsOf(const QWidget& window) {
+    QList<QObject*> parts = window.findChildren<QObject*>();
+    parts.removeIf([](const QObject* part) { return part->inherits("QFormInternal::TranslationWatcher"); });
+    return parts;
+}
+
+TEST_F(FormsTest, WhatIsCompiledInIsWhatTheFilesSay) {
+    for (const char* name : {"chromalogWindow", "ProtocolPanel", "SwatchPrintOptions", "EarlierLists"}) {
+        std::vector<std::string> problems;
+        const auto built = builtForm(name);
+        const auto read = formFromFile(interfaceFile(name), readFormFile, problems);
+        ASSERT_NE(built, nullptr);
+        ASSERT_NE(read, nullptr);
+        EXPECT_THAT(problems, IsEmpty());
+        EXPECT_EQ(described(*built), described(*read));
+        const auto builtParts = partsOf(*built), readParts = partsOf(*read);
+        ASSERT_EQ(builtParts.size(), readParts.size()) << name;
+        for (qsizetype i = 0; i < builtParts.size(); ++i)
+            EXPECT_EQ(described(*builtParts[i]), described(*readParts[i]));
+    }
+}
+
 TEST_F(FormsTest, NoPlugInOfTheDesignerIsLoaded) {
     const QString designer = QString::fromStdString(folder / "designer");
     ASSERT_TRUE(QDir().mkdir(designer));
@@ -153,6 +204,8 @@ TEST_F(FormsTest, NoPlugInOfTheDesignerIsLoaded) {
     ASSERT_TRUE(QFile::copy(platforms.filePath(platforms.entryList({"*qminimal.*"}).value(0)), plugIn));
     QCoreApplication::addLibraryPath(QString::fromStdString(folder.path()));
     const QStringList before = QCoreApplication::libraryPaths();
+    ASSERT_TRUE(QFile::copy(interfaceFile("chromalogWindow"),
+                            QString::fromStdString(folder / "chromalogWindow.ui"))); // so that it is read
     EXPECT_NE(desktop.loadForm("chromalogWindow", {}), nullptr);
     EXPECT_EQ(dlopen(plugIn.toStdString().c_str(), RTLD_LAZY | RTLD_NOLOAD), nullptr);
     EXPECT_EQ(QCoreApplication::libraryPaths(), before);

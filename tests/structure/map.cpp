@@ -41,6 +41,14 @@ std::string pathOf(const std::string& include, const SourceFile& from) {
     return {};
 }
 
+/// What the build makes of an interface file belongs to whoever includes it.
+bool isMadeOfInterfaceFile(const std::string& include) {
+    if (!include.starts_with("ui_") || !include.ends_with(".h")) return false;
+    const std::string name = include.substr(3, include.size() - 5);
+    return std::filesystem::exists(std::filesystem::path(CHROMALOG_SOURCE_DIR) / "resources" /
+                                   (name + ".ui"));
+}
+
 } // namespace
 
 std::vector<Room> readMap(const std::vector<std::string>& lines) {
@@ -64,7 +72,7 @@ Arrows arrowsOf(const std::vector<SourceFile>& files, const std::vector<Room>& r
         auto& from = arrows[roomOf(file.name, rooms)];
         for (const std::string& name : includes(file)) {
             if (isToolkit(name)) from.emplace(kToolkit, file.name);
-            if (name.front() == '<') continue;
+            if (name.front() == '<' || isMadeOfInterfaceFile(name)) continue;
             const std::string path = pathOf(name, file);
             const std::string to = path.empty() ? "nothing" : roomOf(path, rooms);
             from.emplace(to, file.name + " (\"" + name + "\")");

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "qt/form_names.h"
 #include "qt/mishap.h"
 
 #include <QEvent>
@@ -18,7 +19,9 @@ class CompactField : public QLineEdit {
     Q_OBJECT
     Q_PROPERTY(int digits MEMBER digits_)
   public:
-    using QLineEdit::QLineEdit;
+    explicit CompactField(QWidget* parent = nullptr) : QLineEdit(parent) {
+        setProperty(kClassName, "QLineEdit");
+    }
     QSize sizeHint() const override { return {widthFor(digits_ > 0 ? digits_ : 16), heightNeeded()}; }
     QSize minimumSizeHint() const override { return {widthFor(digits_ > 0 ? digits_ : 4), heightNeeded()}; }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "qt/form_names.h"
+
 #include <QLabel>
 
 namespace chromalog {
@@ -9,7 +11,7 @@ class DigitLabel : public QLabel {
     Q_OBJECT
     Q_PROPERTY(int digits MEMBER digits_)
   public:
-    using QLabel::QLabel;
+    explicit DigitLabel(QWidget* parent = nullptr) : QLabel(parent) { setProperty(kClassName, "QLabel"); }
     QSize sizeHint() const override {
         return {fontMetrics().horizontalAdvance('0') * digits_ + 2, fontMetrics().height() + 2};
     }

@@ -2,6 +2,7 @@
 
 #include "qt/controls/focus_ring.h"
 #include "qt/controls/glyphs.h"
+#include "qt/form_names.h"
 #include "qt/mishap.h"
 
 #include <QAccessible>
@@ -23,6 +24,7 @@ constexpr double stroke = 1.3;
 } // namespace
 
 FitButton::FitButton(QWidget* parent) : QPushButton(parent) {
+    setProperty(kClassName, "QPushButton");
     setAutoDefault(false);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     connect(this, &QPushButton::clicked, this, [this] {

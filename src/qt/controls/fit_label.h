@@ -1,5 +1,6 @@
 #pragma once
 
+#include "qt/form_names.h"
 #include "qt/mishap.h"
 
 #include <QLabel>
@@ -16,7 +17,7 @@ class FitLabel : public QLabel {
     Q_PROPERTY(int digits MEMBER digits_)
     Q_PROPERTY(bool strong MEMBER strong_)
   public:
-    using QLabel::QLabel;
+    explicit FitLabel(QWidget* parent = nullptr) : QLabel(parent) { setProperty(kClassName, "QLabel"); }
     QString texts() const { return texts_.join('|'); }
     void setTexts(const QString& texts) {
         texts_ = texts.split('|', Qt::SkipEmptyParts);

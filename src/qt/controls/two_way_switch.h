@@ -1,5 +1,7 @@
 #pragma once
 
+#include "qt/form_names.h"
+
 #include <QPushButton>
 
 class QPainter;
@@ -16,6 +18,7 @@ class TwoWaySwitch : public QPushButton {
     Q_PROPERTY(QString between MEMBER between_)
   public:
     explicit TwoWaySwitch(QWidget* parent = nullptr) : QPushButton(parent) {
+        setProperty(kClassName, "QPushButton");
         setAutoDefault(false);
         setCheckable(true);
     }

@@ -1,0 +1,41 @@
+#include "qt/forms/built_forms.h"
+
+#include "qt/forms/form_window.h"
+
+namespace chromalog {}
+using namespace chromalog; // what is made from the interface files names our classes without it
+
+#include "ui_EarlierLists.h"
+#include "ui_ProtocolPanel.h"
+#include "ui_SwatchPrintOptions.h"
+#include "ui_chromalogWindow.h"
+
+namespace chromalog {
+namespace {
+
+template <typename Widgets> std::unique_ptr<DialogWindow> built() {
+    auto window = std::make_unique<DialogWindow>();
+    Widgets().setupUi(window.get());
+    completeForm(*window);
+    return window;
+}
+
+constexpr struct {
+    std::string_view name;
+    std::unique_ptr<DialogWindow> (*make)();
+} kForms[] = {
+    {"chromalogWindow", built<Ui::chromalogWindow>},
+    {"EarlierLists", built<Ui::earlierListsWindow>},
+    {"ProtocolPanel", built<Ui::protocolWindow>},
+    {"SwatchPrintOptions", built<Ui::printOptionWindow>},
+};
+
+} // namespace
+
+std::unique_ptr<DialogWindow> builtForm(std::string_view name) {
+    for (const auto& form : kForms)
+        if (form.name == name) return form.make();
+    return nullptr;
+}
+
+} // namespace chromalog
