@@ -31,7 +31,7 @@ struct Bitmap {
                            (argb >> 24) / 255.0);
     }
 
-  private:
+    /// The nearest of `count` places; 0 for no number.
     static int clamped(double v, int count) { return v > 0 ? static_cast<int>(std::min(v, count - 1.0)) : 0; }
 };
 

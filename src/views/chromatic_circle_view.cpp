@@ -52,15 +52,21 @@ Outline outlineOf(std::int16_t mode, const HarmonyPoints& h) {
 
 void chromaticCircleView::drawOnce() {
     brightness_ = colours_.getLuminosity();
-    picture_.render(wholePixels(bounds().w), brightness_);
+    side_ = std::max(wholePixels(bounds().w), 0);
     rendered_ = true;
+    current_ = false;
+}
+
+const Bitmap& chromaticCircleView::picture() const {
+    if (rendered_ && !current_) picture_.render(side_, brightness_);
+    current_ = true;
+    return picture_.bitmap();
 }
 
 /// The picture at the screen's scale, rendered when it is first drawn at a brightness.
 const Bitmap& chromaticCircleView::shownPicture(double scale) {
-    const int size = picture_.bitmap().width;
-    const int sharp = static_cast<int>(std::lround(size * std::clamp(scale, 1.0, largestScale)));
-    if (sharp == size) return picture_.bitmap();
+    const int sharp = static_cast<int>(std::lround(side_ * std::clamp(scale, 1.0, largestScale)));
+    if (sharp == side_) return picture();
     if (sharpPicture_.bitmap().width != sharp || sharpBrightness_ != brightness_)
         sharpPicture_.render(sharp, brightness_);
     sharpBrightness_ = brightness_;
@@ -99,7 +105,7 @@ float chromaticCircleView::pictureRow(double y) const {
 }
 
 Colour chromaticCircleView::pixelAt(double x, float row) const {
-    return picture_.bitmap().colourAt(x, row);
+    return wheelColour(x, row, side_, brightness_);
 }
 
 Colour chromaticCircleView::getColorAtPoint(Point p) const {

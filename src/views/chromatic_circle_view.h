@@ -17,13 +17,13 @@ class chromaticCircleView : public View {
   public:
     explicit chromaticCircleView(WorkingColours& colours) : colours_(colours) {}
 
-    void drawOnce(); ///< renders the picture at the dialog's brightness
+    void drawOnce(); ///< the picture is that of the view's size and the dialog's brightness now
     void drawRect(Canvas&) override;
     void drawDisplayLayer(Canvas&) override; ///< a smooth rim, the surround outside of it, halos
     Colour getColorAtPoint(Point) const;     ///< of the picture; the nearest pixel outside
     void setHarmonyColors(); ///< places the harmony points and hands out their colours; does not redraw
     void setCursorWithColor(const Colour&); ///< moves the selected point to the colour's hue and saturation
-    const Bitmap& picture() const { return picture_.bitmap(); }
+    const Bitmap& picture() const;          ///< rendered when it is first read: picks do not need it
     Point selectedPoint() const { return selectedPoint_; }
     const HarmonyPoints& harmony() const { return harmony_; }
 
@@ -46,11 +46,13 @@ class chromaticCircleView : public View {
     WorkingColours& colours_;
     Point selectedPoint_; ///< stands for the second working colour
     HarmonyPoints harmony_;
-    WheelPicture picture_;      ///< one pixel a point
-    WheelPicture sharpPicture_; ///< at the screen's scale, where that is not 1
-    WheelRim rim_;              ///< of what the screen gets
-    float brightness_ = 0;      ///< of the picture
-    float sharpBrightness_ = 0; ///< of the sharp picture
+    mutable WheelPicture picture_; ///< one pixel a point
+    mutable bool current_ = false; ///< the picture is that of the side and brightness
+    int side_ = 0;                 ///< of the picture, in pixels
+    WheelPicture sharpPicture_;    ///< at the screen's scale, where that is not 1
+    WheelRim rim_;                 ///< of what the screen gets
+    float brightness_ = 0;         ///< of the picture
+    float sharpBrightness_ = 0;    ///< of the sharp picture
     bool rendered_ = false;
 };
 

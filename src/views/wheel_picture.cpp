@@ -64,6 +64,12 @@ std::uint32_t wheelPixel(int x, int y, float radius, float brightness) {
     return pixelOf(Colour::hsb(hue, saturation, brightness, alpha), alpha);
 }
 
+Colour wheelColour(double column, double row, int size, float brightness) {
+    if (size <= 0) return {};
+    return Bitmap::colourOf(
+        wheelPixel(Bitmap::clamped(column, size), Bitmap::clamped(row, size), size / 2.0f, brightness));
+}
+
 Bitmap plainWheelPicture(int size, float brightness) {
     Bitmap picture{size, size, std::vector<std::uint32_t>(static_cast<std::size_t>(size) * size)};
     auto pixel = picture.pixels.begin();

@@ -16,6 +16,9 @@ void getColorWheelValue(int x, int y, float* hue, float* saturation, float radiu
 /// One pixel of the wheel: the disc at that brightness, its rim softened, a light grey around it.
 std::uint32_t wheelPixel(int x, int y, float radius, float brightness);
 
+/// What Bitmap::colourAt reads from the wheel's picture of that size, without the picture.
+Colour wheelColour(double column, double row, int size, float brightness);
+
 /// The wheel pixel by pixel: what every faster way of making it must equal.
 Bitmap plainWheelPicture(int size, float brightness);
 

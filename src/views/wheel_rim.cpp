@@ -43,17 +43,30 @@ void WheelRim::measure(const Bitmap& wheel) {
     bitmap_.width = bitmap_.height = 0; // measured anew, should there be no memory for it now
     rim_.clear();
     bitmap_.pixels.assign(wheel.pixels.size(), 0);
-    const double radius = wheel.width / 2.0;
     for (int y = 0; y < wheel.height; ++y)
-        for (int x = 0; x < wheel.width; ++x) {
-            const double distance = std::hypot(x - radius, y - radius);
-            if (distance > radius + 1)
-                bitmap_.pixels[static_cast<std::size_t>(y) * wheel.width + x] = surround_;
-            else if (distance > radius - 1)
-                addPixel(wheel, x, y);
-        }
+        measureRow(wheel, y);
     bitmap_.width = wheel.width;
     bitmap_.height = wheel.height;
+}
+
+/// From the row's end inwards to the disc, and the other half likewise: most pixels are never looked at.
+void WheelRim::measureRow(const Bitmap& wheel, int y) {
+    const double radius = wheel.width / 2.0, dy = y - radius;
+    const auto row = bitmap_.pixels.begin() + static_cast<std::ptrdiff_t>(y) * wheel.width;
+    const auto isIn = [&](int x, double within) {
+        return within > 0 && (x - radius) * (x - radius) + dy * dy <= within * within;
+    };
+    int left = 0, right = wheel.width; // what the disc with its rim leaves of the row
+    while (left < right && !isIn(left, radius + 1))
+        ++left;
+    while (right > left && !isIn(right - 1, radius + 1))
+        --right;
+    std::fill(row, row + left, surround_);
+    std::fill(row + right, row + wheel.width, surround_);
+    for (; left < right && !isIn(left, radius - 1); ++left)
+        addPixel(wheel, left, y);
+    for (int x = right; x > left && !isIn(x - 1, radius - 1); --x)
+        addPixel(wheel, x - 1, y);
 }
 
 /// A pixel near the rim. The picture's own edge of the disc may let the ground through: it is shown opaque,

@@ -24,6 +24,7 @@ class WheelRim {
     };
 
     void measure(const Bitmap& wheel);
+    void measureRow(const Bitmap& wheel, int y);
     void addPixel(const Bitmap& wheel, int x, int y);
     void blend(const Bitmap& wheel);
 
