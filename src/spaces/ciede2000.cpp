@@ -5,13 +5,6 @@
 namespace chromalog {
 namespace {
 
-/// sqrt(c^7 / (c^7 + 25^7)): 0 for greys, near 1 for strong colours.
-double strength(double chroma) {
-    const double cube = chroma * chroma * chroma;
-    const double seventh = cube * cube * chroma;
-    return std::sqrt(seventh / (seventh + 6103515625.0));
-}
-
 struct Polar {
     double chroma;
     double hue; ///< degrees, 0..360 exclusive
@@ -34,8 +27,23 @@ Hues compare(const Polar& first, const Polar& second) {
     return {difference > 0 ? difference - 360 : difference + 360, sum < 360 ? sum / 2 + 180 : sum / 2 - 180};
 }
 
-/// The weight T of the hue difference: four cosines of multiples of the mean hue, expanded from one.
-double hueWeight(double meanHue) {
+/// The turn R_T of the ellipses, felt among the blues.
+double rotation(double meanHue, double meanChroma) {
+    const double distance = (meanHue - 275) / 25;
+    const double angle = 60 * std::exp(-distance * distance);
+    return -2 * ciede2000Strength(meanChroma) * std::sin(angle * kRadiansPerDegree);
+}
+
+} // namespace
+
+double ciede2000Strength(double chroma) {
+    const double cube = chroma * chroma * chroma;
+    const double seventh = cube * cube * chroma;
+    return std::sqrt(seventh / (seventh + 6103515625.0));
+}
+
+// Four cosines of multiples of the mean hue, expanded from one.
+double ciede2000HueWeight(double meanHue) {
     const double c = std::cos(meanHue * kRadiansPerDegree);
     const double s = std::sin(meanHue * kRadiansPerDegree);
     const double c2 = 2 * c * c - 1, s2 = 2 * s * c;
@@ -46,19 +54,6 @@ double hueWeight(double meanHue) {
     constexpr double cos63 = 0.45399049973954675, sin63 = 0.89100652418836786;
     return 1 - 0.17 * (c * cos30 + s * sin30) + 0.24 * c2 + 0.32 * (c3 * cos6 - s3 * sin6) -
            0.20 * (c4 * cos63 + s4 * sin63);
-}
-
-/// The turn R_T of the ellipses, felt among the blues.
-double rotation(double meanHue, double meanChroma) {
-    const double distance = (meanHue - 275) / 25;
-    const double angle = 60 * std::exp(-distance * distance);
-    return -2 * strength(meanChroma) * std::sin(angle * kRadiansPerDegree);
-}
-
-} // namespace
-
-double ciede2000Stretch(double meanChroma) {
-    return 0.5 * (1 - strength(meanChroma));
 }
 
 double ciede2000(const Lab& first, const Lab& second) {
@@ -74,7 +69,7 @@ double ciede2000(const Lab& first, const Lab& second) {
     const double offset = (first.lightness + second.lightness) / 2 - 50;
     const double lightnessScale = 1 + 0.015 * offset * offset / std::sqrt(20 + offset * offset);
     const double chromaScale = 1 + 0.045 * meanChroma;
-    const double hueScale = 1 + 0.015 * meanChroma * hueWeight(hues.mean);
+    const double hueScale = 1 + 0.015 * meanChroma * ciede2000HueWeight(hues.mean);
 
     const double chord =
         2 * std::sqrt(from.chroma * to.chroma) * std::sin(hues.difference / 2 * kRadiansPerDegree);

@@ -10,8 +10,16 @@ namespace chromalog {
 /// hues are 180 degrees apart.
 double ciede2000(const Lab& first, const Lab& second);
 
-/// The factor's excess by which CIEDE2000 stretches the a axis near the greys: G, 0.5 at chroma 0 and falling
-/// to 0. The chroma is the mean of both colours' in plain Lab.
-double ciede2000Stretch(double meanChroma);
+/// sqrt(C^7 / (C^7 + 25^7)): 0 for greys, near 1 for strong colours; grows with the chroma.
+double ciede2000Strength(double chroma);
+
+/// G, the part by which the a axis is stretched near the greys: 0.5 at chroma 0, falling to 0. The chroma is
+/// the mean of both colours' in plain Lab.
+inline double ciede2000Stretch(double meanChroma) {
+    return 0.5 * (1 - ciede2000Strength(meanChroma));
+}
+
+/// T, the weight of the hue difference by the mean hue in degrees: 0.36 to 1.58.
+double ciede2000HueWeight(double meanHue);
 
 } // namespace chromalog
