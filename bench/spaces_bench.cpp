@@ -1,6 +1,7 @@
 // Colour differences, the grid of a list and the colours of a picture, each beside its limit.
 #include "spaces/ciede2000.h"
 #include "spaces/lab_grid.h"
+#include "spaces/picture_colours.h"
 
 #include <benchmark/benchmark.h>
 
@@ -79,6 +80,41 @@ void fiveNearest(benchmark::State& state) {
         benchmark::DoNotOptimize(grid.nearestFew(asked[i++ & 1023], 5));
 }
 
+enum Picture { gradient, noise, flat };
+
+/// 24 megapixels.
+std::vector<std::uint32_t> picture(Picture kind) {
+    constexpr std::uint32_t width = 6000, height = 4000;
+    std::mt19937 random(1);
+    std::vector<std::uint32_t> pixels;
+    for (std::uint32_t y = 0; y < height; ++y)
+        for (std::uint32_t x = 0; x < width; ++x) {
+            const std::uint32_t grain = random();
+            const std::uint32_t smooth = (x * 200 / width + (grain & 15)) << 16 |
+                                         (y * 200 / height + (grain >> 8 & 15)) << 8 |
+                                         ((x + y) * 200 / (width + height) + (grain >> 16 & 15));
+            const std::uint32_t rgb = kind == gradient ? smooth
+                                      : kind == noise  ? grain >> 8
+                                                       : x / 1000 * 0x152535;
+            pixels.push_back(0xFF000000 | rgb);
+        }
+    return pixels;
+}
+
+void coloursOfPicture(benchmark::State& state) {
+    const auto pixels = picture(static_cast<Picture>(state.range(0)));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(
+            pictureColours(pixels, static_cast<int>(state.range(1)), PictureOrder::amount));
+}
+
+BENCHMARK(coloursOfPicture) // at most 400 ms, one core
+    ->Args({gradient, 12})
+    ->Args({gradient, 64})
+    ->Args({noise, 12})
+    ->Args({noise, 64})
+    ->Args({flat, 12})
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(colourDifference)->Unit(benchmark::kNanosecond);
 BENCHMARK(compareLists)->Unit(benchmark::kMillisecond); // at most 150 ms, all four
 BENCHMARK(compareNearLists)->Unit(benchmark::kMillisecond);
