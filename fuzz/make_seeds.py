@@ -83,12 +83,25 @@ def preferences_seeds():
         yield struct.pack(">II", length, position) + data
 
 
+def colour_texts():
+    values = ["#36c", "#3366cc80", "36c", "RebeccaPurple", "transparent", "rgb(51, 102, 153)", "rgba(20% 40% 60% / .5)",
+              "hsl(-.5turn, 50%, 40%)", "hsb(3.66rad 66 60)", "hwb(233grad 20% 40%)", "lab(46.3% -47.6 48.6)",
+              "lch(50 1e99 none)", "oklab(.5 -40% 0.1)", "oklch(70% 0.35 150)", "rgb(1 2", "#12345", "hsl(10% 20% 30%)"]
+    for value in values:
+        yield value.encode()
+        yield f"Sky blue: {value}\r\n- {value} \u2014 Gr\u00fcn\n".encode()
+        yield f".a{{--b: {value}; \"c\": '{value}', [{value}, red]}}".encode()
+    yield ", ".join(values).encode()
+    yield "ffffff White\nfacade 87ceeb\n&#123; #deadbeefs | Sky | #87ceeb |".encode()
+
+
 def main(out):
     seeds = {
         "aco": list(aco_seeds()),
         "book_load": list(book_files()),
         "book_lookup": [reference(s, k)[:8] + b for b in book_files() for s, k in [(3000, b"RED   "), (10, b"   1EP")]],
         "preferences": list(preferences_seeds()),
+        "colour_texts": list(colour_texts()),
     }
     for target, files in seeds.items():
         folder = pathlib.Path(out, target)
