@@ -88,7 +88,18 @@ void WorkingColours::setOfferedColor(const Colour& colour) {
 }
 
 void WorkingColours::useOfferedColor() {
-    secondColor_ = offeredColor_;
+    enterSecond(offeredColor_);
+}
+
+void WorkingColours::enterFirst(const Colour& colour) {
+    firstColor_ = colour.withAlpha(1.0);
+    showRgb(first, firstColor_);
+    showCmyk(first, firstColor_, services_);
+    firstChanged();
+}
+
+void WorkingColours::enterSecond(const Colour& colour) {
+    secondColor_ = colour.withAlpha(1.0);
     origSecondColor->setColor(secondColor_);
     showRgb(second, secondColor_);
     showCmyk(second, secondColor_, services_);

@@ -59,6 +59,8 @@ class WorkingColours {
     void setOfferedColor(const Colour&); ///< the second colour too; shows itself alone
     void useOfferedColor();              ///< makes it the second colour again, as if it were dropped there
     void showFirstColor();               ///< the first colour in its well and fields
+    void enterFirst(const Colour&);      ///< the colour alone, as if it were dropped on its well
+    void enterSecond(const Colour&);
 
     float getLuminosity() const { return luminosity_; }
     /// Rebuilds and shows the second colour at a brightness, which may lie outside 0..1 and is kept so.

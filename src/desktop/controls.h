@@ -2,6 +2,7 @@
 
 #include "base/colour.h"
 #include "base/geometry.h"
+#include "desktop/menu_item.h"
 #include "desktop/pasteboard.h"
 
 #include <functional>
@@ -38,6 +39,8 @@ class TextField : public Control {
     virtual void whenEditingEnds(std::function<void()>) {} ///< after the field shows what was set meanwhile
     /// Called in place of what Return does elsewhere (ending the edit, pressing OK), where it is set.
     virtual void whenReturnPressed(std::function<void()>) {}
+    /// Marks the text as one that cannot be read and tells why; an empty text takes the mark away.
+    virtual void setFault(std::string_view) {}
 };
 
 class Button : public Control {
@@ -46,6 +49,8 @@ class Button : public Control {
     virtual void setBackground(const Colour&) {} ///< the title stays readable on it
     virtual void setState(int) {}                ///< two-state buttons and check boxes: 0 or 1
     virtual int state() const { return 0; }
+    /// Asked whenever a person opens the button's menu, where the form gives it none.
+    virtual void whenMenuOpens(std::function<MenuItems()>) {}
 };
 
 /// A colour well: shows a colour and drags it out. Where `whenDropped` is set it takes a dropped one; others

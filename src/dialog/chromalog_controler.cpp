@@ -32,6 +32,7 @@ ChromalogControler* ChromalogControler::chromalogControler() {
 
 ChromalogControler::ChromalogControler(GlobalRecord& data, Desktop& desktop)
     : data_(data), desktop_(desktop), colours_(data.pickerRecord->colorServices),
+      entries_(colours_, data.pickerRecord->colorServices),
       panels_(data, desktop, outlets_.chromalogWindow, data.pickerRecord->colorServices, *this) {
     gChromalogControler = this;
     loadForm();
@@ -55,6 +56,7 @@ void ChromalogControler::loadForm() {
     form_ = desktop_.loadForm("chromalogWindow", formOwner());
     if (!form_) desktop_.log("failed to load prismaticaDialog xib");
     colours_.observeControls();
+    entries_.observeControls();
     outlets_.chromalogWindow->whenClosed([this] { cancelPressed(); });
     StatusLine& status = desktop_.statusLine();
     status.onChange = [this, &status] { outlets_.statusLine->setText(status.text()); };
@@ -63,6 +65,7 @@ void ChromalogControler::loadForm() {
 FormOwner ChromalogControler::formOwner() {
     FormOwner owner{outlets_.table(), actions()};
     append(owner.outlets, colours_.table());
+    append(owner.outlets, entries_.table());
     append(owner.outlets, views_.table());
     append(owner.outlets, panels_.table());
     append(owner.actions, colours_.actions());
@@ -154,6 +157,7 @@ void ChromalogControler::startHistory() {
 }
 
 void ChromalogControler::colourChanged(Cause cause) {
+    entries_.follow();
     const Colour& second = colours_.getSecondColor();
     switch (cause) {
     case Cause::firstColour:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "colour/colour_entries.h"
 #include "colour/working_colours.h"
 #include "dialog/colour_views.h"
 #include "dialog/dialog_outlets.h"
@@ -64,6 +65,7 @@ class ChromalogControler : SwatchPanelsDelegate {
     StoredLists stored_{desktop_};
     DialogOutlets outlets_;
     WorkingColours colours_;
+    ColourEntries entries_;
     ColourViews views_{colours_, desktop_};
     SwatchPanels panels_;
     PrintOptions printOptions_;

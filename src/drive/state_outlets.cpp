@@ -104,6 +104,7 @@ QJsonObject outletState(const QWidget& widget) {
                       {"visible", widget.isVisible()}, {"focused", widget.hasFocus()},
                       {"hidden", widget.isHidden()},   {"frame", frameInWindow(widget)}};
     if (widget.property("dimmed").toBool()) state["dimmed"] = true;
+    if (const QString fault = widget.property("fault").toString(); !fault.isEmpty()) state["fault"] = fault;
     addContents(state, widget);
     return state;
 }

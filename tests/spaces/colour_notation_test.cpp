@@ -1,5 +1,6 @@
 #include "random_colours.h"
 #include "spaces/colour_notation.h"
+#include "spaces/colour_reading.h"
 #include "spaces/css_colour.h"
 #include "spaces/hsl.h"
 
@@ -102,6 +103,29 @@ TEST(ColourNotation, ColoursBetweenTwoBytesComeBackAsTheirBytes) {
             EXPECT_EQ(bytesOf(read->rgb), bytesOf(rgb)) << colourText(rgb, notation);
         }
     }
+}
+
+TEST(ColourReading, IsTheFunctionWithoutItsName) {
+    const Rgb blue = rgbOfBytes(0x336699);
+    EXPECT_EQ(readingText(blue, ColourNotation::hsl), "210 50% 40%");
+    EXPECT_EQ(readingText(blue, ColourNotation::oklch), "49.9% 0.099 250.4");
+    for (const ColourNotation notation : kReadable) {
+        SCOPED_TRACE(static_cast<int>(notation));
+        const auto read = readReading(readingText(blue, notation), notation);
+        ASSERT_TRUE(read);
+        EXPECT_EQ(bytesOf(read->rgb), 0x336699U);
+    }
+}
+
+TEST(ColourReading, IsReadAsItIsTyped) {
+    for (const char* text : {"210 50 40", "210, 50%, 40%", "210° 50% 40%", " 210deg 50% 40% ",
+                             "hsl(210 50% 40%)", "#336699", "hsb(210 66.7% 60%)"}) {
+        const auto read = readReading(text, ColourNotation::hsl);
+        ASSERT_TRUE(read) << text;
+        EXPECT_EQ(bytesOf(read->rgb), 0x336699U) << text;
+    }
+    for (const char* text : {"", "210", "210 50", "210 50 40 5 6", "two 50 40"})
+        EXPECT_FALSE(readReading(text, ColourNotation::hsl)) << text;
 }
 
 TEST(ColourNotation, ThreeDecimalsTellAllBytesApart) {

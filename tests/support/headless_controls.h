@@ -34,7 +34,9 @@ class HeadlessTextField : public Headless<TextField> {
     void whenEdited(std::function<void()> f) override { onEdit = std::move(f); }
     void whenEditingEnds(std::function<void()> f) override { onEndEditing = std::move(f); }
     void whenReturnPressed(std::function<void()> f) override { onReturn = std::move(f); }
+    void setFault(std::string_view why) override { fault = why; }
     std::function<void()> onEdit, onEndEditing, onReturn;
+    std::string fault;
 
     /// What a person does: selects all and types, one keystroke at a time.
     void type(const std::string& text) {
@@ -73,6 +75,8 @@ class HeadlessButton : public Headless<Button> {
     }
     void setState(int state) override { state_ = state; }
     int state() const override { return state_; }
+    void whenMenuOpens(std::function<MenuItems()> items) override { menu = std::move(items); }
+    std::function<MenuItems()> menu;
 
   private:
     std::string title_;

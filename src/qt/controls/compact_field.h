@@ -1,23 +1,19 @@
 #pragma once
 
 #include "qt/form_names.h"
-#include "qt/mishap.h"
 
-#include <QEvent>
 #include <QLineEdit>
-#include <QStyle>
-#include <QStyleOptionFrame>
-
-#include <algorithm>
 
 namespace chromalog {
 
 /// A field as low as its font allows, in every style. With a number of digits it is as wide as they are in
 /// its font and style, whatever it holds: styles differ in what they keep for themselves, so that is
-/// measured.
+/// measured. Where it is one value that is mostly typed over, the click that brings the focus selects it all.
 class CompactField : public QLineEdit {
     Q_OBJECT
     Q_PROPERTY(int digits MEMBER digits_)
+    Q_PROPERTY(bool selectedByClick MEMBER selectedByClick_)
+    Q_PROPERTY(QString fault READ fault WRITE setFault)
   public:
     explicit CompactField(QWidget* parent = nullptr) : QLineEdit(parent) {
         setProperty(kClassName, "QLineEdit");
@@ -25,30 +21,27 @@ class CompactField : public QLineEdit {
     QSize sizeHint() const override { return {widthFor(digits_ > 0 ? digits_ : 16), heightNeeded()}; }
     QSize minimumSizeHint() const override { return {widthFor(digits_ > 0 ? digits_ : 4), heightNeeded()}; }
 
+    /// Why the text cannot be read, shown by a frame and a sign and told as the field's description; empty:
+    /// it can.
+    void setFault(const QString&);
+    const QString& fault() const { return fault_; }
+
   protected:
-    /// Styles set margins of their own when they polish a field: these are wide enough everywhere.
-    bool event(QEvent* event) override try {
-        const bool used = QLineEdit::event(event);
-        if (event->type() == QEvent::Polish || event->type() == QEvent::StyleChange)
-            setTextMargins(1, 0, 1, 0);
-        return used;
-    } catch (...) {
-        mishap();
-        return true;
-    }
+    bool event(QEvent*) override;
+    void paintEvent(QPaintEvent*) override;
+    void focusInEvent(QFocusEvent*) override;
+    void mouseReleaseEvent(QMouseEvent*) override;
 
   private:
-    int heightNeeded() const { return std::max(24, fontMetrics().height() + 8); }
-    int widthFor(int digits) const {
-        const int text =
-            fontMetrics().horizontalAdvance('0') * digits + 6; // the toolkit's margins and the caret
-        QStyleOptionFrame option;
-        initStyleOption(&option);
-        option.rect = QRect(0, 0, 200, heightNeeded());
-        return text + 2 + 200 - style()->subElementRect(QStyle::SE_LineEditContents, &option, this).width();
-    }
+    int heightNeeded() const;
+    int widthFor(int digits) const;
+    void keepMargins();
 
     int digits_ = 0; ///< 0: any width
+    bool selectedByClick_ = false;
+    bool pressedIn_ = false; ///< this press brought the focus
+    QString fault_;
+    QString description_; ///< while there is a fault: the field's own
 };
 
 } // namespace chromalog

@@ -1,5 +1,6 @@
 #include "qt/controls/field_control.h"
 
+#include "qt/controls/compact_field.h"
 #include "qt/controls/plain_text.h"
 #include "qt/controls/status_label.h"
 #include "qt/convert.h"
@@ -50,6 +51,10 @@ void FieldControl::setText(std::string_view text) {
 
 std::string FieldControl::text() const {
     return widget_ ? fromQt(widget_->text()) : std::string();
+}
+
+void FieldControl::setFault(std::string_view why) {
+    if (auto* field = qobject_cast<CompactField*>(widget_.data())) field->setFault(toQt(why));
 }
 
 void FieldControl::endEditing() {

@@ -28,6 +28,7 @@ class FieldControl : public QObject, public WidgetControl<TextField, QLineEdit> 
     void whenEdited(std::function<void()> f) override { onEdit_ = std::move(f); }
     void whenEditingEnds(std::function<void()> f) override { onEndEditing_ = std::move(f); }
     void whenReturnPressed(std::function<void()> f) override { onReturn_ = std::move(f); }
+    void setFault(std::string_view) override; ///< a CompactField only
 
   protected:
     bool eventFilter(QObject*, QEvent*) override;

@@ -101,6 +101,7 @@ QPoint FitButton::menuSpot() const {
 
 void FitButton::openMenu() {
     auto* menu = window()->findChild<QMenu*>(menuName_);
+    if (!menu && makeMenu_) menu = makeMenu_();
     if (!menu) return;
     showOpen(true);
     connect(

@@ -4,7 +4,9 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <functional>
 
+class QMenu;
 class QStylePainter;
 
 namespace chromalog {
@@ -12,8 +14,8 @@ namespace chromalog {
 /// A button that says as much as fits: its texts from the longest to the shortest ("Load…|Load"), at last its
 /// sign alone. Its height follows the font and its least width is that of the sign: a text is never cut and
 /// never moves anything. Its terms ("triad ±120°|triad") are painted beside a text where one of them fits. A
-/// button with a menu (its name in the form) opens it by its arrow and by the Down key; one that sends no
-/// action opens it by any press.
+/// button with a menu (its name in the form, which need not hold it: then it is made when it opens) opens it
+/// by its arrow and by the Down key; one that sends no action opens it by any press.
 class FitButton : public QPushButton {
     Q_OBJECT
     Q_PROPERTY(QString texts READ texts WRITE setTexts)
@@ -29,6 +31,7 @@ class FitButton : public QPushButton {
     void setTexts(const QString&);
     const QString& menuName() const { return menuName_; }
     void setMenuName(const QString&);
+    void setMenuMaker(std::function<QMenu*()> f) { makeMenu_ = std::move(f); }
     bool opensByAnyPress() const { return !menuName_.isEmpty() && !property("action").isValid(); }
     void openMenu();
     QPoint menuSpot() const; ///< a press there opens the menu
@@ -65,6 +68,7 @@ class FitButton : public QPushButton {
     QStringList texts_;
     QList<int> widths_; ///< of the texts, in pixels
     QString terms_, sign_, menuName_;
+    std::function<QMenu*()> makeMenu_;
     bool quiet_ = false; ///< without a frame until the pointer or the keyboard is on it
     bool menuOpen_ = false;
     int level_ = -1; ///< -1: by its own width

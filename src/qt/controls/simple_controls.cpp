@@ -1,14 +1,20 @@
 #include "qt/controls/simple_controls.h"
 
+#include "qt/controls/fit_button.h"
 #include "qt/controls/tinted_button.h"
 #include "qt/convert.h"
+#include "qt/item_menu.h"
 
+#include <QMenu>
 #include <QRadioButton>
 
 namespace chromalog {
 
 void ButtonControl::setTitle(std::string_view title) {
-    if (widget_) widget_->setText(toQt(title));
+    if (auto* fitting = qobject_cast<FitButton*>(widget_.data()))
+        fitting->setTexts(toQt(title));
+    else if (widget_)
+        widget_->setText(toQt(title));
 }
 
 void ButtonControl::setBackground(const Colour& colour) {
@@ -21,6 +27,12 @@ void ButtonControl::setState(int state) {
 
 int ButtonControl::state() const {
     return widget_ && widget_->isChecked() ? 1 : 0;
+}
+
+void ButtonControl::whenMenuOpens(std::function<MenuItems()> items) {
+    auto* button = qobject_cast<FitButton*>(widget_.data());
+    if (!button) return;
+    button->setMenuMaker([button, items = std::move(items)] { return makeMenu(items(), *button->window()); });
 }
 
 void TextViewControl::setText(std::string_view text) {

@@ -17,6 +17,7 @@ class ButtonControl : public WidgetControl<Button, QAbstractButton> {
     void setBackground(const Colour&) override; ///< a TintedButton only
     void setState(int) override;
     int state() const override;
+    void whenMenuOpens(std::function<MenuItems()>) override; ///< a FitButton only
 };
 
 class SliderControl : public WidgetControl<Slider, QSlider> {
