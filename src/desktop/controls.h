@@ -117,6 +117,7 @@ class Menu {
     virtual ~Menu() = default;
     /// Opens at a point of the view and returns when it has closed.
     virtual void popUp(const class View&, Point) {}
+    virtual void addMenuItems(std::function<MenuItems()>) {} ///< asked at every opening: below its own
 };
 
 class Window : public Control {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/colour_spot.h"
 #include "desktop/controls.h"
 #include "desktop/outlet.h"
 #include "desktop/view.h"
@@ -32,6 +33,7 @@ struct ActionEntry {
 struct FormOwner {
     std::vector<OutletEntry> outlets;
     std::vector<ActionEntry> actions;
+    ColourOperations* colours = nullptr; ///< of the colours that the form shows, if it shows any
 };
 
 /// A loaded interface file. Its controls live as long as it does; destroying it closes its window.

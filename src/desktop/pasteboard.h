@@ -14,6 +14,7 @@ struct Pasteboard {
     bool textType = false;   ///< the plain text type is declared
     std::optional<Colour> colour;
     std::optional<std::string> text; ///< UTF-8
+    std::string name{};              ///< of the colour, within this process: no other program is told
 };
 
 /// Something that drags start from. Compared by address, never asked for anything.

@@ -16,7 +16,7 @@ namespace chromalog {
 class StatusLine {
   public:
     /// One text each; the next one about the same thing takes its place.
-    enum class About { otherPicks, storing, keptCopies, files, printing };
+    enum class About { otherPicks, storing, keptCopies, files, printing, colours };
 
     void say(About about, std::string text) {
         const std::string before = this->text();

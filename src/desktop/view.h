@@ -102,6 +102,11 @@ class View : public DragSource {
     virtual bool acceptsFocus() const { return false; }
     virtual bool keyDown(const KeyEvent&) { return false; } ///< true where the key was used
 
+    /// The colour that shows at a point, and where the keyboard stands; nothing where none does. Neither
+    /// picks.
+    virtual std::optional<Colour> colourAt(Point) { return std::nullopt; }
+    virtual std::optional<Colour> colourInFocus() { return std::nullopt; }
+
     virtual bool acceptsColourDrags() const { return false; }
     virtual DragOperation draggingEntered(const DragInfo&) { return DragOperation::none; }
     virtual bool performDragOperation(const DragInfo&) { return false; }

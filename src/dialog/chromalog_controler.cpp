@@ -33,7 +33,8 @@ ChromalogControler* ChromalogControler::chromalogControler() {
 ChromalogControler::ChromalogControler(GlobalRecord& data, Desktop& desktop)
     : data_(data), desktop_(desktop), colours_(data.pickerRecord->colorServices),
       entries_(colours_, data.pickerRecord->colorServices),
-      panels_(data, desktop, outlets_.chromalogWindow, data.pickerRecord->colorServices, *this) {
+      panels_(data, desktop, outlets_.chromalogWindow, data.pickerRecord->colorServices, *this),
+      atHand_(colours_, panels_, desktop, data.pickerRecord->colorServices) {
     gChromalogControler = this;
     loadForm();
     zeroInit();
@@ -57,13 +58,14 @@ void ChromalogControler::loadForm() {
     if (!form_) desktop_.log("failed to load prismaticaDialog xib");
     colours_.observeControls();
     entries_.observeControls();
+    atHand_.offerMenus();
     outlets_.chromalogWindow->whenClosed([this] { cancelPressed(); });
     StatusLine& status = desktop_.statusLine();
     status.onChange = [this, &status] { outlets_.statusLine->setText(status.text()); };
 }
 
 FormOwner ChromalogControler::formOwner() {
-    FormOwner owner{outlets_.table(), actions()};
+    FormOwner owner{outlets_.table(), actions(), &atHand_};
     append(owner.outlets, colours_.table());
     append(owner.outlets, entries_.table());
     append(owner.outlets, views_.table());

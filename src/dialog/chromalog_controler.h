@@ -3,6 +3,7 @@
 #include "colour/colour_entries.h"
 #include "colour/working_colours.h"
 #include "dialog/colour_views.h"
+#include "dialog/colours_at_hand.h"
 #include "dialog/dialog_outlets.h"
 #include "dialog/stored_lists.h"
 #include "history/protocol_controler.h"
@@ -68,6 +69,7 @@ class ChromalogControler : SwatchPanelsDelegate {
     ColourEntries entries_;
     ColourViews views_{colours_, desktop_};
     SwatchPanels panels_;
+    ColoursAtHand atHand_;
     PrintOptions printOptions_;
     std::unique_ptr<Form> form_; ///< its controls go before what they point to
     std::unique_ptr<ProtocolControler> history_;

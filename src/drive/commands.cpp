@@ -3,6 +3,7 @@
 
 #include "drive/command_error.h"
 #include "drive/hand_over.h"
+#include "drive/keyboard.h"
 #include "drive/locate.h"
 #include "drive/unfold.h"
 #include "qt/driven_dialog.h"
@@ -30,9 +31,11 @@ PointerTarget clickTarget(QWidget& control) {
     return {&control, {std::min(control.width(), control.height()) / 2.0, control.height() / 2.0}};
 }
 
+/// Of the menu itself, or of one that an item of it opens: then that item.
 QAction* itemOf(const QMenu& menu, const QString& operation) {
     for (QAction* action : menu.actions())
-        if (sends(*action, operation)) return action;
+        if (sends(*action, operation) || (action->menu() && itemOf(*action->menu(), operation)))
+            return action;
     return nullptr;
 }
 
@@ -40,11 +43,21 @@ void choose(QMenu& menu, const QString& operation) {
     QAction* item = itemOf(menu, operation);
     if (!item) throw CommandError{"no item of the open menu sends '" + fromQt(operation) + "'"};
     if (!item->isEnabled()) throw CommandError{"the menu item for '" + fromQt(operation) + "' is disabled"};
+    QMenu* inner = sends(*item, operation) ? nullptr : item->menu();
     click({&menu, QRectF(menu.actionGeometry(item)).center()});
+    if (!inner) return;
+    const Qt::Key opens = menu.isRightToLeft() ? Qt::Key_Left : Qt::Key_Right;
+    if (!inner->isVisible()) strike(menu, {opens, Qt::NoModifier, {}}); // by the pointer it waits a little
+    if (!inner->isVisible()) throw CommandError{"the menu with '" + fromQt(operation) + "' did not open"};
+    choose(*inner, operation);
 }
 
 QMenu* openMenu() {
     return qobject_cast<QMenu*>(QApplication::activePopupWidget());
+}
+
+bool isList(const QWidget& outlet) {
+    return outlet.objectName() == "swatch1" || outlet.objectName() == "swatch2";
 }
 
 /// The list that a menu of the dialog belongs to.
@@ -60,14 +73,24 @@ void Commands::perform(const Command& c) {
         void (Commands::*run)(const Command&);
     };
     static constexpr Row kRows[] = {
-        {Verb::click, &Commands::clickAt}, {Verb::rclick, &Commands::rightClickAt},
-        {Verb::press, &Commands::press},   {Verb::drag, &Commands::drag},
-        {Verb::sweep, &Commands::sweep},   {Verb::drop, &Commands::drop},
-        {Verb::type, &Commands::type},     {Verb::append, &Commands::append},
-        {Verb::key, &Commands::key},       {Verb::set, &Commands::set},
-        {Verb::menu, &Commands::menu},     {Verb::paper, &Commands::paper},
-        {Verb::shot, &Commands::shot},     {Verb::picture, &Commands::picture},
-        {Verb::state, &Commands::state},   {Verb::ok, &Commands::ok},
+        {Verb::click, &Commands::clickAt},
+        {Verb::rclick, &Commands::rightClickAt},
+        {Verb::dclick, &Commands::doubleClickAt},
+        {Verb::clip, &Commands::clip},
+        {Verb::press, &Commands::press},
+        {Verb::drag, &Commands::drag},
+        {Verb::sweep, &Commands::sweep},
+        {Verb::drop, &Commands::drop},
+        {Verb::type, &Commands::type},
+        {Verb::append, &Commands::append},
+        {Verb::key, &Commands::key},
+        {Verb::set, &Commands::set},
+        {Verb::menu, &Commands::menu},
+        {Verb::paper, &Commands::paper},
+        {Verb::shot, &Commands::shot},
+        {Verb::picture, &Commands::picture},
+        {Verb::state, &Commands::state},
+        {Verb::ok, &Commands::ok},
         {Verb::cancel, &Commands::cancel},
     };
     ++performed_;
@@ -99,6 +122,10 @@ void Commands::clickWith(const PointerTarget& target, bool alt) {
 
 void Commands::clickAt(const Command& c) {
     clickWith(targetAt(c, 0), c.has(3));
+}
+
+void Commands::doubleClickAt(const Command& c) {
+    doubleClick(targetAt(c, 0));
 }
 
 /// A view opens its menu at the press, other controls when the window system asks for one. A menu that opened
@@ -155,13 +182,13 @@ void Commands::menu(const Command& c) {
     openContextMenu(outlet, operation);
 }
 
-/// A right click on the selected row opens the menu without selecting another one. The item is chosen from
-/// the menu's own loop, before the click returns.
+/// A right click on the selected row opens a list's menu without selecting another one; elsewhere it goes to
+/// the middle. The item is chosen from the menu's own loop, before the click returns.
 void Commands::openContextMenu(QWidget& outlet, const QString& operation) {
     const Rect row = dialog_.selectedRow(outlet);
     const double y = std::clamp(row.y + row.h / 2, 0.0, outlet.height() - 1.0);
     waitingFor_ = operation;
-    rightClick(targetOf(outlet, {outlet.width() / 2.0, y}));
+    rightClick(isList(outlet) ? targetOf(outlet, {outlet.width() / 2.0, y}) : middleOf(outlet));
     if (std::exchange(waitingFor_, std::nullopt))
         throw CommandError{fromQt(outlet.objectName()) + " opened no context menu"};
 }

@@ -36,6 +36,7 @@ class Commands {
 
   private:
     void clickAt(const Command&);
+    void doubleClickAt(const Command&);
     void rightClickAt(const Command&);
     void rightClick(const PointerTarget&);
     void press(const Command&);
@@ -44,6 +45,7 @@ class Commands {
     void drop(const Command&);
     void type(const Command&);
     void append(const Command&);
+    void clip(const Command&);
     void key(const Command&);
     void set(const Command&);
     void menu(const Command&);

@@ -8,6 +8,7 @@
 #include "qt/driven_dialog.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QListWidget>
 #include <QMimeData>
 #include <QRadioButton>
@@ -110,6 +111,14 @@ void Commands::append(const Command& c) {
     QWidget& window = focusOn(reachableOutlet(c.text(0)));
     strike(window, kEnd);
     typeText(window, toQt(c.text(1)));
+}
+
+/// As another program would: a text and no more, a line a word.
+void Commands::clip(const Command& c) {
+    std::string text;
+    for (const std::string& line : c.words)
+        text.append(text.empty() ? "" : "\n").append(line);
+    QGuiApplication::clipboard()->setText(toQt(text));
 }
 
 void Commands::key(const Command& c) {

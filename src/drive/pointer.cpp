@@ -99,4 +99,10 @@ void click(const PointerTarget& target, Qt::KeyboardModifiers modifiers) {
     release(target, Qt::LeftButton, modifiers);
 }
 
+void doubleClick(const PointerTarget& target) {
+    click(target);
+    send(target, QEvent::MouseButtonDblClick, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    release(target, Qt::LeftButton, Qt::NoModifier);
+}
+
 } // namespace chromalog::drive

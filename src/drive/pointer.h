@@ -34,4 +34,7 @@ void askForMenu(const PointerTarget&);
 /// Press and release with the left button. The widget may be gone after either.
 void click(const PointerTarget&, Qt::KeyboardModifiers = Qt::NoModifier);
 
+/// The second press comes as the window system tells of one.
+void doubleClick(const PointerTarget&);
+
 } // namespace chromalog::drive

@@ -11,7 +11,7 @@ namespace chromalog::drive {
 namespace {
 
 /// A command's words, a letter each: o outlet, t text, n number, i whole number from 0, s the same from 1, c
-/// colour, a the word "alt", p the words of a paper. What stands after ? may be left out.
+/// colour, a the word "alt", p the words of a paper, + texts. What stands after ? may be left out.
 struct Row {
     Verb verb;
     std::string_view name;
@@ -22,6 +22,7 @@ struct Row {
 
 constexpr Row kCommands[] = {
     {Verb::click, "click", "onn?a", "OUTLET X Y [alt]"},
+    {Verb::dclick, "dclick", "onn", "OUTLET X Y"},
     {Verb::rclick, "rclick", "onn", "OUTLET X Y"},
     {Verb::press, "press", "t?a", "NAME [alt]"},
     {Verb::drag, "drag", "onnonn", "OUTLET X Y OUTLET2 X2 Y2"},
@@ -29,6 +30,7 @@ constexpr Row kCommands[] = {
     {Verb::drop, "drop", "onnc?t", "OUTLET X Y COLOUR [TEXT]"},
     {Verb::type, "type", "ot", "OUTLET TEXT"},
     {Verb::append, "append", "ot", "OUTLET TEXT"},
+    {Verb::clip, "clip", "+", "LINE..."},
     {Verb::key, "key", "t?o", "NAME [OUTLET]"},
     {Verb::set, "set", "on", "OUTLET VALUE"},
     {Verb::menu, "menu", "ot", "OUTLET ACTION"},
@@ -91,6 +93,7 @@ std::string wrongCount(const Row& row) {
 }
 
 std::optional<std::string> wrongWords(const Row& row, const std::vector<std::string>& words) {
+    if (row.words == "+") return words.empty() ? std::optional(wrongCount(row)) : std::nullopt;
     if (row.words == "p")
         return readPaper(words) ? std::nullopt : std::optional("no such paper: " + wrongCount(row));
     const auto optional = row.words.find('?');

@@ -12,6 +12,7 @@ namespace chromalog::drive {
 
 enum class Verb {
     click,
+    dclick,
     rclick,
     press,
     drag,
@@ -19,6 +20,7 @@ enum class Verb {
     drop,
     type,
     append,
+    clip,
     key,
     set,
     menu,

@@ -21,9 +21,13 @@ inline constexpr std::string_view colorDeleted =
     "!Swatch Color deleted!"; ///< one swatch deleted; also every drop
 inline constexpr std::string_view colorMoved = "!Swatch Color moved!"; ///< by one row, by the keyboard
 inline constexpr std::string_view earlierLists = "!Earlier Lists!";    ///< a list comes back from a kept copy
+inline constexpr std::string_view colorsAdded = "!Swatch Colors added!"; ///< by a menu, a key, a double click
+inline constexpr std::string_view colorsPasted =
+    "!Swatch Colors pasted!"; ///< from the clipboard, one or many
 
-inline constexpr std::array all = {loadSwatch, loadSwatchFile, appendSwatch, deleteSwatch, sortAlpha,
-                                   sortHue,    colorChanged,   colorDeleted, colorMoved,   earlierLists};
+inline constexpr std::array all = {loadSwatch, loadSwatchFile, appendSwatch, deleteSwatch,
+                                   sortAlpha,  sortHue,        colorChanged, colorDeleted,
+                                   colorMoved, earlierLists,   colorsAdded,  colorsPasted};
 
 } // namespace undo_label
 

@@ -1,5 +1,6 @@
 #include "qt/qt_form.h"
 
+#include "qt/colour_actions.h"
 #include "qt/controls/click_area.h"
 #include "qt/controls/drawn_controls.h"
 #include "qt/controls/field_control.h"
@@ -109,6 +110,7 @@ std::vector<std::string> QtForm::connect(const FormOwner& owner) {
     for (const OutletEntry& entry : owner.outlets)
         if (!connectOutlet(entry) && !entry.extra)
             problems.push_back("outlet " + std::string(entry.name) + " is not connected");
+    if (owner.colours) new ColourActions(*root_, *owner.colours);
     connectFolds(*root_);
     new Shortcuts(*root_);
     new SurroundChoice(*root_);

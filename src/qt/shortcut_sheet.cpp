@@ -60,7 +60,9 @@ QList<Section> sections() {
           {"Home, End", "Strip and charts: to the ends"},
           {"Space", "Chart: pick the same cell again"}}},
         {"On a color",
-         {{"Ctrl+C", "Copy as hex"},
+         {{"Ctrl+C", "Copy, in a list and on the wheel and the charts too"},
+          {"Ctrl+V", "First and second color, lists: paste a color or a text with colors"},
+          {"Insert", "Add to list 1, with Alt to list 2; a double click on a well too"},
           {"Space", "Offered color: make it the second color again"},
           {"Menu", "The color's menu"}}},
     };

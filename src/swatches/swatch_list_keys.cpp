@@ -68,7 +68,6 @@ void CSwatchList::moveSelected(int rows) {
     scrollToShow(target);
 }
 
-/// No further than it takes to show the row with its frame.
 void CSwatchList::scrollToShow(int row) {
     const std::optional<Rect> clip = superviewBounds();
     if (!clip) return;

@@ -119,10 +119,10 @@ class CSwatchList : public View {
     std::optional<int> accessibleSelectedRow() const override;
     int accessibleRowAt(Point) const override;
     void selectAccessibleRow(int row) override { selectRow(static_cast<std::int16_t>(row)); }
+    void scrollToShow(int row); ///< no further than it takes to show the row with its frame
 
   private:
     void moveSelected(int rows); ///< by one step of undo
-    void scrollToShow(int row);
     void markMenuRow(std::optional<int> row);
     StoredName droppedName(const Pasteboard&, const Colour&, int place) const;
     bool insertDropped(const Pasteboard&, const Colour&, std::int16_t drop); ///< false where the list is full

@@ -2,6 +2,7 @@
 
 #include "record/global_record.h"
 #include "record/host_conversion.h"
+#include "swatches/added_colours.h"
 #include "swatches/list_commands.h"
 #include "swatches/nearest_display.h"
 #include "swatches/search_knobs.h"
@@ -9,6 +10,7 @@
 
 #include <array>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -50,6 +52,10 @@ class SwatchPanels : CSwatchListDelegate {
     void showRecord(); ///< after the record was swapped for another
     void showNearest(const Colour& secondColor);
     void setNeedsDisplay();
+    /// Appends colours to one of the lists, as addColours does.
+    bool add(SwatchPanel& panel, std::span<const AddedColour> added, std::string_view labelKey) {
+        return addColours(*this, panel.view, added, labelKey);
+    }
     void editSwatch(); ///< the selected swatch of list 1 becomes the first colour
     /// The selected swatch's name where the source is one of the lists.
     std::optional<std::string> selectedName(const DragSource*);

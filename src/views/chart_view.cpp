@@ -16,8 +16,12 @@ Rect squareAround(Point p, double side) {
 
 } // namespace
 
+std::optional<Colour> chartView::colourAt(Point p) {
+    return desktop_.capture(*this).colourAt(p.x, bounds().h - p.y);
+}
+
 void chartView::pick(Point p) {
-    selectedColor_ = desktop_.capture(*this).colourAt(p.x, bounds().h - p.y);
+    selectedColor_ = colourAt(p);
     announceChange();
     tellPicked(p);
 }

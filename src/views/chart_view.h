@@ -27,6 +27,8 @@ class chartView : public View {
     bool acceptsFocus() const override { return true; }
     bool keyDown(const KeyEvent&) override; ///< arrows, Home, End, page keys; Space: the same cell again
     std::optional<Rect> focusMark() const override;
+    std::optional<Colour> colourAt(Point) override;
+    std::optional<Colour> colourInFocus() override { return colourAt(cellCentre()); }
     Accessible accessible() const override;
 
   protected:

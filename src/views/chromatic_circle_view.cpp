@@ -142,13 +142,22 @@ void chromaticCircleView::sizeChanged() {
     setCursorWithColor(colours_.getSecondColor());
 }
 
+bool chromaticCircleView::isWithinRim(Point p) const {
+    const double c = static_cast<float>(bounds().h / 2);
+    const double dx = c - p.x, dy = c - p.y;
+    return c > std::sqrt(dx * dx + dy * dy);
+}
+
+std::optional<Colour> chromaticCircleView::colourAt(Point p) {
+    if (!rendered_ || !isWithinRim(p)) return std::nullopt;
+    return getColorAtPoint(p);
+}
+
 void chromaticCircleView::pick(Point p) {
     if (!rendered_) drawOnce();
     const float row =
         pictureRow(selectedPoint_.y); // of the point before this event: a drag trails by one event, kept
-    const double c = static_cast<float>(bounds().h / 2);
-    const double dx = c - p.x, dy = c - p.y;
-    if (!(c > std::sqrt(dx * dx + dy * dy))) return;
+    if (!isWithinRim(p)) return;
     selectedPoint_ = p;
     colours_.changeSecondColor(pixelAt(p.x, row));
     setHarmonyColors();

@@ -34,10 +34,13 @@ class chromaticCircleView : public View {
     bool acceptsFocus() const override { return true; }
     bool keyDown(const KeyEvent&) override; ///< arrows: one point, with Shift ten
     std::optional<Rect> focusMark() const override;
+    std::optional<Colour> colourAt(Point) override; ///< of the picture, within the rim
+    std::optional<Colour> colourInFocus() override { return colours_.getSecondColor(); }
     Accessible accessible() const override;
 
   private:
     void pick(Point);
+    bool isWithinRim(Point) const;
     float pictureRow(double y) const;
     Colour pixelAt(double x, float row) const;
     const Bitmap& shownPicture(double scale);

@@ -185,6 +185,8 @@ class HeadlessRowList : public Headless<RowList> {
 class HeadlessMenu : public Menu {
   public:
     int popUps = 0;
+    std::vector<std::function<MenuItems()>> more;
+    void addMenuItems(std::function<MenuItems()> items) override { more.push_back(std::move(items)); }
     void popUp(const View&, Point) override { ++popUps; }
 };
 

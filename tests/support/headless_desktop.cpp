@@ -62,7 +62,7 @@ struct Connector {
 
 } // namespace
 
-HeadlessForm::HeadlessForm(const FormOwner& owner) {
+HeadlessForm::HeadlessForm(const FormOwner& owner) : colours(owner.colours) {
     for (const OutletEntry& entry : owner.outlets)
         std::visit(Connector{*this, std::string(entry.name)}, entry.target);
     for (const ActionEntry& entry : owner.actions)

@@ -28,6 +28,7 @@ class HeadlessForm : public Form {
     std::map<std::string, View*> views;
     std::map<std::string, std::function<void()>> actions;
     std::vector<std::unique_ptr<ViewHost>> hosts;
+    ColourOperations* colours; ///< the owner's; null where it has none
 };
 
 /// A view's host without a widget: counts what it is told.

@@ -8,7 +8,6 @@
 #include "qt/mishap.h"
 
 #include <QAccessible>
-#include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QHelpEvent>
@@ -28,10 +27,6 @@ constexpr Size dragPicture{20, 20};
 ColorWellWidget::ColorWellWidget(QWidget* parent) : QWidget(parent) {
     setAcceptDrops(true);
     setFocusPolicy(Qt::StrongFocus);
-    setContextMenuPolicy(Qt::ActionsContextMenu);
-    auto* copy = new QAction(tr("Copy as hex"), this);
-    connect(copy, &QAction::triggered, this, &ColorWellWidget::copyAsHex);
-    addAction(copy);
 }
 
 void ColorWellWidget::setColor(const Colour& colour) {

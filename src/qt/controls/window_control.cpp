@@ -1,5 +1,6 @@
 #include "qt/controls/window_control.h"
 
+#include "qt/item_menu.h"
 #include "qt/mishap.h"
 #include "qt/view_widget.h"
 
@@ -55,7 +56,14 @@ void WindowControl::attachAsChildOf(Window& parent) {
 
 void MenuControl::popUp(const View& view, Point at) {
     const auto* widget = dynamic_cast<const ViewWidget*>(view.host());
-    if (menu_ && widget) menu_->exec(widget->mapToGlobal(widget->toWidget(at)).toPoint());
+    if (!menu_ || !widget) return;
+    const QList<QAction*> own = menu_->actions();
+    for (const auto& items : more_)
+        addItems(*menu_, items());
+    menu_->exec(widget->mapToGlobal(widget->toWidget(at)).toPoint());
+    if (!menu_) return; // the dialog went away meanwhile
+    for (QAction* item : menu_->actions())
+        if (!own.contains(item)) item->deleteLater(); // with the menu that it opens
 }
 
 } // namespace chromalog

@@ -5,6 +5,8 @@
 #include <QDialog>
 #include <QMenu>
 
+#include <vector>
+
 namespace chromalog {
 
 /// The root of every form: closing it in any way (close box, Escape) is one call of onClose and no more.
@@ -44,9 +46,11 @@ class MenuControl : public Menu {
   public:
     explicit MenuControl(QMenu* menu) : menu_(menu) {}
     void popUp(const View&, Point) override;
+    void addMenuItems(std::function<MenuItems()> items) override { more_.push_back(std::move(items)); }
 
   private:
     QPointer<QMenu> menu_;
+    std::vector<std::function<MenuItems()>> more_;
 };
 
 } // namespace chromalog

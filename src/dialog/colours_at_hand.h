@@ -1,0 +1,51 @@
+#pragma once
+
+#include "colour/working_colours.h"
+#include "desktop/colour_spot.h"
+#include "swatches/added_colours.h"
+#include "swatches/swatch_panels.h"
+
+#include <string>
+#include <vector>
+
+namespace chromalog {
+
+/// Copy, paste, into a list, into a working colour: what a person can do with any colour that stands in the
+/// dialog, and with the colours of a harmony together. Menus are made when they open.
+class ColoursAtHand : public ColourOperations {
+  public:
+    ColoursAtHand(WorkingColours& colours, SwatchPanels& panels, Desktop& desktop, ColorServicesProc services)
+        : colours_(colours), panels_(panels), desktop_(desktop), services_(services) {}
+
+    void offerMenus(); ///< in the lists' own menus, after the outlets are connected
+
+    bool standsForColours(const std::string& outlet) const override;
+    MenuItems menuOf(const ColourSpot&) override;
+    void copy(const ColourSpot&) override;
+    bool paste(const ColourSpot&) override;
+    void add(const ColourSpot&, int list) override;
+
+  private:
+    SwatchPanel& panel(int list) { return list == 2 ? panels_.two : panels_.one; }
+    SwatchPanel* listAt(const std::string& outlet); ///< null where no list stands there
+    AddedColour named(const ColourSpot&);
+    std::vector<AddedColour> schemeAt(const std::string& outlet);
+    std::vector<AddedColour> onPasteboard();
+
+    MenuItems copyItems(const ColourSpot&);
+    MenuItems useItems(const ColourSpot&);
+    MenuItems addItems(const ColourSpot&);
+    MenuItems schemeItems(const std::string& outlet);
+    MenuItems rowItems(SwatchPanel&);
+
+    void copyText(const std::string&);
+    void use(const ColourSpot&, bool asFirst);
+    void addTo(int list, const std::vector<AddedColour>&);
+
+    WorkingColours& colours_;
+    SwatchPanels& panels_;
+    Desktop& desktop_;
+    const ColorServicesProc services_;
+};
+
+} // namespace chromalog
