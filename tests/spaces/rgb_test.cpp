@@ -19,8 +19,8 @@ TEST(Rgb, AByteIsTheNearest) {
     EXPECT_EQ(byteOf(0.5 / 255), 1u);
     EXPECT_EQ(byteOf(0.499 / 255), 0u);
     EXPECT_EQ(byteOf(254.49 / 255), 254u);
-    EXPECT_EQ(byteOf(7), 255u);
-    EXPECT_EQ(byteOf(-7), 0u);
+    EXPECT_EQ(byteOf(7.0), 255u);
+    EXPECT_EQ(byteOf(-7.0), 0u);
     EXPECT_EQ(byteOf(std::numeric_limits<double>::quiet_NaN()), 0u);
 }
 
