@@ -109,38 +109,6 @@ TEST_F(OnXServer, PicksInARowStandOnAServerThatStartsAnewWithoutClients) {
     }
 }
 
-TEST_F(OnXServer, ARealKeyboardTypesAColourAndConfirmsIt) {
-    writeFrames();
-    act("type_a_colour.sh", {"--color", "#3366cc"});
-    EXPECT_EQ(read("out"), "#ff4c19\n");
-    EXPECT_EQ(read("code"), "0\n");
-}
-
-TEST_F(OnXServer, TheOptionKeyOnOkChoosesTheOtherColour) {
-    writeFrames();
-    act("hold_option.sh", {"--color", "#3366cc", "--verbose"});
-    EXPECT_EQ(read("out"), "#3366cc\n");
-    playWell("state $/state.json\n");
-    EXPECT_EQ(state()["useSecondColor"], 1) << "the choice is kept";
-}
-
-TEST_F(OnXServer, TheOptionKeyWhileTheDialogOpensSkipsThePreferences) {
-    playWell("choose $/three.aco\npress loadSwatch1:\n");
-    writeFrames();
-    act("hold_option_while_opening.sh", {});
-    const auto kept = runProgram({"find", file("data"), "-name", "*.prf.skipped"});
-    EXPECT_NE(kept.out, "") << "what was skipped is kept once";
-    EXPECT_THAT(swatches(1), testing::IsEmpty());
-}
-
-TEST_F(OnXServer, ARealPointerDragsWithinAndBetweenListsAndFromWells) {
-    playWell("choose $/three.aco\npress loadSwatch1:\n");
-    writeFrames();
-    act("drag_inside.sh", {"--color", "#336699"});
-    EXPECT_EQ(swatches(1), (std::vector<std::string>{"Green 0 65535 0", "Blue 0 0 65535", "Red 65535 0 0"}));
-    EXPECT_EQ(swatches(2), (std::vector<std::string>{"Green 0 65535 0", "New Color 13107 26214 39321"}));
-}
-
 TEST_F(OnXServer, ColoursCrossProgramsExactToTheWord) {
     if (!installed("/usr/bin/python3 -c 'import gi; gi.require_version(\"Gtk\", \"3.0\")'"))
         GTEST_SKIP() << "needs GTK 3";
