@@ -19,18 +19,29 @@ inline double contrast(const QColor& a, const QColor& b) {
     return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
 }
 
+/// The first colour on the way between two that has that contrast to a third; the last one where none has.
+inline QColor firstStandingOut(const QColor& from, const QColor& to, const QColor& against, double least) {
+    constexpr int steps = 32;
+    const auto between = [](int a, int b, int step) { return a + (b - a) * step / steps; };
+    for (int step = 0; step < steps; ++step) {
+        const QColor mixed(between(from.red(), to.red(), step), between(from.green(), to.green(), step),
+                           between(from.blue(), to.blue(), step));
+        if (contrast(mixed, against) >= least) return mixed;
+    }
+    return to;
+}
+
 /// The quietest colour on the way from the ground to its text that keeps that contrast to the ground; the
 /// text's own where none does.
 inline QColor quietOn(const QColor& ground, const QColor& text, double least) {
-    constexpr int steps = 32;
-    const auto between = [](int from, int to, int step) { return from + (to - from) * step / steps; };
-    for (int step = 1; step < steps; ++step) {
-        const QColor mixed(between(ground.red(), text.red(), step),
-                           between(ground.green(), text.green(), step),
-                           between(ground.blue(), text.blue(), step));
-        if (contrast(mixed, ground) >= least) return mixed;
-    }
-    return text;
+    return firstStandingOut(ground, text, ground, least);
+}
+
+/// The ground, moved away from the text that lies on it until they have that contrast; as it is where they
+/// have it.
+inline QColor carrying(const QColor& ground, const QColor& text, double least) {
+    const bool darkens = relativeLuminance(text) > relativeLuminance(ground);
+    return firstStandingOut(ground, darkens ? Qt::black : Qt::white, text, least);
 }
 
 /// Of frames around controls that lie on the window's ground.

@@ -8,6 +8,7 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QEvent>
+#include <QMenu>
 #include <QWidget>
 
 #include <array>
@@ -47,10 +48,21 @@ bool isGrey(const QColor& c) {
     return c.red() == c.green() && c.green() == c.blue();
 }
 
+/// Some desktops' accents are too light for the words on them.
+void keepSelectedTextReadable(QPalette& palette, const QPalette& desktop) {
+    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+        const QColor accent = desktop.color(group, QPalette::Highlight);
+        const QColor carries =
+            carrying(accent, desktop.color(group, QPalette::HighlightedText), kTextContrast);
+        if (carries != accent) palette.setColor(group, QPalette::Highlight, carries);
+    }
+}
+
 } // namespace
 
 QPalette surroundPalette(const QPalette& desktop, const QString& name) {
     QPalette palette;
+    keepSelectedTextReadable(palette, desktop);
     const QColor base = desktop.color(QPalette::Base);
     if (contrast(base, shownOn(base, desktop.color(QPalette::PlaceholderText))) < kTextContrast)
         palette.setColor(QPalette::PlaceholderText,
@@ -109,6 +121,10 @@ void SurroundChoice::choose(const QString& name) {
 
 void SurroundChoice::apply() {
     window_.setPalette(surroundPalette(QApplication::palette(&window_), chosen()));
+    QPalette ofMenus;
+    keepSelectedTextReadable(ofMenus, QApplication::palette(&window_));
+    for (auto* menu : window_.findChildren<QMenu*>()) // windows of their own: they take no palette over
+        menu->setPalette(ofMenus);
 }
 
 bool SurroundChoice::eventFilter(QObject*, QEvent* event) {

@@ -315,6 +315,57 @@ TEST_F(DialogTest, AnEventOfTheStripIsOneFrame) {
     EXPECT_GT(levels.size(), 10u);
 }
 
+/// However many moves arrive before the screen is painted, what is painted is the last one's, once.
+TEST_F(DialogTest, ADragWithFullListsNeverShowsAnOlderFrame) {
+    QWidget* window = desktop.widget("chromalogWindow");
+    for (SwatchPanel* panel : controler->panels().both()) {
+        for (int i = 0; i < kListCapacity; ++i)
+            panel->records[static_cast<std::size_t>(i)].SRed = 13 * i;
+        panel->view.setNumberOfColors(kListCapacity);
+        panel->storedCount = kListCapacity;
+        panel->view.setScrollSize();
+        panel->redisplay();
+    }
+    window->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+    QTest::qWait(0);
+
+    Paints paints;
+    qApp->installEventFilter(&paints);
+    auto* second = find<QWidget>("origSecondColor");
+    const auto send = [&](ViewWidget* view, QEvent::Type type, QPointF at) {
+        QMouseEvent event(type, at, view->mapToGlobal(at), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(view, &event);
+    };
+    const auto burst = [&](ViewWidget* view, QPointF from, QPointF step) {
+        for (int i = 0; i < 3; ++i)
+            send(view, QEvent::MouseMove, from + i * step);
+        EXPECT_TRUE(paints.times.empty()) << "painted while moves are left";
+        QTest::qWait(0);
+        EXPECT_EQ(paints.times[second], 1);
+        for (const auto& [widget, times] : paints.times)
+            EXPECT_EQ(times, 1) << fromQt(widget->objectName());
+        const QPoint middle(second->width() / 2, second->height() / 2);
+        EXPECT_EQ(second->grab().toImage().pixelColor(middle).rgb(),
+                  toQt(controler->colours().getSecondColor()).rgb());
+        paints.times.clear();
+    };
+    auto* strip = find<ViewWidget>("lumiView");
+    send(strip, QEvent::MouseButtonPress, {8, 2});
+    QTest::qWait(0);
+    paints.times.clear();
+    for (int y = 3; y < strip->height() - 20; y += 20)
+        burst(strip, QPointF(8, y), {0, 6});
+    send(strip, QEvent::MouseButtonRelease, {8, strip->height() - 20.0});
+    auto* wheel = find<ViewWidget>("chromaView");
+    const double side = wheel->width();
+    send(wheel, QEvent::MouseButtonPress, {side / 4, side / 2});
+    QTest::qWait(0);
+    paints.times.clear();
+    for (double x = side / 4; x < side * 3 / 4; x += 20)
+        burst(wheel, QPointF(x, side / 2), {5, 0});
+}
+
 TEST_F(DialogTest, EveryButtonTellsWhatItDoes) {
     for (const QPushButton* button : desktop.widget("chromalogWindow")->findChildren<QPushButton*>())
         EXPECT_FALSE(button->toolTip().isEmpty()) << button->objectName().toStdString();

@@ -7,7 +7,7 @@
 namespace chromalog {
 
 namespace {
-constexpr double shown = 0.45; ///< of the widget, over what lies below it
+constexpr double shown = 0.7; ///< of the widget, over what lies below it: its texts stay readable
 } // namespace
 
 void setDimmed(QWidget& widget, bool dimmed) {

@@ -1,5 +1,6 @@
 #include "qt/controls/tinted_button.h"
 
+#include "qt/contrast.h"
 #include "qt/controls/focus_ring.h"
 #include "qt/convert.h"
 #include "qt/mishap.h"
@@ -7,6 +8,18 @@
 #include <QPainter>
 
 namespace chromalog {
+
+namespace {
+
+/// Towards the ink as long as that stays readable, else away from it.
+QColor fillWhileDown(const QColor& fill, const QColor& ink) {
+    const bool dark = ink == Qt::black;
+    const QColor nearer = dark ? fill.darker(115) : fill.lighter(130);
+    if (contrast(nearer, ink) >= 4.5) return nearer;
+    return dark ? fill.lighter(115) : fill.darker(130);
+}
+
+} // namespace
 
 void TintedButton::setTint(const Colour& tint) {
     tint_ = tint;
@@ -23,7 +36,7 @@ void TintedButton::paintEvent(QPaintEvent* event) try {
     painter.setRenderHint(QPainter::Antialiasing);
     const QColor ink = readableOn(*tint_);
     QColor fill = toQt(*tint_);
-    if (isDown()) fill = ink == Qt::black ? fill.darker(115) : fill.lighter(130);
+    if (isDown()) fill = fillWhileDown(fill, ink);
     painter.setBrush(fill);
     painter.setPen(QPen(palette().color(QPalette::Dark), isDefault() ? 2 : 1));
     painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 4, 4);
