@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <functional>
 #include <map>
 #include <regex>
@@ -87,6 +89,30 @@ TEST(Structure, NumbersWithAPointAreReadAndWrittenInOneFile) {
             offenders.push_back(file.name + " includes <charconv>");
     }
     EXPECT_THAT(offenders, testing::IsEmpty());
+}
+
+std::string textOf(const std::filesystem::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+/// What a form says beside the toolkit's own properties is told in one place.
+TEST(Structure, EveryPropertyOfTheFormsIsDescribed) {
+    const std::filesystem::path root = CHROMALOG_SOURCE_DIR;
+    const std::string page = textOf(root / "docs/architecture.md");
+    const std::regex ours("<property name=\"(\\w+)\" stdset=\"0\">");
+    std::set<std::string> missing, found;
+    for (const auto& entry : std::filesystem::directory_iterator(root / "resources")) {
+        if (entry.path().extension() != ".ui") continue;
+        const std::string form = textOf(entry.path());
+        for (std::sregex_iterator at(form.begin(), form.end(), ours), end; at != end; ++at) {
+            const std::string name = (*at)[1];
+            found.insert(name);
+            if (name != "sizeHint" && page.find('`' + name + '`') == std::string::npos) missing.insert(name);
+        }
+    }
+    EXPECT_GT(found.size(), 10u);
+    EXPECT_THAT(missing, testing::IsEmpty());
 }
 
 TEST(Structure, NoFileIsLongerThanOneCanHoldInMind) {
