@@ -78,6 +78,11 @@ QPalette surroundPalette(const QPalette& desktop, const QString& name) {
     for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
         if (const QColor window = desktop.color(group, QPalette::Window); !isGrey(window))
             palette.setColor(group, QPalette::Window, greyOf(window));
+    const QColor window = greyOf(desktop.color(QPalette::Window)), text = desktop.color(QPalette::WindowText);
+    // A readout is greyed, too, that somebody reads: how many were found.
+    if (contrast(window, shownOn(window, desktop.color(QPalette::Disabled, QPalette::WindowText))) <
+        kTextContrast)
+        palette.setColor(QPalette::Disabled, QPalette::WindowText, quietOn(window, text, kTextContrast));
     return palette;
 }
 

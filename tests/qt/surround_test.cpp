@@ -47,7 +47,6 @@ TEST(Surround, TextsAndLinesAreSeenOnEveryGround) {
             EXPECT_GE(contrast(window, shown.color(QPalette::WindowText)), 4.5) << name.toStdString();
             EXPECT_GE(contrast(window, hairline(shown)), 3) << name.toStdString();
             EXPECT_EQ(window.hsvSaturation(), 0) << name.toStdString();
-            if (name == "desktop") continue;
             const QColor quiet = shown.color(QPalette::Disabled, QPalette::WindowText);
             EXPECT_GE(contrast(window, quiet), 4.5) << name.toStdString();
         }
@@ -84,6 +83,16 @@ TEST(Surround, PlaceholdersAreReadOnADesktopThatForgetsThem) {
     EXPECT_GE(contrast(shown.color(QPalette::PlaceholderText), QColor(0x262626)), 4.5);
     desktop.setColor(QPalette::PlaceholderText, QColor(0xbbbbbb));
     EXPECT_EQ(shownOn(desktop, "desktop").color(QPalette::PlaceholderText), QColor(0xbbbbbb));
+}
+
+/// How many were found is greyed, and read.
+TEST(Surround, WhatIsGreyedIsReadOnADesktopThatMakesItFaint) {
+    QPalette desktop = desktops()[0];
+    desktop.setColor(QPalette::Disabled, QPalette::WindowText, QColor(0xbebebe));
+    const QColor grey = shownOn(desktop, "desktop").color(QPalette::Disabled, QPalette::WindowText);
+    EXPECT_GE(contrast(grey, desktop.color(QPalette::Window)), 4.5);
+    EXPECT_LT(contrast(grey, desktop.color(QPalette::Window)), 5.5) << "and is still grey";
+    EXPECT_EQ(shownOn(desktop, "desktop").color(QPalette::WindowText), QColor(Qt::black));
 }
 
 TEST(Surround, AsTheDesktopOnlyATintIsTakenAway) {
