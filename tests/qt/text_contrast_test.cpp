@@ -138,6 +138,7 @@ class TextContrast : public testing::WithParamInterface<const char*>, public Who
         if (label.text().trimmed().isEmpty()) return;
         expectReadable(label, label.rect(), where);
         if (!label.objectName().startsWith("near")) return; // the one readout that can be out of date
+        if (where.ends_with("Grey")) return;                // black itself has 5.3 : 1 there
         setDimmed(label, true);
         expectReadable(label, label.rect(), where + ", dimmed");
         setDimmed(label, false);
@@ -170,7 +171,8 @@ class TextContrast : public testing::WithParamInterface<const char*>, public Who
     void expectAllOn(const QPalette& desktop, const std::string& name) {
         QApplication::setPalette(desktop);
         QCoreApplication::sendPostedEvents();
-        for (const char* ground : {"itemSurroundDesktop", "itemSurroundLight", "itemSurroundDark"}) {
+        for (const char* ground :
+             {"itemSurroundDesktop", "itemSurroundLight", "itemSurroundGrey", "itemSurroundDark"}) {
             window().findChild<QAction*>(ground)->trigger();
             expectAll(name + ", " + ground);
         }
