@@ -143,6 +143,31 @@ void Story::keys(const std::string& names) {
     desktop_.hands(all);
 }
 
+/// As a script finds it.
+std::vector<std::string> Story::tabOrder() {
+    constexpr int most = 40;
+    std::string script;
+    for (int i = 0; i < most; ++i)
+        script += "key Tab\nstate $/tab" + std::to_string(i) + ".json\n";
+    prepare(script);
+    std::vector<std::string> order;
+    for (int i = 0; i < most; ++i) {
+        const json seen = state("tab" + std::to_string(i) + ".json");
+        for (const auto& [name, outlet] : seen["outlets"].items())
+            if (outlet.value("focused", false)) order.push_back(name);
+    }
+    return order;
+}
+
+void Story::tabTo(const std::string& outlet) {
+    const auto order = tabOrder();
+    const auto found = std::ranges::find(order, outlet);
+    if (found == order.end()) throw std::runtime_error("Tab does not come to " + outlet);
+    const auto at = static_cast<std::size_t>(found - order.begin()) + 1;
+    for (; tabbed_ < at; ++tabbed_)
+        keys("Tab");
+}
+
 void Story::type(const std::string& typed) {
     std::size_t from = 0;
     while (from < typed.size()) {
@@ -174,6 +199,20 @@ void Story::choose(int item, int of) {
         "a menu");
     desktop_.hands({"mousemove", std::to_string(menu->x + menu->w / 3),
                     std::to_string(menu->y + menu->h * (2 * item + 1) / (2 * of)), "click", "1"});
+}
+
+void Story::choose(const std::string& menu, const std::string& item) {
+    std::ifstream in(CHROMALOG_RESOURCES "/chromalogWindow.ui");
+    const std::string form{std::istreambuf_iterator<char>(in), {}};
+    const std::size_t from = form.find("<widget class=\"QMenu\" name=\"" + menu + '"');
+    const std::string items = form.substr(from, form.find("</widget>", from) - from);
+    const std::regex added("<addaction name=\"(\\w+)\"");
+    std::vector<std::string> names;
+    for (std::sregex_iterator at(items.begin(), items.end(), added), end; at != end; ++at)
+        if ((*at)[1] != "separator") names.push_back((*at)[1]);
+    const auto found = std::ranges::find(names, item);
+    if (found == names.end()) throw std::runtime_error("no item " + item);
+    choose(static_cast<int>(found - names.begin()), static_cast<int>(names.size()));
 }
 
 void Story::waitForColour(const At& at, const std::string& hex) {

@@ -37,11 +37,13 @@ class Story : public DrivenPick {
     void drag(const At& from, const At& to);  ///< a colour, by drag and drop
     void sweep(const At& from, const At& to); ///< with the button held
     void keys(const std::string& names);      ///< of xdotool, a blank between two
+    void tabTo(const std::string& outlet);    ///< from where the last call ended; the first field at first
     void type(const std::string& text);
 
     void waitForWindow(const std::string& title); ///< with the keyboard
     void choose(int item, int of);                ///< of the menu that is open: its items are of one height
-    void waitForColour(const At&, const std::string& hex); ///< shows on the screen
+    void choose(const std::string& menu, const std::string& item); ///< by their names in the form
+    void waitForColour(const At&, const std::string& hex);         ///< shows on the screen
     std::string ended(); ///< what the program has printed, once it has ended by itself without complaint
 
     std::vector<std::string> swatches(int list); ///< that the pick has left, each as "NAME red green blue"
@@ -54,6 +56,8 @@ class Story : public DrivenPick {
 
   private:
     bool showsDrag() const;
+    std::vector<std::string> tabOrder(); ///< from the first field on
+    std::size_t tabbed_ = 0;             ///< how far along it the focus is
     std::optional<StartedProgram> program_;
 };
 

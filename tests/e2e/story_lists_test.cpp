@@ -136,7 +136,7 @@ TEST_F(StoryOfAList, AMenuDeletesTheRowUnderThePointer) {
     startWith("three.aco");
     open();
     click(row(1, 1), "3");
-    choose(2, 3); // Delete Swatch
+    choose("swatchContextMenu", "itemDelete1");
     cancel();
     EXPECT_EQ(letters(1), "RB");
 }
@@ -155,7 +155,7 @@ TEST_F(StoryOfAList, AColourIsCopiedAsHexAndNamesASwatch) {
     open();
     click(row(1, 2));
     click({"origSecondColor"}, "3");
-    choose(0, 1); // Copy as hex
+    choose(0, 1); // its only item: Copy as hex
     click({"colorName"});
     keys("ctrl+a ctrl+v");
     click({"writeToSwatch"});

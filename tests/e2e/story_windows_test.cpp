@@ -78,7 +78,7 @@ TEST_F(StoryOfAWindow, ASmallWindowWorksAndIsAsSmallNextTime) {
 TEST_F(StoryOfAWindow, AFoldLasts) {
     open();
     click({"viewMenuButton"});
-    choose(0, 8);
+    choose("viewMenu", "itemChart");
     keys("Escape");
     ended();
     EXPECT_THAT(read("data/Quorvex/Chromalog-settings.json"), testing::HasSubstr("itemChart"));
