@@ -60,15 +60,20 @@ struct Decimal {
     bool inRange = true;
 };
 
+/// Whether a point may end a number.
+enum class LastPoint { belongs, doesNot };
+
 /// Reads digits with or without a point among them and an exponent behind them. strtod alone would also take
 /// hexadecimal digits, "inf" and "nan".
-Decimal readDecimal(std::string_view text) {
+Decimal readDecimal(std::string_view text, LastPoint lastPoint = LastPoint::belongs) {
     std::size_t end = digitsEnd(text, 0);
     std::size_t digits = end;
     if (end < text.size() && text[end] == '.') {
-        const std::size_t point = end;
-        end = digitsEnd(text, point + 1);
-        digits = end - 1;
+        const std::size_t point = end, last = digitsEnd(text, point + 1);
+        if (last > point + 1 || lastPoint == LastPoint::belongs) {
+            end = last;
+            digits = end - 1;
+        }
     }
     if (digits == 0) return {};
     const std::string_view mantissa = text.substr(0, end);
@@ -112,11 +117,34 @@ std::optional<double> finiteNumber(std::string_view text) {
     return minus ? -read.value : read.value;
 }
 
-std::string fixedText(double value) {
+std::optional<double> takeDecimal(std::string_view& text) {
+    constexpr double largest = 1e15;
+    const bool minus = text.starts_with('-');
+    const std::size_t sign = minus || text.starts_with('+') ? 1 : 0;
+    const Decimal read = readDecimal(text.substr(sign), LastPoint::doesNot);
+    if (read.length == 0) return std::nullopt;
+    text.remove_prefix(sign + read.length);
+    const double value = std::min(read.value, largest);
+    return minus ? -value : value;
+}
+
+std::string fixedText(double value, int decimals) {
     char text[400]; // the longest double has 309 digits before the point
     const PlainNumbers plain;
-    std::snprintf(text, sizeof text, "%.6f", value);
+    std::snprintf(text, sizeof text, "%.*f", decimals, value);
     return text;
+}
+
+std::string decimalText(double value, int decimals) {
+    constexpr double largest = 1e9;
+    const double scale = std::pow(10.0, decimals);
+    const double bounded = std::isnan(value) ? 0 : std::clamp(value, -largest, largest);
+    std::string text = fixedText(std::round(bounded * scale) / scale, decimals);
+    if (text.find('.') != std::string::npos) {
+        text.erase(text.find_last_not_of('0') + 1);
+        if (text.back() == '.') text.pop_back();
+    }
+    return text == "-0" ? "0" : text;
 }
 
 std::int16_t saturated16(double value) {

@@ -16,8 +16,17 @@ std::int64_t integerValue(std::string_view text); ///< "99.5" is 99, "1e2" is 1;
 /// too small for a double is nothing as well.
 std::optional<double> finiteNumber(std::string_view text);
 
-/// Six decimals and a point, whatever the process's locale is: "0.500000".
-std::string fixedText(double value);
+/// Takes the longest decimal number from the front of a text: a sign, digits, a fraction, an exponent, each
+/// but the digits optional (".5" too; a point needs digits behind it). Clamped to +-1e15. The text is left
+/// alone where no number stands. The same under every locale.
+std::optional<double> takeDecimal(std::string_view& text);
+
+/// So many decimals and a point, whatever the process's locale is: "0.500000".
+std::string fixedText(double value, int decimals = 6);
+
+/// With at most so many decimals (0..9), halves away from zero, without trailing zeros: "0.5", "12", never
+/// "-0". Values are clamped to +-1e9, no number is "0".
+std::string decimalText(double value, int decimals);
 
 /// Truncates toward zero and saturates on the way to 16 bits.
 std::int16_t saturated16(double value);

@@ -1,7 +1,7 @@
 #include "colour/ink_text.h"
 
+#include "base/number_text.h"
 #include "spaces/ascii_text.h"
-#include "spaces/decimal_text.h"
 
 namespace chromalog {
 namespace {

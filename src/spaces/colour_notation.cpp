@@ -1,7 +1,7 @@
 #include "spaces/colour_notation.h"
 
+#include "base/number_text.h"
 #include "spaces/css_colour.h"
-#include "spaces/decimal_text.h"
 #include "spaces/gamut.h"
 #include "spaces/hsb.h"
 #include "spaces/hsl.h"
@@ -140,7 +140,7 @@ std::string unitText(const Rgb& rgb, double alpha) {
     std::string components[4];
     std::size_t count = 0;
     for (const double component : {rgb.red, rgb.green, rgb.blue, alpha})
-        components[count++] = fixedDecimalText(component, kUnitDecimals);
+        components[count++] = fixedText(component, kUnitDecimals);
     return joined(std::span(components).first(byteOf(alpha) == 255 ? 3 : 4), ", ");
 }
 

@@ -4,8 +4,6 @@
 #include "spaces/ascii_text.h"
 #include "spaces/css_functions.h"
 
-#include <charconv>
-
 namespace chromalog {
 namespace {
 
@@ -34,13 +32,14 @@ std::string_view valueIn(std::string_view text) {
     return unquoted(text);
 }
 
+/// Of lower-case digits.
 std::optional<ReadColour> readHex(std::string_view digits, bool bare) {
-    std::uint32_t value = 0;
-    const char* end = digits.data() + digits.size();
-    const auto [stop, error] = std::from_chars(digits.data(), end, value, 16);
-    if (error != std::errc{} || stop != end) return std::nullopt;
     const bool isShort = digits.size() == 3 || (digits.size() == 4 && !bare);
     if (!isShort && digits.size() != 6 && digits.size() != 8) return std::nullopt;
+    if (!std::ranges::all_of(digits, isHexDigit)) return std::nullopt;
+    std::uint32_t value = 0;
+    for (const char c : digits)
+        value = value << 4 | static_cast<std::uint32_t>(isDigit(c) ? c - '0' : c - 'a' + 10);
     if (isShort) // each digit twice, with the alpha of #rgba in the place of its byte
         value = (value & 0xF000) * 0x11000 | (value & 0xF00) * 0x1100 | (value & 0xF0) * 0x110 |
                 (value & 0xF) * 0x11;

@@ -1,7 +1,7 @@
 #include "spaces/css_functions.h"
 
+#include "base/number_text.h"
 #include "spaces/ascii_text.h"
-#include "spaces/decimal_text.h"
 #include "spaces/gamut.h"
 #include "spaces/hsb.h"
 #include "spaces/hsl.h"
