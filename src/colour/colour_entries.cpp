@@ -5,6 +5,7 @@
 #include "base/number_text.h"
 #include "colour/ink_text.h"
 #include "spaces/colour_reading.h"
+#include "spaces/returned_rgb.h"
 
 #include <cmath>
 

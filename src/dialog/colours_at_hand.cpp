@@ -7,6 +7,7 @@
 #include "record/name_text.h"
 #include "spaces/colour_notation.h"
 #include "spaces/colour_texts.h"
+#include "spaces/returned_rgb.h"
 
 #include <optional>
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "base/colour.h"
-#include "base/colour_text.h"
 
 #include <algorithm>
 #include <cmath>
@@ -19,12 +18,6 @@ struct Rgb {
 
 inline Rgb rgbOf(const Colour& colour) {
     return {colour.red(), colour.green(), colour.blue()};
-}
-
-/// As OK returns it: what every text tells of a colour.
-inline Rgb returnedRgb(const Colour& colour) {
-    const RgbChannels channels = channelsOf(colour);
-    return {channels[0] / 65535.0, channels[1] / 65535.0, channels[2] / 65535.0};
 }
 
 /// Clamps each component by itself, as every `Colour` is clamped.
