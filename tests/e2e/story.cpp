@@ -215,6 +215,20 @@ void Story::choose(const std::string& menu, const std::string& item) {
     choose(static_cast<int>(found - names.begin()), static_cast<int>(names.size()));
 }
 
+bool Story::menuIsOpen() const {
+    return std::ranges::any_of(desktop_.popups(), [](const XDesktop::Popup& popup) { return !popup.isTip; });
+}
+
+void Story::take(const At& at, int item) {
+    click(at, "3");
+    until([this] { return menuIsOpen(); }, "the menu of " + at.outlet);
+    std::string names;
+    for (int i = 0; i < item; ++i)
+        names += "Down ";
+    keys(names + "Return");
+    until([this] { return !menuIsOpen(); }, "the end of the menu of " + at.outlet);
+}
+
 void Story::waitForColour(const At& at, const std::string& hex) {
     const auto place = onScreen(at);
     const auto wanted = static_cast<std::uint32_t>(std::stoul(hex.substr(1), nullptr, 16));

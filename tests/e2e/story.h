@@ -43,7 +43,10 @@ class Story : public DrivenPick {
     void waitForWindow(const std::string& title); ///< with the keyboard
     void choose(int item, int of);                ///< of the menu that is open: its items are of one height
     void choose(const std::string& menu, const std::string& item); ///< by their names in the form
-    void waitForColour(const At&, const std::string& hex);         ///< shows on the screen
+    /// Opens the control's context menu and takes its item by keys: the first is 1, lines do not count.
+    void take(const At&, int item);
+    bool menuIsOpen() const;
+    void waitForColour(const At&, const std::string& hex); ///< shows on the screen
     std::string ended(); ///< what the program has printed, once it has ended by itself without complaint
 
     std::vector<std::string> swatches(int list); ///< that the pick has left, each as "NAME red green blue"

@@ -6,23 +6,7 @@ namespace {
 
 using testing::ElementsAre;
 
-class StoryOfTexts : public Story {
-  protected:
-    /// Opens the control's menu and takes its item: the first is 1, lines between items do not count.
-    void take(const At& at, int item) {
-        click(at, "3");
-        until([this] { return menuIsOpen(); }, "the menu of " + at.outlet);
-        std::string names;
-        for (int i = 0; i < item; ++i)
-            names += "Down ";
-        keys(names + "Return");
-        until([this] { return !menuIsOpen(); }, "the end of the menu of " + at.outlet);
-    }
-
-    bool menuIsOpen() const {
-        return std::ranges::any_of(desktop_.popups(), [](const auto& popup) { return !popup.isTip; });
-    }
-};
+using StoryOfTexts = Story;
 
 TEST_F(StoryOfTexts, AHexCodeIsTypedOverTheOldOne) {
     open();

@@ -72,7 +72,7 @@ TEST_F(StoryOfAWindow, ASmallWindowWorksAndIsAsSmallNextTime) {
     click({"chromaView", 100, 60});
     click({"toggleSecondColor", 200, 12});
     click({"okButton"});
-    EXPECT_EQ(ended(), "#5959cc");
+    EXPECT_EQ(ended(), "#6d5fcc");
 }
 
 TEST_F(StoryOfAWindow, AFoldLasts) {
