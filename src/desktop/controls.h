@@ -25,6 +25,8 @@ class Control {
     virtual void setDimmed(bool) {} ///< painted as out of date; it works as before
     /// Makes it a control of one of the dialog's own classes, for those who look at the dialog from outside.
     virtual void setClassName(const char*) {}
+    /// Asked whenever a person opens its context menu: they stand below what it has there.
+    virtual void addMenuItems(std::function<MenuItems()>) {}
 };
 
 /// Also labels and search fields. A field that a person is typing in keeps its text until its dialog's focus
@@ -41,6 +43,7 @@ class TextField : public Control {
     virtual void whenReturnPressed(std::function<void()>) {}
     /// Marks the text as one that cannot be read and tells why; an empty text takes the mark away.
     virtual void setFault(std::string_view) {}
+    virtual void whenStepped(std::function<void(int)>) {} ///< by the keys Up (-1) and Down (1)
 };
 
 class Button : public Control {

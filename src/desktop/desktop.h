@@ -2,6 +2,7 @@
 
 #include "base/bitmap.h"
 #include "desktop/controls.h"
+#include "desktop/file_memory.h"
 #include "desktop/form.h"
 #include "desktop/panels.h"
 #include "desktop/pasteboard.h"
@@ -71,6 +72,11 @@ class Desktop {
     virtual std::string colourBooksDirectory() const = 0;
 
     virtual StatusLine& statusLine() = 0; ///< says quietly what no alert may say
+    virtual FileMemory& fileMemory() {
+        static FileMemory nothing;
+        return nothing;
+    }
+    virtual bool animates() const { return false; } ///< whether marks may fade
 
     virtual Bitmap capture(View&) = 0; ///< the view's own picture at one pixel a point
 

@@ -30,6 +30,14 @@ void View::announceChange() {
     if (host_) host_->accessibleChanged();
 }
 
+void View::editText(TextEdit edit) {
+    if (host_) host_->editText(std::move(edit));
+}
+
+void View::dropTextEdit() {
+    if (host_) host_->dropTextEdit();
+}
+
 void View::remark(Point p, std::string_view words) {
     if (host_) host_->remark(p, words);
 }

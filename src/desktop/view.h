@@ -3,6 +3,7 @@
 #include "base/geometry.h"
 #include "desktop/canvas.h"
 #include "desktop/pasteboard.h"
+#include "desktop/text_edit.h"
 
 #include <optional>
 #include <string>
@@ -14,14 +15,33 @@ struct MouseEvent {
     Point location; ///< in the view's coordinates, exact
     bool alt = false;
     bool shift = false;
+    bool control = false;
+    bool second = false; ///< of a double click
 };
 
-enum class Key { left, right, up, down, home, end, pageUp, pageDown, deleteKey, space, enter, other };
+enum class Key {
+    left,
+    right,
+    up,
+    down,
+    home,
+    end,
+    pageUp,
+    pageDown,
+    deleteKey,
+    space,
+    enter,
+    other,
+    rename,    ///< F2
+    selectAll, ///< Ctrl+A
+    escape
+};
 
 struct KeyEvent {
     Key key = Key::other;
     bool shift = false;
     bool alt = false;
+    bool control = false;
 };
 
 /// What assistive technology is told about a view.
@@ -51,6 +71,8 @@ class ViewHost {
     virtual void hiddenChanged() = 0; ///< the view was shown or hidden
     virtual void accessibleChanged() = 0;
     virtual void remark(Point, std::string_view) {} ///< shows a few words near a point, for a while
+    virtual void editText(TextEdit) {}              ///< in the place of an edit that is open
+    virtual void dropTextEdit() {}                  ///< as Escape does; nothing where there is none
     virtual std::optional<Rect>
     superviewBounds() const = 0; ///< the clip of a scroll view; nothing without one
     virtual Colour surround() const { return Colour::rgb(1, 1, 1); } ///< the ground around the view
@@ -69,7 +91,9 @@ class View : public DragSource {
     void setHidden(bool);
     void setNeedsDisplay();
     void remark(Point, std::string_view words); ///< a few words near a point, for a while
-    void announceChange();                      ///< name, value or rows changed for assistive technology
+    void editText(TextEdit);
+    void dropTextEdit();
+    void announceChange(); ///< name, value or rows changed for assistive technology
     std::optional<Rect> superviewBounds() const;
     Colour surround() const { return host_ ? host_->surround() : Colour::rgb(1, 1, 1); }
 
@@ -110,6 +134,11 @@ class View : public DragSource {
     virtual bool acceptsColourDrags() const { return false; }
     virtual DragOperation draggingEntered(const DragInfo&) { return DragOperation::none; }
     virtual bool performDragOperation(const DragInfo&) { return false; }
+    virtual void draggingUpdated(const DragInfo&) {} ///< also once after it entered
+    virtual void draggingExited() {}                 ///< it left, or was dropped
+    /// A drag that offers a file and no colour; only files of this machine are offered.
+    virtual bool acceptsFile(const std::string&) const { return false; }
+    virtual void fileDropped(const std::string&) {}
 
     virtual Accessible accessible() const { return {}; }
     virtual int accessibleRowCount() const { return 0; }

@@ -3,7 +3,6 @@
 #include "qt/convert.h"
 #include "qt/mishap.h"
 
-#include <QActionGroup>
 #include <QMenu>
 
 namespace chromalog {
@@ -13,15 +12,6 @@ namespace {
 /// A title is no mnemonic's: what stands in it may be a name from outside.
 QString plainTitle(const MenuItem& item) {
     return toQt(item.title).replace('&', "&&");
-}
-
-/// Of the choices of a menu, one is taken.
-void makeChoice(QMenu& menu, QAction& action, bool checked) {
-    auto* group = menu.findChild<QActionGroup*>(QString(), Qt::FindDirectChildrenOnly);
-    if (!group) group = new QActionGroup(&menu);
-    action.setCheckable(true);
-    action.setActionGroup(group);
-    action.setChecked(checked);
 }
 
 void addItem(QMenu& menu, const MenuItem& item) {
@@ -44,7 +34,9 @@ void addItem(QMenu& menu, const MenuItem& item) {
     }
     action->setEnabled(item.enabled);
     action->setProperty("action", toQt(item.action));
-    if (item.checked) makeChoice(menu, *action, *item.checked);
+    if (!item.checked) return;
+    action->setCheckable(true);
+    action->setChecked(*item.checked);
 }
 
 } // namespace

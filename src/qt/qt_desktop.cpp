@@ -15,6 +15,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QFile>
+#include <QStyle>
 #include <QTimer>
 #include <QWindow>
 
@@ -255,6 +256,16 @@ Bitmap QtDesktop::capture(View& view) {
 
 void QtDesktop::runPageLayout(Window& parent) {
     openPageSetup(printJobs_.info, lengthUnit_, widgetOf(parent));
+}
+
+void QtDesktop::rememberFiles(const std::string& settingsPath) {
+    fileHabits_.rememberIn(settingsPath);
+    forPerson_ = true;
+}
+
+/// Where the desktop lets nothing move, styles have no time for it.
+bool QtDesktop::animates() const {
+    return forPerson_ && QApplication::style()->styleHint(QStyle::SH_Widget_Animation_Duration) > 0;
 }
 
 void QtDesktop::takePageHabits(const PageHabits& habits) {

@@ -68,6 +68,8 @@ class QtDesktop : public Desktop {
     std::string applicationsDirectory() const override;
     std::string colourBooksDirectory() const override { return settings_.booksDirectory; }
     StatusLine& statusLine() override { return status_; }
+    FileMemory& fileMemory() override { return fileHabits_; }
+    bool animates() const override;
     Bitmap capture(View&) override;
     PrintInfo& sharedPrintInfo() override { return printJobs_.info; }
     void runPageLayout(Window& parent) override;
@@ -88,6 +90,8 @@ class QtDesktop : public Desktop {
 
     /// For a person: the unit of lengths, and the paper that the print settings begin with.
     void takePageHabits(const PageHabits&);
+    /// For a person: files are remembered in the settings file, and marks may fade.
+    void rememberFiles(const std::string& settingsPath);
 
     void forget(QtForm&); ///< the form goes away
 
@@ -107,7 +111,8 @@ class QtDesktop : public Desktop {
     Drags drags_;
     PrintJobs printJobs_{status_};
     Completions completions_;
-    FilePanels panels_;
+    FileHabits fileHabits_;
+    FilePanels panels_{fileHabits_};
     std::vector<QtForm*> forms_;
     QPointer<QMessageBox> openAlert_;
     std::vector<Alert> alerts_;
@@ -115,6 +120,7 @@ class QtDesktop : public Desktop {
     mutable Pasteboard pasteboard_; ///< the clipboard as last read
     std::intptr_t hostWindow_ = 0;  ///< as the window system names it
     bool modalRan_ = false;
+    bool forPerson_ = false;
     LengthUnit lengthUnit_ = LengthUnit::points;
 };
 

@@ -7,15 +7,18 @@
 #include "qt/convert.h"
 #include "qt/drags.h"
 #include "qt/mishap.h"
+#include "qt/name_editor.h"
 #include "qt/paint_canvas.h"
 #include "qt/view_accessible.h"
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QToolTip>
+#include <QUrl>
 
 #include <cmath>
 
@@ -23,8 +26,8 @@ namespace chromalog {
 
 namespace {
 
-Key keyOf(int key) {
-    switch (key) {
+Key keyOf(const QKeyEvent& event) {
+    switch (event.key()) {
     case Qt::Key_Left:
         return Key::left;
     case Qt::Key_Right:
@@ -49,6 +52,12 @@ Key keyOf(int key) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
         return Key::enter;
+    case Qt::Key_F2:
+        return Key::rename;
+    case Qt::Key_A:
+        return event.modifiers() == Qt::ControlModifier ? Key::selectAll : Key::other;
+    case Qt::Key_Escape:
+        return Key::escape;
     default:
         return Key::other;
     }
@@ -189,9 +198,20 @@ void ViewWidget::paintEvent(QPaintEvent* event) try {
     mishap();
 }
 
+void ViewWidget::editText(TextEdit edit) {
+    dropTextEdit();
+    const QRect where = toWidget(edit.where).toAlignedRect();
+    new NameEditor(*this, where, std::move(edit)); // the widget's child
+}
+
+void ViewWidget::dropTextEdit() {
+    if (NameEditor* editor = NameEditor::of(*this)) editor->end(NameEditor::End::dropped);
+}
+
 MouseEvent ViewWidget::translated(const QMouseEvent& event) const {
-    return {toView(event.position()), event.modifiers().testFlag(Qt::AltModifier),
-            event.modifiers().testFlag(Qt::ShiftModifier)};
+    const auto held = [&event](Qt::KeyboardModifier key) { return event.modifiers().testFlag(key); };
+    return {toView(event.position()), held(Qt::AltModifier), held(Qt::ShiftModifier),
+            held(Qt::ControlModifier), doubled_ && !dragSent_};
 }
 
 void ViewWidget::mousePressEvent(QMouseEvent* event) try {
@@ -201,6 +221,7 @@ void ViewWidget::mousePressEvent(QMouseEvent* event) try {
     } else if (event->button() == Qt::LeftButton) {
         pressed_ = true;
         dragSent_ = false;
+        doubled_ = event->type() == QEvent::MouseButtonDblClick; // the press of one comes here too
         pressedAt_ = event->position();
         view_->mouseDown(translated(*event));
     }
@@ -231,8 +252,9 @@ void ViewWidget::mouseReleaseEvent(QMouseEvent* event) try {
 }
 
 void ViewWidget::keyPressEvent(QKeyEvent* event) try {
-    const KeyEvent key{keyOf(event->key()), event->modifiers().testFlag(Qt::ShiftModifier),
-                       event->modifiers().testFlag(Qt::AltModifier)};
+    const KeyEvent key{keyOf(*event), event->modifiers().testFlag(Qt::ShiftModifier),
+                       event->modifiers().testFlag(Qt::AltModifier),
+                       event->modifiers().testFlag(Qt::ControlModifier)};
     if (!view_ || key.key == Key::other || !view_->keyDown(key)) QWidget::keyPressEvent(event);
 } catch (...) {
     mishap();
@@ -260,26 +282,68 @@ void ViewWidget::focusOutEvent(QFocusEvent* event) {
     focusInEvent(event);
 }
 
+namespace {
+
+/// The first of the files that the view takes; empty where there is none, or where a colour is offered.
+std::string fileFor(const View& view, const QMimeData& mime) {
+    if (mime.hasColor() || !mime.hasUrls()) return {};
+    for (const QUrl& url : mime.urls())
+        if (const std::string path = fromQt(url.toLocalFile()); view.acceptsFile(path)) return path;
+    return {};
+}
+
+} // namespace
+
 void ViewWidget::dragEnterEvent(QDragEnterEvent* event) try {
-    if (view_ &&
-        view_->draggingEntered(dragInfoOf(*event, toView(event->position()))) == DragOperation::copy) {
-        event->setDropAction(Qt::CopyAction);
-        event->accept();
-    } else {
-        event->ignore();
-    }
+    event->ignore();
+    if (!view_) return;
+    draggedFile_ = fileFor(*view_, *event->mimeData());
+    dragged_ = dragInfoOf(*event, toView(event->position()));
+    if (draggedFile_.empty() && view_->draggingEntered(dragged_) != DragOperation::copy) return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
 } catch (...) {
     mishap();
 }
 
-void ViewWidget::dragMoveEvent(QDragMoveEvent* event) {
+void ViewWidget::dragMoveEvent(QDragMoveEvent* event) try {
     event->setDropAction(Qt::CopyAction);
     event->accept(); // only an entered drag gets here
+    if (view_ && draggedFile_.empty()) draggedOver(*event);
+} catch (...) {
+    mishap();
+}
+
+void ViewWidget::draggedOver(const QDropEvent& event) {
+    dragged_.location = toView(event.position());
+    view_->draggingUpdated(dragged_);
+    auto* area = qobject_cast<ListScrollArea*>(clipWidget() ? clipWidget()->parentWidget() : nullptr);
+    if (!area) return;
+    if (!dragScroll_)
+        dragScroll_ = std::make_unique<DragScroll>(*area, [this](int pixels) {
+            dragged_.location.y += pixels; // the pointer rests, and a list is flipped
+            if (view_) view_->draggingUpdated(dragged_);
+        });
+    dragScroll_->over(int(event.position().y()) + y());
+}
+
+void ViewWidget::dragIsOver() {
+    if (dragScroll_) dragScroll_->stop();
+    if (view_) view_->draggingExited();
+}
+
+void ViewWidget::dragLeaveEvent(QDragLeaveEvent*) {
+    guarded([this] { dragIsOver(); });
 }
 
 void ViewWidget::dropEvent(QDropEvent* event) try {
     if (!view_) return;
+    dragIsOver();
     event->setDropAction(Qt::CopyAction);
+    if (!draggedFile_.empty()) {
+        event->accept();
+        return view_->fileDropped(draggedFile_);
+    }
     event->setAccepted(view_->performDragOperation(dragInfoOf(*event, toView(event->position()))));
 } catch (...) {
     mishap();

@@ -1,10 +1,14 @@
 #pragma once
 
 #include "desktop/view.h"
+#include "qt/drag_scroll.h"
 #include "qt/line_cache.h"
 
 #include <QPointer>
 #include <QWidget>
+
+#include <memory>
+#include <string>
 
 namespace chromalog {
 
@@ -37,6 +41,8 @@ class ViewWidget : public QWidget, public ViewHost {
     void hiddenChanged() override;
     void accessibleChanged() override;
     void remark(Point, std::string_view) override;
+    void editText(TextEdit) override;
+    void dropTextEdit() override;
     std::optional<Rect> superviewBounds() const override;
     Colour surround() const override;
 
@@ -53,6 +59,7 @@ class ViewWidget : public QWidget, public ViewHost {
     void focusOutEvent(QFocusEvent*) override;
     void dragEnterEvent(QDragEnterEvent*) override;
     void dragMoveEvent(QDragMoveEvent*) override;
+    void dragLeaveEvent(QDragLeaveEvent*) override;
     void dropEvent(QDropEvent*) override;
 
   private:
@@ -60,6 +67,8 @@ class ViewWidget : public QWidget, public ViewHost {
     void layOutView();
     void paintGround(QPainter&, const QRect&) const;
     MouseEvent translated(const QMouseEvent&) const;
+    void draggedOver(const QDropEvent&);
+    void dragIsOver();
 
     View* view_ = nullptr;
     QtDesktop* desktop_ = nullptr;
@@ -67,7 +76,11 @@ class ViewWidget : public QWidget, public ViewHost {
     QPointF pressedAt_;
     bool pressed_ = false;
     bool dragSent_ = false; ///< the view was told of this press's drag and drop
+    bool doubled_ = false;  ///< the press was the second of a double click
     bool followingView_ = false;
+    DragInfo dragged_;                       ///< the drag that is over the widget
+    std::string draggedFile_;                ///< empty where it carries a colour
+    std::unique_ptr<DragScroll> dragScroll_; ///< made by the first drag
 };
 
 } // namespace chromalog

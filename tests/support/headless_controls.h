@@ -12,6 +12,8 @@ template <typename Base> class Headless : public Base {
   public:
     std::string help;
     bool dimmed = false;
+    std::vector<std::function<MenuItems()>> menuItems; ///< of its context menu
+    void addMenuItems(std::function<MenuItems()> items) override { menuItems.push_back(std::move(items)); }
     void setHelp(std::string_view text) override { help = text; }
     void setDimmed(bool on) override { dimmed = on; }
     void setEnabled(bool enabled) override { enabled_ = enabled; }
@@ -35,7 +37,9 @@ class HeadlessTextField : public Headless<TextField> {
     void whenEditingEnds(std::function<void()> f) override { onEndEditing = std::move(f); }
     void whenReturnPressed(std::function<void()> f) override { onReturn = std::move(f); }
     void setFault(std::string_view why) override { fault = why; }
+    void whenStepped(std::function<void(int)> f) override { onStep = std::move(f); }
     std::function<void()> onEdit, onEndEditing, onReturn;
+    std::function<void(int)> onStep;
     std::string fault;
 
     /// What a person does: selects all and types, one keystroke at a time.

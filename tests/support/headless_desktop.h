@@ -36,11 +36,23 @@ class HeadlessViewHost : public ViewHost {
   public:
     int redisplays = 0, frameChanges = 0;
     std::optional<Rect> clip;
+    std::optional<TextEdit> edit; ///< that is open
+    void editText(TextEdit text) override { edit = std::move(text); }
+    void dropTextEdit() override { edit.reset(); }
     void needsDisplay() override { ++redisplays; }
     void frameChanged() override { ++frameChanges; }
     void hiddenChanged() override {}
     void accessibleChanged() override {}
     std::optional<Rect> superviewBounds() const override { return clip; }
+};
+
+/// Remembers every file for as long as the test.
+class HeadlessFileMemory : public FileMemory {
+  public:
+    std::vector<std::string> files; ///< the latest first
+    std::vector<std::string> recent() override { return files; }
+    void loaded(const std::string& path) override { files.insert(files.begin(), path); }
+    void forget(const std::string& path) override { std::erase(files, path); }
 };
 
 /// The platform without a screen, for tests: no layout, no pixels; it records what it is asked and answers as
@@ -98,6 +110,10 @@ class HeadlessDesktop : public Desktop {
     std::string applicationsDirectory() const override { return applications; }
     std::string colourBooksDirectory() const override { return books; }
     StatusLine& statusLine() override { return status; }
+    HeadlessFileMemory memory;
+    FileMemory& fileMemory() override { return memory; }
+    bool fades = false;
+    bool animates() const override { return fades; }
     Bitmap capture(View&) override { return nextCapture; }
     PrintInfo& sharedPrintInfo() override { return printInfo; }
     void runPageLayout(Window&) override { ++pageLayouts; }

@@ -101,6 +101,8 @@ bool FieldControl::eventFilter(QObject*, QEvent* event) try {
     if (event->type() != QEvent::KeyPress) return false;
     const int key = static_cast<QKeyEvent*>(event)->key();
     if (key == Qt::Key_Return || key == Qt::Key_Enter) return returnPressed();
+    if (onStep_ && (key == Qt::Key_Up || key == Qt::Key_Down))
+        return onStep_(key == Qt::Key_Up ? -1 : 1), true;
     return key == Qt::Key_Escape && escapePressed();
 } catch (...) {
     mishap();

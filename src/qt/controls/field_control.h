@@ -29,6 +29,7 @@ class FieldControl : public QObject, public WidgetControl<TextField, QLineEdit> 
     void whenEditingEnds(std::function<void()> f) override { onEndEditing_ = std::move(f); }
     void whenReturnPressed(std::function<void()> f) override { onReturn_ = std::move(f); }
     void setFault(std::string_view) override; ///< a CompactField only
+    void whenStepped(std::function<void(int)> f) override { onStep_ = std::move(f); }
 
   protected:
     bool eventFilter(QObject*, QEvent*) override;
@@ -43,6 +44,7 @@ class FieldControl : public QObject, public WidgetControl<TextField, QLineEdit> 
     bool edited_ = false;            ///< by a person, and not ended
     std::optional<QString> pending_; ///< set by the program since the last edit
     std::function<void()> onEdit_, onEndEditing_, onReturn_;
+    std::function<void(int)> onStep_;
 };
 
 /// A label; its whole text is also its tool tip, as a long one is cut. What it is given is never markup.

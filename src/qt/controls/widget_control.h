@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/controls.h"
+#include "qt/controls/context_items.h"
 #include "qt/controls/dimmed.h"
 #include "qt/controls/plain_text.h"
 #include "qt/convert.h"
@@ -32,6 +33,10 @@ template <typename ControlType, typename WidgetType> class WidgetControl : publi
     }
     void setClassName(const char* name) override {
         if (widget_) widget_->setProperty(kClassName, name);
+    }
+
+    void addMenuItems(std::function<MenuItems()> items) override {
+        if (widget_) addContextItems(*widget_, std::move(items));
     }
 
   protected:

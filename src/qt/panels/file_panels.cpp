@@ -115,13 +115,15 @@ void FilePanels::closeOn(const QWidget* parent) {
     if (answered_ && answered_->parentWidget() == parent) deleteWithoutTraces(answered_);
 }
 
-void FilePanels::show(QFileDialog* panel, PanelAnswer answer) {
+void FilePanels::show(QFileDialog* panel, const std::string& kind, PanelAnswer answer) {
     deleteWithoutTraces(open_); // a window has one sheet
     deleteWithoutTraces(answered_);
     open_ = panel;
     panel->setWindowModality(Qt::WindowModal);
-    const auto finished = [this, panel, answer = std::move(answer)](int result) {
+    if (const QString folder = habits_.folderOf(kind); !folder.isEmpty()) panel->setDirectory(folder);
+    const auto finished = [this, panel, kind, answer = std::move(answer)](int result) {
         const QStringList chosen = panel->selectedFiles();
+        if (result == QDialog::Accepted) habits_.usedFolder(kind, panel->directory().absolutePath());
         answered_ = open_;
         open_ = nullptr;
         if (result == QDialog::Accepted && !chosen.isEmpty())
@@ -143,7 +145,7 @@ void FilePanels::begin(const OpenPanel& panel, QWidget* parent, PanelAnswer answ
     for (const std::string& type : panel.types)
         patterns << "*." + toQt(type);
     if (!patterns.isEmpty()) dialog->setNameFilter(QObject::tr("Swatch files (%1)").arg(patterns.join(' ')));
-    show(dialog, std::move(answer));
+    show(dialog, panel.types.empty() ? std::string() : panel.types.front(), std::move(answer));
 }
 
 void FilePanels::begin(const SavePanel& panel, QWidget* parent, PanelAnswer answer) {
@@ -152,7 +154,7 @@ void FilePanels::begin(const SavePanel& panel, QWidget* parent, PanelAnswer answ
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setFileMode(QFileDialog::AnyFile);
     if (!panel.suggestedName.empty()) dialog->selectFile(toQt(panel.suggestedName));
-    show(dialog, std::move(answer));
+    show(dialog, panel.extension, std::move(answer));
 }
 
 } // namespace chromalog

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/panels.h"
+#include "qt/panels/file_habits.h"
 
 #include <QFileDialog>
 #include <QPointer>
@@ -24,6 +25,7 @@ QString withExtension(const QString& path, const QString& extension);
 /// The file panels: sheets of their window that answer later, from the modal loop.
 class FilePanels {
   public:
+    explicit FilePanels(FileHabits& habits) : habits_(habits) {}
     ~FilePanels();
     void begin(const OpenPanel&, QWidget* parent, PanelAnswer);
     void begin(const SavePanel&, QWidget* parent, PanelAnswer);
@@ -33,8 +35,9 @@ class FilePanels {
     const std::vector<PanelRecord>& records() const { return records_; }
 
   private:
-    void show(QFileDialog*, PanelAnswer);
+    void show(QFileDialog*, const std::string& kind, PanelAnswer);
 
+    FileHabits& habits_;
     QPointer<QFileDialog> open_;
     QPointer<QFileDialog> answered_; ///< kept until it is safe to delete: it is still inside its own signal
     std::vector<PanelRecord> records_;
