@@ -122,6 +122,7 @@ void ChromalogControler::savePrefs(Flush flush) {
 void ChromalogControler::startLists() {
     panels_.start();
     views_.start();
+    panels_.secondColour = [this] { return colours_.getSecondColor(); };
     panels_.search.observeFields();
     for (SwatchPanel* panel : panels_.both())
         panel->view.initFromControler();

@@ -25,9 +25,26 @@ inline constexpr std::string_view colorsAdded = "!Swatch Colors added!"; ///< by
 inline constexpr std::string_view colorsPasted =
     "!Swatch Colors pasted!"; ///< from the clipboard, one or many
 
-inline constexpr std::array all = {loadSwatch, loadSwatchFile, appendSwatch, deleteSwatch,
-                                   sortAlpha,  sortHue,        colorChanged, colorDeleted,
-                                   colorMoved, earlierLists,   colorsAdded,  colorsPasted};
+inline constexpr std::string_view rowsDeleted =
+    "!Swatches deleted!"; ///< several rows at once, as all of these
+inline constexpr std::string_view rowsMoved = "!Swatches moved!";
+inline constexpr std::string_view rowsCopiedAcross = "!Swatches copied across!";
+inline constexpr std::string_view rowsMovedAcross = "!Swatches moved across!";
+inline constexpr std::string_view sortRows = "!Sort selected Swatches!";
+inline constexpr std::string_view sortBrightness = "!Sort Swatch Brightness!";
+inline constexpr std::string_view sortSaturation = "!Sort Swatch Saturation!";
+inline constexpr std::string_view sortDifference = "!Sort Swatch Difference!";
+inline constexpr std::string_view sortReversed = "!Sort Swatch Reversed!";
+inline constexpr std::string_view rowRenamed = "!Swatch renamed!";
+inline constexpr std::string_view fileLoaded =
+    "!Swatch File loaded!"; ///< by a drop, or one of the recent files
+inline constexpr std::string_view fileAppended = "!Swatch File appended!";
+
+inline constexpr std::array all = {
+    loadSwatch,     loadSwatchFile, appendSwatch,     deleteSwatch,    sortAlpha,   sortHue,
+    colorChanged,   colorDeleted,   colorMoved,       earlierLists,    colorsAdded, colorsPasted,
+    rowsDeleted,    rowsMoved,      rowsCopiedAcross, rowsMovedAcross, sortRows,    sortBrightness,
+    sortSaturation, sortDifference, sortReversed,     rowRenamed,      fileLoaded,  fileAppended};
 
 } // namespace undo_label
 

@@ -95,21 +95,35 @@ void ListCommands::chooseSwatchFile(SwatchPanel& panel, Way way) {
 
 void ListCommands::swatchFileChosen(SwatchPanel& panel, Way way, const std::string& path) {
     const auto data = readChosen(path, parts_.desktop.statusLine());
-    if (!data) return;
+    if (data) bringIn(panel, way, path, *data);
+}
+
+void ListCommands::takeFile(SwatchPanel& panel, const std::string& path, FileWay way) {
+    const auto data = readChosen(path, parts_.desktop.statusLine());
+    if (!data) return parts_.desktop.fileMemory().forget(path);
+    const bool appends = way == FileWay::append;
+    parts_.setUndoablePosition(appends ? undo_label::fileAppended : undo_label::fileLoaded);
+    const std::int16_t start = appends ? panel.view.getNumberOfColors() : std::int16_t{0};
+    bringIn(panel, {appends ? "Append" : "Load", start, Way::Steps::one}, path, *data);
+}
+
+void ListCommands::bringIn(SwatchPanel& panel, Way way, const std::string& path,
+                           std::span<const std::uint8_t> data) {
     const std::string_view name = fileNameOf(path);
     const StoredName stored(name);
     const std::string verb(way.verb), latest = verb + ' ' + std::string(name), before = "before " + verb;
     std::string nameBefore = panel.view.getSwatchName();
     panel.view.setName(std::string(name));
     try {
-        DispachSwatch(*data, panel.view, way.start);
+        DispachSwatch(data, panel.view, way.start);
     } catch (...) {
         panel.view.setName(std::move(nameBefore));
         throw;
     }
     panel.storeName(stored);
     panel.storedCount = panel.view.getNumberOfColors();
-    parts_.describeSteps(latest, before);
+    parts_.describeSteps(latest, way.steps == Way::Steps::two ? before : "");
+    parts_.desktop.fileMemory().loaded(path);
     panel.showFromTheTop();
     panel.nameField->setText(name);
     panel.redisplay();

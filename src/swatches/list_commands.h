@@ -26,6 +26,9 @@ struct ListCommandsParts {
         [](std::string_view, std::string_view) {};
 };
 
+/// What a file does to a list.
+enum class FileWay { load, append };
+
 /// The commands of the two lists: load, append, clear, sort and save, and the colour book loader. File panels
 /// are sheets: what follows their answer runs later, from the modal loop.
 class ListCommands {
@@ -38,6 +41,8 @@ class ListCommands {
     void sortAlpha(SwatchPanel&);
     void sortHue(SwatchPanel&);
     void saveSwatch(SwatchPanel&);
+    /// A file that a person names without a panel: one step, and none where it cannot be read.
+    void takeFile(SwatchPanel&, const std::string& path, FileWay);
     /// Fills list 1 with a whole colour book. No step of undo, and the view keeps its count: kept.
     void loadASE();
     /// The first working colour and its name into the selected swatch of list 1.
@@ -52,11 +57,14 @@ class ListCommands {
   private:
     /// What a load and an append do otherwise alike.
     struct Way {
+        enum class Steps { one, two };
         std::string_view verb; ///< for people
         std::int16_t start;    ///< the first row
+        Steps steps = Steps::two;
     };
     void chooseSwatchFile(SwatchPanel&, Way);
     void swatchFileChosen(SwatchPanel&, Way, const std::string& path);
+    void bringIn(SwatchPanel&, Way, const std::string& path, std::span<const std::uint8_t> data);
     void bookChosen(const std::string& path);
 
     ListCommandsParts parts_;

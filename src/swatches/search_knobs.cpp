@@ -17,7 +17,9 @@ std::string foundText(std::int64_t hits) {
 void SearchKnobs::observeFields() {
     for (SwatchPanel* panel : {&one_, &two_}) {
         panel->searchField->whenEdited([this, panel] { searchTextDidChange(*panel); });
-        panel->searchField->whenReturnPressed([this, panel] { nextHit(*panel); });
+        panel->searchField->whenReturnPressed([this, panel] { returnPressed(*panel); });
+        panel->searchField->whenStepped([this, panel](int step) { nextHit(*panel, step); });
+        panel->searchField->addMenuItems([this] { return choices(); });
     }
 }
 
@@ -36,13 +38,58 @@ void SearchKnobs::startNewSearchQuery() {
     queryStartTimer_.reset();
 }
 
-void SearchKnobs::nextHit(SwatchPanel& panel) {
+const SearchOptions& SearchKnobs::options() {
+    if (!options_) options_ = habits ? habits() : SearchOptions();
+    return *options_;
+}
+
+void SearchKnobs::choose(const SearchOptions& chosen) {
+    options_ = chosen;
+    if (optionsChanged) optionsChanged(chosen);
+    for (SwatchPanel* panel : {&one_, &two_})
+        if (const std::string text = panel->searchField->text(); !text.empty())
+            panel->view.queryForColorsByName(text);
+}
+
+MenuItems SearchKnobs::choices() {
+    struct Row {
+        const char *title, *action;
+        bool SearchOptions::*option;
+    };
+    static constexpr Row kRows[] = {
+        {"Find in Any Letter Case", "findAnyCase:", &SearchOptions::ignoreCase},
+        {"Find without Accents", "findWithoutAccents:", &SearchOptions::ignoreAccents},
+        {"Find by Hex", "findByHex:", &SearchOptions::hex},
+        {"Find by Nearest CSS Name", "findByCssName:", &SearchOptions::cssName},
+        {"Show Hits Whole, Return Takes One", "findLands:", &SearchOptions::landing},
+    };
+    MenuItems items;
+    for (const Row& row : kRows) {
+        SearchOptions after = options();
+        after.*row.option = !(after.*row.option);
+        items.push_back(
+            {row.title, row.action, [this, after] { choose(after); }, true, !(after.*row.option), {}});
+    }
+    return items;
+}
+
+void SearchKnobs::returnPressed(SwatchPanel& panel) {
+    if (!options().landing) return nextHit(panel);
+    if (queryStartTimer_) startNewSearchQuery();
+    const auto& hits = panel.view.hits();
+    const auto shown = static_cast<std::size_t>(panel.view.lastShown());
+    if (shown >= hits.size()) return;
+    if (panel.view.getSelected() != hits[shown].position) jump(panel); // a press went elsewhere meanwhile
+    if (takeHit) takeHit(panel);
+}
+
+void SearchKnobs::nextHit(SwatchPanel& panel, int step) {
     if (queryStartTimer_) return startNewSearchQuery();
     const std::int64_t hits = std::ssize(panel.view.hits());
     if (hits < 1) return;
     Stepper& stepper = *panel.hitStepper;
     if (hits > 1) {
-        const std::int64_t next = (static_cast<std::int64_t>(stepper.value()) + 1) % hits;
+        const std::int64_t next = (static_cast<std::int64_t>(stepper.value()) + step + hits) % hits;
         stepper.configure(0, static_cast<double>(hits - 1), 1, static_cast<double>(next), true);
     }
     jump(panel);
@@ -66,7 +113,10 @@ void SearchKnobs::activateKnobs(SwatchPanel& panel, double hits) {
 }
 
 void SearchKnobs::jump(SwatchPanel& panel) {
-    panel.view.jumpToColor(static_cast<std::int64_t>(panel.hitStepper->value()));
+    const auto hit = static_cast<std::int64_t>(panel.hitStepper->value());
+    const bool only = options().landing && panel.view.hits().size() == 1; // whatever the stepper says
+    panel.view.jumpToColor(only ? 0 : hit);
+    if (options().landing) panel.view.scrollToShow(panel.view.getSelected());
 }
 
 } // namespace chromalog

@@ -37,14 +37,25 @@ void CSwatchList::mouseDragged(const MouseEvent& event) {
     drag.pasteboard.colour = colour;
     drag.pasteboard.text = macRomanToUtf8(zeroTerminatedName(*record));
     delegate_.desktop().setGeneralPasteboard(drag.pasteboard);
-    delegate_.desktop().beginDrag(drag);
+    extras().dragBegins();
+    delegate_.desktop().beginDrag(drag); // returns when it is over
+    extras().dragEnds();
 }
 
 DragOperation CSwatchList::draggingEntered(const DragInfo& info) {
     return info.pasteboard.colourType && info.sourceAllows ? DragOperation::copy : DragOperation::none;
 }
 
+bool CSwatchList::acceptsFile(const std::string& path) const {
+    constexpr std::string_view kExtension = ".aco";
+    if (path.size() <= kExtension.size()) return false;
+    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; };
+    return std::equal(kExtension.rbegin(), kExtension.rend(), path.rbegin(),
+                      [&](char a, char b) { return a == lower(b); });
+}
+
 bool CSwatchList::performDragOperation(const DragInfo& info) {
+    if (extras().takesDrop(info)) return true;
     delegate_.setUndoablePosition(undo_label::colorDeleted); // whatever the drop then does: kept
     delegate_.describeStep(kNothingChanged);
     delegate_.describeStep(takeDrop(info));
@@ -58,16 +69,28 @@ std::string_view CSwatchList::takeDrop(const DragInfo& info) {
     float distance = 0;
     const std::int16_t near = getNearColor(colour, distance);
     std::string_view words = kNothingChanged;
+    int place = -1; ///< of the swatch in question
     if (info.source == this) {
         moveRecord(records(), selectcolor, drop); // the count and the selection stay
+        place = drop;
         words = "Move swatch";
     } else if (distance <= kSameColour) {
+        place = near;
         refuseDropped(recordAt(records(), near));
-    } else if (insertDropped(info.pasteboard, colour, drop)) {
+    } else if (const int gap = std::min<int>(drop, nfcocolors);
+               insertDropped(info.pasteboard, colour, drop)) {
+        place = gap;
         words = "Drop of a color";
     }
     contentsChanged();
+    extras().dropped(place);
     return words;
+}
+
+bool CSwatchList::refuses(const Colour& colour) const {
+    float distance = 0;
+    getNearColor(colour, distance);
+    return distance <= kSameColour;
 }
 
 StoredName CSwatchList::droppedName(const Pasteboard& pasteboard, const Colour& colour, int place) const {

@@ -15,14 +15,18 @@ void CSwatchList::contentsChanged() {
     setNeedsDisplay();
     announceChange();
     delegate_.contentsChanged(*this);
+    extras().contentsChanged();
 }
 
 void CSwatchList::mouseDown(const MouseEvent& event) {
+    const int before = selectcolor;
     selectRow(geometry::rowAtPoint(event.location));
+    extras().pressed(event, before);
 }
 
 void CSwatchList::rightMouseDown(const MouseEvent& event) {
     selectcolor = geometry::rowAtPoint(event.location); // and not made the first colour: kept
+    extras().menuOpens();
     markMenuRow(selectcolor);
     const auto unmark = [this](CSwatchList*) { markMenuRow(std::nullopt); };
     const std::unique_ptr<CSwatchList, decltype(unmark)> whileOpen(this, unmark);

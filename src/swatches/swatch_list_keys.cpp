@@ -35,6 +35,7 @@ std::optional<int> rowForKey(const KeyEvent& event, int selected, int count, int
 } // namespace
 
 bool CSwatchList::keyDown(const KeyEvent& event) {
+    if (extras().keyDown(event)) return true;
     if (event.key == Key::deleteKey) {
         deleteEntry();
         return true;

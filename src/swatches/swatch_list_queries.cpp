@@ -13,10 +13,14 @@ void CSwatchList::sortSwatchList(std::string_view key) {
     contentsChanged();
 }
 
+std::vector<FoundEntry> CSwatchListDelegate::find(CSwatchList& list, std::string_view text) {
+    return findByName(list.records(), list1Records(), list.getNumberOfColors(), text);
+}
+
 void CSwatchList::queryForColorsByName(std::string_view text) {
     sens = 1;
     LastShown = 0;
-    lostAndFound = findByName(records(), delegate_.list1Records(), nfcocolors, text);
+    lostAndFound = delegate_.find(*this, text);
     LAFindex = 0;
     LAFCount = lostAndFound.size();
     delegate_.activateKnobs(*this, static_cast<double>(LAFCount));

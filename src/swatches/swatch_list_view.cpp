@@ -96,6 +96,7 @@ void CSwatchList::drawRows(Canvas& canvas) {
 }
 
 void CSwatchList::drawDisplayLayer(Canvas& canvas) {
+    extras().drawMarks(canvas);
     if (!menuRow_ || *menuRow_ < 0 || *menuRow_ >= shownRows()) return;
     const Rect row = geometry::selectionRectForRow(bounds(), *menuRow_);
     canvas.setStroke(Colour()); // dark around light: seen on every ground

@@ -3,6 +3,7 @@
 #include "desktop/desktop.h"
 #include "desktop/view.h"
 #include "record/list_store.h"
+#include "swatches/list_extras.h"
 #include "swatches/search.h"
 
 #include <cstdint>
@@ -39,6 +40,13 @@ class CSwatchListDelegate {
     virtual ListRecords list1Records() = 0;        ///< a search in any list terminates the names of list 1
     virtual ScrollView& scroller(CSwatchList&) = 0;
     virtual Menu& menu(CSwatchList&) = 0; ///< the list's context menu
+    virtual ListExtras& extras(const CSwatchList&) {
+        static ListExtras none;
+        return none;
+    }
+    /// The hits of a search; what it does to names on its way is its own.
+    virtual std::vector<FoundEntry> find(CSwatchList&, std::string_view text);
+    virtual void fileDropped(CSwatchList&, const std::string&) {} ///< the path of a swatch file
 };
 
 /// One swatch list as a column of rows: a patch, its name, a blue frame around the selected one. It owns no
@@ -83,7 +91,7 @@ class CSwatchList : public View {
     }
 
     void drawRect(Canvas&) override;
-    void drawDisplayLayer(Canvas&) override; ///< the row that an open context menu means
+    void drawDisplayLayer(Canvas&) override; ///< marks, and the row that an open context menu means
     /// Appends the whole list as a swatch file of version 2.
     void saveSwatches(std::vector<std::uint8_t>& data) const;
 
@@ -92,12 +100,18 @@ class CSwatchList : public View {
     void mouseDown(const MouseEvent&) override;
     void rightMouseDown(const MouseEvent&) override;
     void mouseDragged(const MouseEvent&) override;
+    void mouseUp(const MouseEvent& event) override { extras().released(event); }
     bool startsDrags() const override { return true; }
     bool acceptsFocus() const override { return true; }
     bool keyDown(const KeyEvent&) override;
     bool acceptsColourDrags() const override { return true; }
     DragOperation draggingEntered(const DragInfo&) override;
     bool performDragOperation(const DragInfo&) override;
+    void draggingUpdated(const DragInfo& info) override { extras().draggedOver(&info); }
+    void draggingExited() override { extras().draggedOver(nullptr); }
+    bool acceptsFile(const std::string& path) const override;
+    void fileDropped(const std::string& path) override { delegate_.fileDropped(*this, path); }
+    bool refuses(const Colour&) const; ///< a drop of it: a swatch is almost the same
     void deleteEntry();
     /// Inserts a swatch without a name, or appends it; false and the limit alert where the list is full.
     bool addFcoColor(const Colour&, std::int16_t position);
@@ -122,6 +136,7 @@ class CSwatchList : public View {
     void scrollToShow(int row); ///< no further than it takes to show the row with its frame
 
   private:
+    ListExtras& extras() const { return delegate_.extras(*this); }
     void moveSelected(int rows); ///< by one step of undo
     void markMenuRow(std::optional<int> row);
     StoredName droppedName(const Pasteboard&, const Colour&, int place) const;

@@ -21,6 +21,7 @@ struct SwatchPanel {
     Outlet<TextField> nameField, searchField, found;
     Outlet<Stepper> hitStepper;
     Outlet<Menu> menu;
+    Outlet<Button> load{}, append{}; ///< the buttons
 
     void takeStoredCount() { view.setNumberOfColors(storedCount); }
     void storeViewCount();             ///< nothing where the view is not connected

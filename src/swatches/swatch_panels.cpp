@@ -1,6 +1,7 @@
 #include "swatches/swatch_panels.h"
 
 #include "record/name_text.h"
+#include "swatches/list_menu.h"
 
 namespace chromalog {
 namespace {
@@ -23,9 +24,12 @@ SwatchPanels::SwatchPanels(GlobalRecord& data, Desktop& desktop, Outlet<Window>&
                 [&delegate](auto label) { delegate.setUndoablePosition(label); },
                 [&delegate] { return delegate.hostBooks(); },
                 [&delegate](auto latest, auto before) { delegate.describeSteps(latest, before); }}),
-      search(desktop, one, two), desktop_(desktop), services_(services), delegate_(delegate) {
+      search(desktop, one, two), desktop_(desktop), services_(services), delegate_(delegate),
+      rowsOne_(*this, one.view, two.view), rowsTwo_(*this, two.view, one.view) {
     one.view.setSpokenName("Swatch list 1");
     two.view.setSpokenName("Swatch list 2");
+    rowsOne_.across = &rowsTwo_;
+    rowsTwo_.across = &rowsOne_;
 }
 
 std::vector<OutletEntry> SwatchPanels::table() {
@@ -44,6 +48,10 @@ std::vector<OutletEntry> SwatchPanels::table() {
         {"seachStep2", &two.hitStepper},
         {"found1", &one.found},
         {"found2", &two.found},
+        {"loadSwatch1", &one.load, true},
+        {"loadSwatch2", &two.load, true},
+        {"appendSwatch1", &one.append, true},
+        {"appendSwatch2", &two.append, true},
     };
     for (const OutletEntry& entry : nearest.table())
         table.push_back(entry);
@@ -68,6 +76,38 @@ void SwatchPanels::start() {
         panel->view.setSwatchList(panel->records.data());
     takeStoredCounts();
     nearest.follow(one.view);
+    offerMenus();
+}
+
+/// Made when they open.
+void SwatchPanels::offerMenus() {
+    search.takeHit = [this](SwatchPanel& panel) { useAsFirstColor(panel.view, panel.view.getSelected()); };
+    for (SwatchPanel* panel : both()) {
+        panel->menu->addMenuItems([this, panel] {
+            return rowItems(rows(panel->view), panel->view, panel == &one ? 2 : 1, secondColour);
+        });
+        const auto recent = [this, panel](FileWay way) {
+            return [this, panel, way] {
+                return recentFileItems(desktop_.fileMemory(), [this, panel, way](const std::string& path) {
+                    commands.takeFile(*panel, path, way);
+                });
+            };
+        };
+        panel->load->addMenuItems(recent(FileWay::load));
+        panel->append->addMenuItems(recent(FileWay::append));
+    }
+}
+
+std::vector<FoundEntry> SwatchPanels::find(CSwatchList& list, std::string_view text) {
+    const SearchOptions& options = search.options();
+    if (rows(list).isHit) list.setNeedsDisplay(); // where nothing is found, nothing else redraws
+    rows(list).isHit = text.empty() ? nullptr : swatchTest(text, options);
+    return findSwatches(list.records(), one.records, list.getNumberOfColors(), text, options);
+}
+
+/// A swatch file that a person drops on a list.
+void SwatchPanels::fileDropped(CSwatchList& list, const std::string& path) {
+    commands.takeFile(panelOf(list), path, FileWay::load);
 }
 
 void SwatchPanels::storeViewCounts() {
@@ -89,6 +129,7 @@ void SwatchPanels::showRecord() {
         panel->view.setScrollSize();
         panel->view.setNeedsDisplay();
         panel->view.announceChange();
+        rows(panel->view).contentsChanged();
     }
     nearest.follow(one.view);
 }

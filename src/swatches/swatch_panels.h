@@ -5,10 +5,12 @@
 #include "swatches/added_colours.h"
 #include "swatches/list_commands.h"
 #include "swatches/nearest_display.h"
+#include "swatches/row_gestures.h"
 #include "swatches/search_knobs.h"
 #include "swatches/swatch_panel.h"
 
 #include <array>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -42,6 +44,9 @@ class SwatchPanels : CSwatchListDelegate {
     NearestDisplay nearest;
 
     std::array<SwatchPanel*, 2> both() { return {&one, &two}; }
+    RowGestures& rows(const CSwatchList& list) { return &list == &one.view ? rowsOne_ : rowsTwo_; }
+
+    std::function<Colour()> secondColour; ///< what lists are sorted by difference from
 
     std::vector<OutletEntry> table(); ///< under the names that interface files give them
     std::vector<ActionEntry> actions();
@@ -78,10 +83,15 @@ class SwatchPanels : CSwatchListDelegate {
     ListRecords list1Records() override { return one.records; }
     ScrollView& scroller(CSwatchList& list) override { return *panelOf(list).scroller; }
     Menu& menu(CSwatchList& list) override { return *panelOf(list).menu; }
+    ListExtras& extras(const CSwatchList& list) override { return rows(list); }
+    std::vector<FoundEntry> find(CSwatchList&, std::string_view text) override;
+    void fileDropped(CSwatchList&, const std::string& path) override;
+    void offerMenus();
 
     Desktop& desktop_;
     const ColorServicesProc services_;
     SwatchPanelsDelegate& delegate_;
+    RowGestures rowsOne_, rowsTwo_;
 };
 
 } // namespace chromalog

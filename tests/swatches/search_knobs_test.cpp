@@ -184,5 +184,62 @@ TEST_F(SearchKnobsTest, UnconnectedControlsDoNothing) {
     EXPECT_EQ(label1.text() + label2.text(), "");
 }
 
+TEST_F(SearchKnobsTest, UpAndDownGoFromHitToHit) {
+    field1.type("Blue");
+    platform.advance(1);
+    field1.onStep(1);
+    EXPECT_EQ(swatch1.getSelected(), 2);
+    field1.onStep(1);
+    EXPECT_EQ(swatch1.getSelected(), 0) << "round and round";
+    field1.onStep(-1);
+    EXPECT_EQ(swatch1.getSelected(), 2);
+}
+
+TEST_F(SearchKnobsTest, WhereHitsAreTakenReturnTakesTheOneThatShows) {
+    std::vector<int> taken;
+    knobs.takeHit = [&](SwatchPanel& panel) { taken.push_back(panel.view.getSelected()); };
+    field1.type("Blue");
+    field1.onReturn();
+    EXPECT_THAT(taken, IsEmpty()) << "by itself a search goes on to the next hit";
+    knobs.choose({.landing = true});
+    field1.type("Blueb");
+    field1.onReturn();
+    EXPECT_THAT(taken, ElementsAre(2)) << "the search that waits runs first";
+    swatch1.setSelectedColor(1);
+    field1.onReturn();
+    EXPECT_THAT(taken, ElementsAre(2, 2)) << "a press that went elsewhere is no hit";
+    field1.type("nothing");
+    field1.onReturn();
+    EXPECT_THAT(taken, ElementsAre(2, 2));
+}
+
+TEST_F(SearchKnobsTest, WhereHitsAreTakenASingleOneIsNeverMissed) {
+    step1.current = 5; // of an earlier search
+    field1.type("Blueb");
+    platform.advance(1);
+    EXPECT_EQ(swatch1.getSelected(), 0);
+    knobs.choose({.landing = true});
+    EXPECT_EQ(swatch1.getSelected(), 2) << "searched anew";
+}
+
+TEST_F(SearchKnobsTest, ChoicesAreAskedForLateAndToldOnce) {
+    int asked = 0;
+    std::vector<SearchOptions> told;
+    knobs.habits = [&] { return ++asked, SearchOptions{.hex = true}; };
+    knobs.optionsChanged = [&](const SearchOptions& options) { told.push_back(options); };
+    EXPECT_EQ(asked, 0);
+    const MenuItems items = field1.menuItems.at(0)();
+    EXPECT_EQ(asked, 1);
+    ASSERT_THAT(items, SizeIs(5));
+    EXPECT_EQ(items[2].action, "findByHex:");
+    EXPECT_EQ(items[2].checked, true);
+    EXPECT_EQ(items[0].checked, false);
+    items[0].run();
+    ASSERT_THAT(told, SizeIs(1));
+    EXPECT_TRUE(told[0].ignoreCase && told[0].hex);
+    EXPECT_EQ(field2.menuItems.at(0)()[0].checked, true) << "for both lists";
+    EXPECT_EQ(asked, 1);
+}
+
 } // namespace
 } // namespace chromalog

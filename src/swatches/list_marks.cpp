@@ -1,0 +1,94 @@
+#include "swatches/list_marks.h"
+
+#include "swatches/swatch_list_geometry.h"
+
+#include <algorithm>
+
+namespace chromalog {
+namespace {
+
+namespace geometry = swatch_geometry;
+
+constexpr double kLandedSeconds = 1.5; ///< that a mark of a landing stands
+constexpr double kFadeStep = 0.1;      ///< seconds between two strengths
+
+Colour selectionBlue() {
+    return Colour::rgb(0, 0, 1);
+}
+Colour hitOrange() {
+    return Colour::rgb(0.85, 0.35, 0);
+}
+
+/// Rows of which something can show in the clip.
+geometry::RowRange shownIn(const Canvas& canvas, const CSwatchList& list) {
+    return geometry::rowsInClip(canvas.clipBounds(), list.frame().y, list.shownRows());
+}
+
+/// Calls for each of some rising rows that lie in the range.
+template <typename Call> void eachIn(const std::vector<int>& rows, geometry::RowRange range, Call call) {
+    for (auto row = std::ranges::lower_bound(rows, range.first); row != rows.end() && *row < range.end; ++row)
+        call(*row);
+}
+
+} // namespace
+
+void ListMarks::draw(Canvas& canvas, const RowSelection& selection,
+                     const std::function<bool(const FCOStruct&)>& isHit) const {
+    const geometry::RowRange range = shownIn(canvas, list_);
+    const Rect bounds = list_.bounds();
+    const auto frame = [&](int row) { canvas.strokeRect(geometry::selectionRectForRow(bounds, row)); };
+    canvas.setFill(selectionBlue());
+    canvas.setStroke(selectionBlue());
+    canvas.setLineWidth(1);
+    eachIn(selection.rows(), range, [&](int row) {
+        canvas.fillRect({bounds.x, bounds.y + geometry::kRowPitch * row + 4, 3, 18});
+        frame(row);
+    });
+    if (isHit) drawHits(canvas, isHit);
+    canvas.setStroke(Colour::rgb(0, 0.55, 0.2, strength_));
+    canvas.setLineWidth(3);
+    eachIn(landed_, range, frame);
+    if (!gap_) return;
+    const double y = bounds.y + geometry::kRowPitch * *gap_ + 3;
+    canvas.setFill(Colour::rgb(1, 1, 1));
+    canvas.fillRect({bounds.x, y - 2.5, bounds.w, 5});
+    canvas.setFill(selectionBlue());
+    canvas.fillRect({bounds.x, y - 1.5, bounds.w, 3});
+}
+
+void ListMarks::drawHits(Canvas& canvas, const std::function<bool(const FCOStruct&)>& isHit) const {
+    const Rect bounds = list_.bounds();
+    const geometry::RowRange range = shownIn(canvas, list_);
+    const ListRecords shown = list_.shownRecords();
+    canvas.setFill(hitOrange());
+    for (int row = range.first; row < range.end; ++row)
+        if (isHit(shown[static_cast<std::size_t>(row)]))
+            canvas.fillRect({bounds.x + bounds.w - 5, bounds.y + geometry::kRowPitch * row + 5, 4, 16});
+}
+
+void ListMarks::showGap(std::optional<int> gap) {
+    if (gap == gap_) return;
+    gap_ = gap;
+    list_.setNeedsDisplay();
+}
+
+void ListMarks::showLanded(std::vector<int> rows) {
+    landed_ = std::move(rows);
+    strength_ = 1;
+    fading_.reset();
+    list_.setNeedsDisplay();
+    if (!landed_.empty())
+        fading_ = desktop_.startTimer(desktop_.animates() ? kFadeStep : kLandedSeconds, [this] { fade(); });
+}
+
+void ListMarks::fade() {
+    strength_ = desktop_.animates() ? strength_ - kFadeStep / kLandedSeconds : 0;
+    fading_.reset();
+    if (strength_ > 0.01)
+        fading_ = desktop_.startTimer(kFadeStep, [this] { fade(); });
+    else
+        landed_.clear();
+    list_.setNeedsDisplay();
+}
+
+} // namespace chromalog

@@ -1,0 +1,134 @@
+#include "swatches/row_commands.h"
+
+#include "history/undo_labels.h"
+#include "record/name_text.h"
+#include "swatches/limit_alert.h"
+#include "swatches/list_edits.h"
+
+#include <algorithm>
+
+namespace chromalog {
+namespace {
+
+std::string counted(std::string verb, std::size_t swatches) {
+    return verb + ' ' + std::to_string(swatches) + (swatches == 1 ? " swatch" : " swatches");
+}
+
+void setCount(CSwatchList& list, std::size_t count) {
+    list.setNumberOfColors(static_cast<std::int16_t>(count));
+    list.setScrollSize();
+    list.contentsChanged();
+}
+
+std::size_t sizeOf(const CSwatchList& list) {
+    return static_cast<std::size_t>(list.shownRows());
+}
+
+std::string wordsOf(SortKey key) {
+    switch (key) {
+    case SortKey::name:
+        return "Sort by name";
+    case SortKey::hue:
+        return "Sort by hue";
+    case SortKey::brightness:
+        return "Sort by brightness";
+    case SortKey::saturation:
+        return "Sort by saturation";
+    case SortKey::difference:
+        return "Sort by difference";
+    case SortKey::reversed:
+        break;
+    }
+    return "Reverse order";
+}
+
+std::string_view labelOf(SortKey key) {
+    switch (key) {
+    case SortKey::brightness:
+        return undo_label::sortBrightness;
+    case SortKey::saturation:
+        return undo_label::sortSaturation;
+    case SortKey::difference:
+        return undo_label::sortDifference;
+    case SortKey::reversed:
+        return undo_label::sortReversed;
+    default: // the buttons' keys, of some rows
+        return undo_label::sortRows;
+    }
+}
+
+} // namespace
+
+void eraseRows(CSwatchListDelegate& delegate, CSwatchList& list, Rows rows) {
+    if (rows.empty()) return;
+    delegate.setUndoablePosition(undo_label::rowsDeleted);
+    const std::string words = counted("Delete", rows.size());
+    const std::size_t left = sizeOf(list) - rows.size();
+    removeRows(list.shownRecords(), rows);
+    setCount(list, left);
+    delegate.describeStep(words);
+}
+
+std::optional<int> moveRowsTo(CSwatchListDelegate& delegate, CSwatchList& list, Rows rows, int gap) {
+    if (rows.empty()) return std::nullopt;
+    const bool together = rows.back() - rows.front() + 1 == static_cast<int>(rows.size());
+    if (together && gap >= rows.front() && gap <= rows.back() + 1) return std::nullopt;
+    delegate.setUndoablePosition(undo_label::rowsMoved);
+    const std::string words = counted("Move", rows.size());
+    const int first = moveRows(list.shownRecords(), rows, gap);
+    list.contentsChanged();
+    delegate.describeStep(words);
+    return first;
+}
+
+bool bringAcross(CSwatchListDelegate& delegate, CSwatchList& from, Rows rows, CSwatchList& to, int gap,
+                 Across way) {
+    if (rows.empty()) return false;
+    const std::size_t total = sizeOf(to) + rows.size();
+    if (total > static_cast<std::size_t>(kListCapacity)) {
+        delegate.desktop().runAlert(limitAlert(static_cast<int>(total)));
+        return false;
+    }
+    const bool moves = way == Across::move;
+    const std::vector<FCOStruct> copies = copiesOf(from.shownRecords(), rows);
+    const std::string words = counted(moves ? "Move across" : "Copy across", rows.size());
+    delegate.setUndoablePosition(moves ? undo_label::rowsMovedAcross : undo_label::rowsCopiedAcross);
+    insertRecords(to.records(), to.shownRows(), gap, copies);
+    if (moves) {
+        const std::size_t left = sizeOf(from) - rows.size();
+        removeRows(from.shownRecords(), rows);
+        setCount(from, left);
+    }
+    setCount(to, total);
+    delegate.describeStep(words);
+    return true;
+}
+
+void sortRows(CSwatchListDelegate& delegate, CSwatchList& list, Rows rows, SortKey key,
+              const Colour& reference) {
+    const std::vector<int> order = sortedOrder(list.shownRecords(), rows, key, reference);
+    if (std::ranges::is_sorted(order)) return;
+    const bool some = rows.size() < sizeOf(list);
+    const std::string words = some ? counted(wordsOf(key) + ':', rows.size()) : wordsOf(key);
+    delegate.setUndoablePosition(some ? undo_label::sortRows : labelOf(key));
+    reorderRows(list.shownRecords(), rows, order);
+    list.contentsChanged();
+    delegate.describeStep(words);
+}
+
+std::string keptName(const std::string& utf8) {
+    return lossyAscii(utf8).substr(0, 255);
+}
+
+void renameRow(CSwatchListDelegate& delegate, CSwatchList& list, int row, const std::string& utf8) {
+    FCOStruct* record = recordAt(list.shownRecords(), row);
+    if (!record || utf8 == macRomanToUtf8(nameBytes(*record))) return;
+    const StoredName name(keptName(utf8));
+    if (name.bytes == nameBytes(*record)) return;
+    delegate.setUndoablePosition(undo_label::rowRenamed);
+    writeName(*record, name);
+    list.contentsChanged();
+    delegate.describeStep("Rename swatch");
+}
+
+} // namespace chromalog
