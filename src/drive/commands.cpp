@@ -52,6 +52,13 @@ void choose(QMenu& menu, const QString& operation) {
     choose(*inner, operation);
 }
 
+/// By the word there, if there is one.
+Qt::KeyboardModifiers heldKeys(const Command& c, std::size_t word) {
+    if (!c.has(word)) return Qt::NoModifier;
+    if (c.text(word) == "shift") return Qt::ShiftModifier;
+    return c.text(word) == "ctrl" ? Qt::ControlModifier : Qt::AltModifier;
+}
+
 QMenu* openMenu() {
     return qobject_cast<QMenu*>(QApplication::activePopupWidget());
 }
@@ -77,6 +84,7 @@ void Commands::perform(const Command& c) {
         {Verb::rclick, &Commands::rightClickAt},
         {Verb::dclick, &Commands::doubleClickAt},
         {Verb::clip, &Commands::clip},
+        {Verb::dropfile, &Commands::dropFile},
         {Verb::press, &Commands::press},
         {Verb::drag, &Commands::drag},
         {Verb::sweep, &Commands::sweep},
@@ -113,15 +121,15 @@ bool Commands::leavesMenuOpen(const Command& c) const {
     }
 }
 
-void Commands::clickWith(const PointerTarget& target, bool alt) {
+void Commands::clickWith(const PointerTarget& target, Qt::KeyboardModifiers held) {
     const auto before = dialog_.keyboard();
-    if (alt) dialog_.keyboard() = [] { return Qt::KeyboardModifiers(Qt::AltModifier); };
-    click(target, alt ? Qt::AltModifier : Qt::NoModifier);
+    if (held) dialog_.keyboard() = [held] { return held; };
+    click(target, held);
     dialog_.keyboard() = before;
 }
 
 void Commands::clickAt(const Command& c) {
-    clickWith(targetAt(c, 0), c.has(3));
+    clickWith(targetAt(c, 0), heldKeys(c, 3));
 }
 
 void Commands::doubleClickAt(const Command& c) {
@@ -146,18 +154,19 @@ void Commands::rightClickAt(const Command& c) {
 
 void Commands::press(const Command& c) {
     if (findOutlet(toQt(c.text(0))))
-        clickWith(clickTarget(reachableOutlet(c.text(0))), c.has(1));
+        clickWith(clickTarget(reachableOutlet(c.text(0))), heldKeys(c, 1));
     else
         pressOperation(toQt(c.text(0)), c.has(1));
 }
 
 void Commands::pressOperation(const QString& operation, bool alt) {
-    if (QWidget* control = controlSending(operation)) return clickWith(clickTarget(*control), alt);
+    const auto held = alt ? Qt::AltModifier : Qt::NoModifier;
+    if (QWidget* control = controlSending(operation)) return clickWith(clickTarget(*control), held);
     if (QMenu* open = openMenu(); open && itemOf(*open, operation)) return choose(*open, operation);
     const auto [menu, action] = itemSending(operation);
     if (QWidget* button = menu ? buttonOf(*menu) : nullptr) return chooseFromButton(*button, operation);
     if (menu) return openContextMenu(reachableOutlet(fromQt(ownerOf(*menu))), operation);
-    if (QWidget* folded = unfoldedControlSending(operation)) return clickWith(clickTarget(*folded), alt);
+    if (QWidget* folded = unfoldedControlSending(operation)) return clickWith(clickTarget(*folded), held);
     throw CommandError{"no outlet and no visible control or menu item for '" + fromQt(operation) + "'"};
 }
 
@@ -165,7 +174,7 @@ void Commands::pressEither(const QString& operation, const QString& other) {
     QWidget* control = controlSending(operation);
     if (!control) control = controlSending(other);
     if (!control) throw CommandError{"no visible control sends '" + fromQt(operation) + "'"};
-    clickWith(clickTarget(*control), false);
+    clickWith(clickTarget(*control), Qt::NoModifier);
 }
 
 void Commands::ok(const Command&) {

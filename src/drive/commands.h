@@ -43,6 +43,7 @@ class Commands {
     void drag(const Command&);
     void sweep(const Command&);
     void drop(const Command&);
+    void dropFile(const Command&);
     void type(const Command&);
     void append(const Command&);
     void clip(const Command&);
@@ -56,7 +57,7 @@ class Commands {
     void picture(const Command&);
     void state(const Command&);
 
-    void clickWith(const PointerTarget&, bool alt);
+    void clickWith(const PointerTarget&, Qt::KeyboardModifiers held);
     void pressOperation(const QString& operation, bool alt);
     void pressEither(const QString& operation, const QString& other);
     void openContextMenu(QWidget& outlet, const QString& operation);

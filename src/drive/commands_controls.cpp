@@ -14,6 +14,7 @@
 #include <QRadioButton>
 #include <QSlider>
 #include <QToolButton>
+#include <QUrl>
 
 #include <cmath>
 
@@ -151,6 +152,14 @@ void Commands::drop(const Command& c) {
     data.setColorData(toQt(rgbOf(c.colour(3))));
     if (c.has(4)) data.setText(toQt(c.text(4)));
     offer(data, target);
+}
+
+void Commands::dropFile(const Command& c) {
+    const PointerTarget target = targetOf(reachableOutlet(c.text(0)), c.point(1));
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(toQt(c.text(3)))});
+    if (offer(data, target) == Qt::IgnoreAction)
+        throw CommandError{c.text(0) + " takes no file '" + c.text(3) + "'"};
 }
 
 void Commands::paper(const Command& c) {

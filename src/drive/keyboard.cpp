@@ -42,6 +42,7 @@ constexpr NamedKey kKeys[] = {
     {"PageDown", Qt::Key_PageDown},
     {"Menu", Qt::Key_Menu},
     {"F1", Qt::Key_F1},
+    {"F2", Qt::Key_F2},
     {"F10", Qt::Key_F10},
 };
 

@@ -11,7 +11,8 @@ namespace chromalog::drive {
 namespace {
 
 /// A command's words, a letter each: o outlet, t text, n number, i whole number from 0, s the same from 1, c
-/// colour, a the word "alt", p the words of a paper, + texts. What stands after ? may be left out.
+/// colour, a the word "alt", m a key that is held, p the words of a paper, + texts. What stands after ? may
+/// be left out.
 struct Row {
     Verb verb;
     std::string_view name;
@@ -21,13 +22,14 @@ struct Row {
 };
 
 constexpr Row kCommands[] = {
-    {Verb::click, "click", "onn?a", "OUTLET X Y [alt]"},
+    {Verb::click, "click", "onn?m", "OUTLET X Y [alt|shift|ctrl]"},
     {Verb::dclick, "dclick", "onn", "OUTLET X Y"},
     {Verb::rclick, "rclick", "onn", "OUTLET X Y"},
     {Verb::press, "press", "t?a", "NAME [alt]"},
     {Verb::drag, "drag", "onnonn", "OUTLET X Y OUTLET2 X2 Y2"},
     {Verb::sweep, "sweep", "onnnns", "OUTLET X Y X2 Y2 STEPS"},
     {Verb::drop, "drop", "onnc?t", "OUTLET X Y COLOUR [TEXT]"},
+    {Verb::dropfile, "dropfile", "onnt", "OUTLET X Y PATH"},
     {Verb::type, "type", "ot", "OUTLET TEXT"},
     {Verb::append, "append", "ot", "OUTLET TEXT"},
     {Verb::clip, "clip", "+", "LINE..."},
@@ -67,6 +69,10 @@ std::optional<std::string> wrongColour(const std::string& word) {
     return "'" + word + "' is not a colour" + (missing.empty() ? missing : "; " + missing);
 }
 
+bool heldKey(const std::string& word) {
+    return word == "alt" || word == "shift" || word == "ctrl";
+}
+
 /// What is wrong with the word, or nothing.
 std::optional<std::string> wrongWord(char kind, const std::string& word) {
     const auto quoted = "'" + word + "'";
@@ -79,6 +85,9 @@ std::optional<std::string> wrongWord(char kind, const std::string& word) {
         return isWhole(word, 1) ? std::nullopt : std::optional(quoted + " is not a number of steps");
     case 'c':
         return wrongColour(word);
+    case 'm':
+        return heldKey(word) ? std::nullopt
+                             : std::optional(quoted + " stands where only alt, shift or ctrl may");
     case 'a':
         return word == "alt" ? std::nullopt : std::optional(quoted + " stands where only alt may");
     default:

@@ -18,6 +18,7 @@ enum class Verb {
     drag,
     sweep,
     drop,
+    dropfile,
     type,
     append,
     clip,

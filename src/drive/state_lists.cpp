@@ -23,6 +23,13 @@ QJsonArray recordsState(const DrivenList& list) {
     return records;
 }
 
+QJsonArray rowsState(const DrivenList& list) {
+    QJsonArray rows;
+    for (const int row : list.selectedRows)
+        rows.append(row);
+    return rows;
+}
+
 QJsonArray hitsState(const DrivenList& list) {
     QJsonArray hits;
     for (const DrivenHit& hit : list.hits)
@@ -37,7 +44,7 @@ QJsonObject listState(const DrivenList& list) {
             {"scroller", list.scroller},           {"scrollY", list.scrollY},
             {"contentHeight", list.contentHeight}, {"hits", hitsState(list)},
             {"lastShown", qint64(list.lastShown)}, {"sens", list.direction},
-            {"records", recordsState(list)}};
+            {"selectedRows", rowsState(list)},     {"records", recordsState(list)}};
 }
 
 } // namespace

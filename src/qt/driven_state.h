@@ -50,6 +50,7 @@ struct DrivenList {
     std::string viewName;
     std::vector<std::uint8_t> storedName; ///< the characters
     double scroller = 0, scrollY = 0, contentHeight = 0;
+    std::vector<int> selectedRows; ///< together; empty where the selected one stands alone
     std::vector<DrivenHit> hits;
     std::int64_t lastShown = 0;
     int direction = 0;

@@ -41,7 +41,7 @@ double scrolledBy(const CSwatchList& list) {
     return clip ? clip->y : 0;
 }
 
-DrivenList listOf(const SwatchPanel& panel) {
+DrivenList listOf(const SwatchPanel& panel, SwatchPanels& panels) {
     const CSwatchList& view = panel.view;
     DrivenList list;
     list.viewCount = view.getNumberOfColors();
@@ -53,6 +53,7 @@ DrivenList listOf(const SwatchPanel& panel) {
     list.scroller = panel.scroller->verticalScroller();
     list.scrollY = scrolledBy(view);
     list.contentHeight = view.frame().h;
+    list.selectedRows = panels.rows(view).selection().rows();
     for (const FoundEntry& hit : view.hits())
         list.hits.push_back({hit.position, hit.scrollValue});
     list.lastShown = static_cast<std::int64_t>(view.lastShown());
@@ -98,7 +99,8 @@ void takeDialogState(DrivenState& state, ChromalogControler& controler) {
     state.gradient = chartOf(gradient);
     state.corners = {corners.UL, corners.UR, corners.LL, corners.LR};
     state.tone = chartOf(controler.views().tone);
-    state.lists = {listOf(controler.panels().one), listOf(controler.panels().two)};
+    SwatchPanels& panels = controler.panels();
+    state.lists = {listOf(panels.one, panels), listOf(panels.two, panels)};
     state.history = historyOf(controler);
     state.print = {print.printSize, print.printName, print.printRGB, print.printCMYK, {}};
     state.host = hostOf(controler.record().pickerRecord->pickParms);
