@@ -1,9 +1,11 @@
 #include "qt/qt_platform.h"
 
 #include "abi/standalone_suite.h"
+#include "dialog/chromalog_controler.h"
 #include "files/size_limit_signal.h"
 #include "qt/driven_qt.h"
 #include "qt/qt_desktop.h"
+#include "qt/search_habits.h"
 #include "qt/settings_file.h"
 #include "qt/window_memory.h"
 
@@ -48,8 +50,12 @@ void QtPlatform::dialogReady(Desktop& desktop, ChromalogControler& controler) {
     if (standalone_) driven_ = attach_(*dialog_, *standalone_);
     QDialog* window = dialog_->window();
     if (driven_) return; // a script's dialog is always the same
-    static_cast<QtDesktop&>(desktop).takePageHabits(pageHabits(QLocale::system()));
-    if (window) new WindowMemory(*window, settingsPath(desktop.applicationsDirectory()));
+    auto& screen = static_cast<QtDesktop&>(desktop);
+    const std::string settings = settingsPath(desktop.applicationsDirectory());
+    screen.takePageHabits(pageHabits(QLocale::system()));
+    screen.rememberFiles(settings);
+    keepSearchHabits(controler.panels().search, settings);
+    if (window) new WindowMemory(*window, settings);
 }
 
 } // namespace chromalog
