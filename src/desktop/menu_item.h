@@ -15,6 +15,7 @@ struct MenuItem {
     bool enabled = true;
     std::optional<bool> checked{}; ///< one of several choices: whether it is the chosen one
     std::vector<MenuItem> items{}; ///< of the menu that it opens
+    bool alone = false;            ///< checked or not by itself: no choice among several
 };
 
 using MenuItems = std::vector<MenuItem>;

@@ -52,13 +52,6 @@ void choose(QMenu& menu, const QString& operation) {
     choose(*inner, operation);
 }
 
-/// By the word there, if there is one.
-Qt::KeyboardModifiers heldKeys(const Command& c, std::size_t word) {
-    if (!c.has(word)) return Qt::NoModifier;
-    if (c.text(word) == "shift") return Qt::ShiftModifier;
-    return c.text(word) == "ctrl" ? Qt::ControlModifier : Qt::AltModifier;
-}
-
 QMenu* openMenu() {
     return qobject_cast<QMenu*>(QApplication::activePopupWidget());
 }
@@ -81,6 +74,7 @@ void Commands::perform(const Command& c) {
     };
     static constexpr Row kRows[] = {
         {Verb::click, &Commands::clickAt},
+        {Verb::clickwith, &Commands::clickHolding},
         {Verb::rclick, &Commands::rightClickAt},
         {Verb::dclick, &Commands::doubleClickAt},
         {Verb::clip, &Commands::clip},
@@ -129,7 +123,11 @@ void Commands::clickWith(const PointerTarget& target, Qt::KeyboardModifiers held
 }
 
 void Commands::clickAt(const Command& c) {
-    clickWith(targetAt(c, 0), heldKeys(c, 3));
+    clickWith(targetAt(c, 0), c.has(3) ? Qt::AltModifier : Qt::NoModifier);
+}
+
+void Commands::clickHolding(const Command& c) {
+    clickWith(targetAt(c, 1), c.text(0) == "shift" ? Qt::ShiftModifier : Qt::ControlModifier);
 }
 
 void Commands::doubleClickAt(const Command& c) {
@@ -154,7 +152,7 @@ void Commands::rightClickAt(const Command& c) {
 
 void Commands::press(const Command& c) {
     if (findOutlet(toQt(c.text(0))))
-        clickWith(clickTarget(reachableOutlet(c.text(0))), heldKeys(c, 1));
+        clickWith(clickTarget(reachableOutlet(c.text(0))), c.has(1) ? Qt::AltModifier : Qt::NoModifier);
     else
         pressOperation(toQt(c.text(0)), c.has(1));
 }

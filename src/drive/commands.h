@@ -36,6 +36,7 @@ class Commands {
 
   private:
     void clickAt(const Command&);
+    void clickHolding(const Command&);
     void doubleClickAt(const Command&);
     void rightClickAt(const Command&);
     void rightClick(const PointerTarget&);

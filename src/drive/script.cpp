@@ -11,8 +11,8 @@ namespace chromalog::drive {
 namespace {
 
 /// A command's words, a letter each: o outlet, t text, n number, i whole number from 0, s the same from 1, c
-/// colour, a the word "alt", m a key that is held, p the words of a paper, + texts. What stands after ? may
-/// be left out.
+/// colour, a the word "alt", m the word "shift" or "ctrl", p the words of a paper, + texts. What stands after ?
+/// may be left out.
 struct Row {
     Verb verb;
     std::string_view name;
@@ -22,8 +22,9 @@ struct Row {
 };
 
 constexpr Row kCommands[] = {
-    {Verb::click, "click", "onn?m", "OUTLET X Y [alt|shift|ctrl]"},
+    {Verb::click, "click", "onn?a", "OUTLET X Y [alt]"},
     {Verb::dclick, "dclick", "onn", "OUTLET X Y"},
+    {Verb::clickwith, "clickwith", "monn", "shift|ctrl OUTLET X Y"},
     {Verb::rclick, "rclick", "onn", "OUTLET X Y"},
     {Verb::press, "press", "t?a", "NAME [alt]"},
     {Verb::drag, "drag", "onnonn", "OUTLET X Y OUTLET2 X2 Y2"},
@@ -70,7 +71,7 @@ std::optional<std::string> wrongColour(const std::string& word) {
 }
 
 bool heldKey(const std::string& word) {
-    return word == "alt" || word == "shift" || word == "ctrl";
+    return word == "shift" || word == "ctrl";
 }
 
 /// What is wrong with the word, or nothing.
@@ -86,8 +87,7 @@ std::optional<std::string> wrongWord(char kind, const std::string& word) {
     case 'c':
         return wrongColour(word);
     case 'm':
-        return heldKey(word) ? std::nullopt
-                             : std::optional(quoted + " stands where only alt, shift or ctrl may");
+        return heldKey(word) ? std::nullopt : std::optional(quoted + " stands where only shift or ctrl may");
     case 'a':
         return word == "alt" ? std::nullopt : std::optional(quoted + " stands where only alt may");
     default:

@@ -13,6 +13,7 @@ namespace chromalog::drive {
 enum class Verb {
     click,
     dclick,
+    clickwith,
     rclick,
     press,
     drag,

@@ -3,6 +3,7 @@
 #include "qt/convert.h"
 #include "qt/mishap.h"
 
+#include <QActionGroup>
 #include <QMenu>
 
 namespace chromalog {
@@ -12,6 +13,17 @@ namespace {
 /// A title is no mnemonic's: what stands in it may be a name from outside.
 QString plainTitle(const MenuItem& item) {
     return toQt(item.title).replace('&', "&&");
+}
+
+/// Of the choices of a menu, one is taken.
+void showChecked(QMenu& menu, QAction& action, const MenuItem& item) {
+    action.setCheckable(true);
+    if (!item.alone) {
+        auto* group = menu.findChild<QActionGroup*>(QString(), Qt::FindDirectChildrenOnly);
+        if (!group) group = new QActionGroup(&menu);
+        action.setActionGroup(group);
+    }
+    action.setChecked(*item.checked);
 }
 
 void addItem(QMenu& menu, const MenuItem& item) {
@@ -34,9 +46,7 @@ void addItem(QMenu& menu, const MenuItem& item) {
     }
     action->setEnabled(item.enabled);
     action->setProperty("action", toQt(item.action));
-    if (!item.checked) return;
-    action->setCheckable(true);
-    action->setChecked(*item.checked);
+    if (item.checked) showChecked(menu, *action, item);
 }
 
 } // namespace

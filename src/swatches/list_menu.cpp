@@ -8,7 +8,7 @@ namespace chromalog {
 namespace {
 
 MenuItem item(std::string title, std::string action, std::function<void()> run, bool enabled = true) {
-    return {std::move(title), std::move(action), std::move(run), enabled, std::nullopt, {}};
+    return {std::move(title), std::move(action), std::move(run), enabled};
 }
 
 /// Items of the menu that sorts: the buttons' keys too where only some rows are sorted.

@@ -101,10 +101,10 @@ void RowGestures::bringAcross(Across way) {
 }
 
 void RowGestures::sort(SortKey key, const Colour& reference) {
-    const bool some = selection_.rows().size() > 1;
-    changing_ = true;
-    sortRows(delegate_, list_, some ? selection_.rows() : allRows(list_.shownRows()), key, reference);
-    changing_ = false;
+    const std::vector<int> together = selection_.rows();
+    const bool some = together.size() > 1;
+    sortRows(delegate_, list_, some ? together : allRows(list_.shownRows()), key, reference);
+    selection_.set(some ? together : std::vector<int>()); // the same places, now in order
 }
 
 void RowGestures::rename() {
@@ -118,7 +118,6 @@ void RowGestures::rename() {
 
 void RowGestures::contentsChanged() {
     list_.dropTextEdit(); // its row may hold another swatch now
-    if (changing_) return;
     selection_.clear();
     marks_.showGap(std::nullopt);
 }

@@ -63,7 +63,6 @@ class RowGestures : public ListExtras {
     RowSelection selection_;
     std::vector<int> dragged_; ///< by the drag that is under way; empty where it carries one swatch
     bool keeps_ = false;       ///< a plain press inside the selection: it goes when no drag follows
-    bool changing_ = false;    ///< by a command of its own: the selection stays
 };
 
 } // namespace chromalog

@@ -68,7 +68,7 @@ MenuItems SearchKnobs::choices() {
         SearchOptions after = options();
         after.*row.option = !(after.*row.option);
         items.push_back(
-            {row.title, row.action, [this, after] { choose(after); }, true, !(after.*row.option), {}});
+            {row.title, row.action, [this, after] { choose(after); }, true, !(after.*row.option), {}, true});
     }
     return items;
 }

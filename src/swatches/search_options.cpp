@@ -1,5 +1,6 @@
 #include "swatches/search_options.h"
 
+#include "base/colour_text.h"
 #include "base/css_names.h"
 #include "record/name_text.h"
 #include "spaces/ascii_text.h"
@@ -7,7 +8,6 @@
 #include "swatches/shown_colour.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <memory>
 #include <vector>
 
@@ -29,12 +29,6 @@ std::string folded(std::string_view utf8, const SearchOptions& options) {
         text = utf8;
     }
     return options.ignoreCase ? lowerCase(text) : text;
-}
-
-std::string hexOf(const FCOStruct& record) {
-    char text[8];
-    std::snprintf(text, sizeof text, "#%06x", static_cast<unsigned>(bytesOf(rgbOf(shownColour(record)))));
-    return text;
 }
 
 /// The beginning of a swatch's hex that the text asks for, in lower case; empty where it asks for none.
@@ -87,7 +81,7 @@ SwatchTest swatchTest(std::string_view text, const SearchOptions& options) {
     return [options, hex, css, asked = folded(text, options)](const FCOStruct& record) {
         const std::string name = folded(macRomanToUtf8(zeroTerminatedName(record)), options);
         if (!asked.empty() && name.find(asked) != name.npos) return true;
-        if (!hex.empty() && hexOf(record).starts_with(hex)) return true;
+        if (!hex.empty() && hexText(channelsOf(shownColour(record))).starts_with(hex)) return true;
         return css && css->has(shownColour(record));
     };
 }

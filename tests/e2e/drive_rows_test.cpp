@@ -47,7 +47,7 @@ class DriveRows : public DrivenPick {
 
 TEST_F(DriveRows, TenColoursGoAcrossInThreeActions) {
     playWell(std::string(kTwelve) +
-             "click swatch1 50 37\nclick swatch1 50 235 shift\n"
+             "click swatch1 50 37\nclickwith shift swatch1 50 235\n"
              "drag swatch1 50 100 swatch2 50 30\n" +
              kState + "press doUndo:\nstate $/undone.json\n");
     EXPECT_EQ(names(2), (Names{"Row 1", "Row 2", "Row 3", "Row 4", "Row 5", "Row 6", "Row 7", "Row 8",
@@ -60,7 +60,8 @@ TEST_F(DriveRows, TenColoursGoAcrossInThreeActions) {
 
 TEST_F(DriveRows, RowsThatAreSelectedTogetherMoveCopyAndGoAsOneStep) {
     playWell(std::string(kTwelve) +
-             "click swatch1 50 15\nclick swatch1 50 60 ctrl\nclick swatch1 50 100 ctrl\nstate $/three.json\n"
+             "click swatch1 50 15\nclickwith ctrl swatch1 50 60\nclickwith ctrl swatch1 50 100\nstate "
+             "$/three.json\n"
              "menu swatch1 moveAcross:\nstate $/moved.json\n"
              "key Ctrl+A swatch2\nmenu swatch2 copyAcross:\nkey Ctrl+A swatch2\nkey Delete swatch2\n"
              "click swatch1 50 15\nkey Ctrl+Shift+Down swatch1\nkey Alt+Down swatch1\n" +
@@ -188,7 +189,7 @@ TEST_F(DriveRows, OrdersBesideTheButtons) {
     for (const Case& c : cases)
         script += std::string("menu swatch1 ") + c.order + "\nstate $/" + std::string(c.order, 8) +
                   ".json\npress doUndo:\n";
-    playWell(script + "click swatch1 50 37\nclick swatch1 50 81 shift\nmenu swatch1 sortRowsByName:\n" +
+    playWell(script + "click swatch1 50 37\nclickwith shift swatch1 50 81\nmenu swatch1 sortRowsByName:\n" +
              kState);
     for (const Case& c : cases) {
         const std::string from = std::string(c.order, 8) + ".json";
@@ -204,7 +205,8 @@ TEST_F(DriveRows, TheNewCommandsAreRefusedInAWrongPlace) {
         const char *script, *error;
     };
     const Case cases[] = {
-        {"click swatch1 3 3 command\n", "script:1: 'command' stands where only alt, shift or ctrl may"},
+        {"clickwith alt swatch1 3 3\n", "script:1: 'alt' stands where only shift or ctrl may"},
+        {"clickwith ctrl nowhere 3 3\n", "script:1: unknown outlet 'nowhere'"},
         {"dclick swatch1 3\n", "script:1: dclick takes the words OUTLET X Y"},
         {"dclick nowhere 3 3\n", "script:1: unknown outlet 'nowhere'"},
         {"dropfile swatch1 3 3\n", "script:1: dropfile takes the words OUTLET X Y PATH"},
