@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QFileInfo>
 #include <QListWidget>
 #include <QMimeData>
 #include <QRadioButton>
@@ -157,7 +158,7 @@ void Commands::drop(const Command& c) {
 void Commands::dropFile(const Command& c) {
     const PointerTarget target = targetOf(reachableOutlet(c.text(0)), c.point(1));
     QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(toQt(c.text(3)))});
+    data.setUrls({QUrl::fromLocalFile(QFileInfo(toQt(c.text(3))).absoluteFilePath())});
     if (offer(data, target) == Qt::IgnoreAction)
         throw CommandError{c.text(0) + " takes no file '" + c.text(3) + "'"};
 }
