@@ -123,10 +123,10 @@ void ListCommands::bringIn(SwatchPanel& panel, Way way, const std::string& path,
     panel.storeName(stored);
     panel.storedCount = panel.view.getNumberOfColors();
     parts_.describeSteps(latest, way.steps == Way::Steps::two ? before : "");
-    parts_.desktop.fileMemory().loaded(path);
     panel.showFromTheTop();
     panel.nameField->setText(name);
     panel.redisplay();
+    parts_.desktop.fileMemory().loaded(path);
 }
 
 /// Takes over the whole file or, where memory runs out on the way, nothing of it.

@@ -143,7 +143,7 @@ TEST_F(ListsOnServer, ANameIsTypedWhereItStands) {
     until([list] { return NameEditor::of(*list) && NameEditor::of(*list)->hasFocus(); });
     EXPECT_EQ(one().getSelected(), 1) << "both presses selected the row";
     tool({"type", "--delay", "1", "Ember"});
-    until([list] { return NameEditor::of(*list)->text() == "Ember"; });
+    until([list] { return NameEditor::of(*list) && NameEditor::of(*list)->text() == "Ember"; });
     tool({"key", "Return"});
     until([this] { return names(one())[1] == "Ember"; });
     EXPECT_TRUE(window().isVisible());

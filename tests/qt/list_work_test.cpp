@@ -19,6 +19,7 @@
 #include <QTimer>
 #include <QUrl>
 
+#include <filesystem>
 #include <fstream>
 
 using namespace chromalog;
@@ -178,7 +179,7 @@ TEST_F(ListWorkTest, AFileIsTakenOnlyWhereNoColourIsOffered) {
     ASSERT_TRUE(enters(both));
     QDropEvent drop({30, 30}, Qt::CopyAction, &both, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&widget(), &drop);
-    EXPECT_EQ(list().getNumberOfColors(), 101) << "a colour drop";
+    ASSERT_EQ(list().getNumberOfColors(), 101) << "a colour drop";
     EXPECT_EQ(controler->history().manager()->undoNames().back(), "!Swatch Color deleted!");
 }
 
@@ -265,6 +266,23 @@ TEST_F(FileHabitsTest, EachKindOfPanelHasItsFolder) {
     EXPECT_EQ(opened().folderOf("aco"), place);
     EXPECT_EQ(opened().folderOf("acb"), "");
     EXPECT_EQ(opened().folderOf("pdf"), "");
+}
+
+TEST_F(FileHabitsTest, APanelOpensInTheFolderThatWasUsedLast) {
+    QtDesktop desktop{settings()};
+    const auto form = desktop.loadForm("chromalogWindow", {});
+    Outlet<Window> none;
+    const auto folderOfAPanel = [&] {
+        desktop.beginOpenPanel({{"aco", "ACO"}}, *none, [](auto) {});
+        return desktop.panels().current()->directory().absolutePath();
+    };
+    std::filesystem::create_directory(folder / "palettes");
+    const QString palettes = QString::fromStdString(folder / "palettes");
+    EXPECT_NE(folderOfAPanel(), palettes);
+    opened().usedFolder("aco", palettes);
+    EXPECT_NE(folderOfAPanel(), palettes) << "not of a script";
+    desktop.rememberFiles(path);
+    EXPECT_EQ(folderOfAPanel(), palettes);
 }
 
 TEST_F(FileHabitsTest, WithoutAFileTheyLastAsLongAsThePick) {
