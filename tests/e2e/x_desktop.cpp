@@ -29,8 +29,6 @@ constexpr const char* kSettings = R"(<?xml version="1.0"?>
     <dragThreshold>1</dragThreshold>
     <context name="Close"><mousebind button="Left" action="Click"><action name="Close"/></mousebind></context>
     <context name="BRCorner"><mousebind button="Left" action="Drag"><action name="Resize"/></mousebind></context>
-    <context name="Client"><mousebind button="Left" action="Press"><action name="Focus"/><action name="Raise"/>
-    </mousebind></context>
   </mouse>
 </openbox_config>
 )";
