@@ -48,25 +48,10 @@ std::int16_t hostInk(double percent) {
 } // namespace
 
 ColourEntries::ColourEntries(WorkingColours& colours, ColorServicesProc services)
-    : colours_(colours),
-      services_(services), sides_{Side{&WorkingColours::getFirstColor,
-                                       &WorkingColours::enterFirst,
-                                       colours.first,
-                                       {{}, &ColourEntries::readHex, &ColourEntries::hexOf},
-                                       {{}, &ColourEntries::readInkFields, &ColourEntries::inksOf},
-                                       {{}, &ColourEntries::readChosen, &ColourEntries::chosenOf},
-                                       {},
-                                       {},
-                                       {}},
-                                  Side{&WorkingColours::getSecondColor,
-                                       &WorkingColours::enterSecond,
-                                       colours.second,
-                                       {{}, &ColourEntries::readHex, &ColourEntries::hexOf},
-                                       {{}, &ColourEntries::readInkFields, &ColourEntries::inksOf},
-                                       {{}, &ColourEntries::readChosen, &ColourEntries::chosenOf},
-                                       {},
-                                       {},
-                                       {}}} {}
+    : colours_(colours), services_(services), sides_{Side{&WorkingColours::getFirstColor,
+                                                          &WorkingColours::enterFirst, colours.first},
+                                                     Side{&WorkingColours::getSecondColor,
+                                                          &WorkingColours::enterSecond, colours.second}} {}
 
 std::vector<OutletEntry> ColourEntries::table() {
     auto& [first, second] = sides_;
@@ -88,7 +73,7 @@ void ColourEntries::observeControls() {
 
 void ColourEntries::typed(Side& side, Entry& entry) {
     const auto colour = (this->*entry.read)(side, entry.field->text());
-    entry.field->setFault(colour ? "" : "This is no color");
+    entry.field->setFault(colour ? "" : entry.fault);
     if (!colour) return;
     {
         const Flag entering(entering_);

@@ -6,6 +6,7 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace chromalog {
@@ -28,18 +29,22 @@ class ColourEntries {
     struct Side;
     /// One field, and how it reads and writes a colour.
     struct Entry {
-        Outlet<TextField> field;
         std::optional<Colour> (ColourEntries::*read)(const Side&, const std::string&) const;
         std::string (ColourEntries::*text)(const Side&) const;
+        std::string_view fault; ///< what is said of a text that cannot be read
+        Outlet<TextField> field{};
     };
     struct Side {
         const Colour& (WorkingColours::*colour)() const;
         void (WorkingColours::*enter)(const Colour&);
         const ValueFields& fields;
-        Entry hex, inks, reading;
-        Outlet<Button> choice;
-        std::optional<ColourNotation> notation; ///< of the reading; none: the inks show
-        Colour shown;                           ///< what the fields show
+        Entry hex{&ColourEntries::readHex, &ColourEntries::hexOf, "This is no color"};
+        Entry inks{&ColourEntries::readInkFields, &ColourEntries::inksOf,
+                   "These are no four inks from 0 to 100 that the host converts"};
+        Entry reading{&ColourEntries::readChosen, &ColourEntries::chosenOf, "This is no color"};
+        Outlet<Button> choice{};
+        std::optional<ColourNotation> notation{}; ///< of the reading; none: the inks show
+        Colour shown{};                           ///< what the fields show
         bool shows = false;
     };
 

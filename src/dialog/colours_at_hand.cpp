@@ -60,11 +60,11 @@ bool ColoursAtHand::standsForColours(const std::string& outlet) const {
 }
 
 /// With the name that it has where it stands.
-AddedColour ColoursAtHand::named(const ColourSpot& spot) {
+AddedColour ColoursAtHand::named(const ColourPlace& place) {
     std::string name;
-    if (spot.outlet == "origFirstColor") name = colours_.colorName->text();
-    if (spot.outlet == "nearColor") name = panels_.nearest.nearName->text();
-    return {spot.colour.value_or(Colour()), name};
+    if (place.outlet == "origFirstColor") name = colours_.colorName->text();
+    if (place.outlet == "nearColor") name = panels_.nearest.nearName->text();
+    return {place.colour.value_or(Colour()), name};
 }
 
 std::vector<AddedColour> ColoursAtHand::schemeAt(const std::string& outlet) {
@@ -80,19 +80,19 @@ std::vector<AddedColour> ColoursAtHand::schemeAt(const std::string& outlet) {
     return scheme;
 }
 
-MenuItems ColoursAtHand::menuOf(const ColourSpot& spot) {
+MenuItems ColoursAtHand::menuOf(const ColourPlace& place) {
     MenuItems items;
-    if (spot.colour) {
-        items = copyItems(spot);
-        append(items, useItems(spot));
-        append(items, addItems(spot));
+    if (place.colour) {
+        items = copyItems(place);
+        append(items, useItems(place));
+        append(items, addItems(place));
     }
-    append(items, schemeItems(spot.outlet));
+    append(items, schemeItems(place.outlet));
     return items;
 }
 
-MenuItems ColoursAtHand::copyItems(const ColourSpot& spot) {
-    const Colour colour = *spot.colour;
+MenuItems ColoursAtHand::copyItems(const ColourPlace& place) {
+    const Colour colour = *place.colour;
     const auto notation = [this, colour](std::string title, std::string action, ColourNotation written) {
         return item(std::move(title), std::move(action),
                     [this, colour, written] { copyText(colourText(returnedRgb(colour), written)); });
@@ -106,24 +106,24 @@ MenuItems ColoursAtHand::copyItems(const ColourSpot& spot) {
                     "CMYK", "copyAsCmyk:", [this, colour] { copyText(inkLine(colour, services_)); },
                     HostColorServicesAvailable(services_)),
                 notation("0..1", "copyAsUnit:", ColourNotation::unit)};
-    MenuItems items{item("Copy", "copyColor:", [this, spot] { copy(spot); }), std::move(as)};
-    if (spot.outlet == "origFirstColor" || spot.outlet == "origSecondColor")
-        items.push_back(item("Paste", "pasteColor:", [this, spot] { paste(spot); }));
+    MenuItems items{item("Copy", "copyColor:", [this, place] { copy(place); }), std::move(as)};
+    if (place.outlet == "origFirstColor" || place.outlet == "origSecondColor")
+        items.push_back(item("Paste", "pasteColor:", [this, place] { paste(place); }));
     return items;
 }
 
-MenuItems ColoursAtHand::useItems(const ColourSpot& spot) {
+MenuItems ColoursAtHand::useItems(const ColourPlace& place) {
     MenuItems items;
-    if (spot.outlet != "origFirstColor")
-        items.push_back(item("Use as First Color", "useAsFirst:", [this, spot] { use(spot, true); }));
-    if (spot.outlet != "origSecondColor")
-        items.push_back(item("Use as Second Color", "useAsSecond:", [this, spot] { use(spot, false); }));
+    if (place.outlet != "origFirstColor")
+        items.push_back(item("Use as First Color", "useAsFirst:", [this, place] { use(place, true); }));
+    if (place.outlet != "origSecondColor")
+        items.push_back(item("Use as Second Color", "useAsSecond:", [this, place] { use(place, false); }));
     return items;
 }
 
-MenuItems ColoursAtHand::addItems(const ColourSpot& spot) {
-    return {item("Add to List 1", "addToList1:", [this, spot] { add(spot, 1); }),
-            item("Add to List 2", "addToList2:", [this, spot] { add(spot, 2); })};
+MenuItems ColoursAtHand::addItems(const ColourPlace& place) {
+    return {item("Add to List 1", "addToList1:", [this, place] { add(place, 1); }),
+            item("Add to List 2", "addToList2:", [this, place] { add(place, 2); })};
 }
 
 MenuItems ColoursAtHand::schemeItems(const std::string& outlet) {
@@ -153,10 +153,10 @@ MenuItems ColoursAtHand::rowItems(SwatchPanel& panel) {
     const FCOStruct* record = selectedRecord(panel);
     MenuItems items{MenuItem()};
     if (record) {
-        const ColourSpot spot{outlet, colourOf(*record)};
-        for (MenuItem& each : useItems(spot))
+        const ColourPlace place{outlet, colourOf(*record)};
+        for (MenuItem& each : useItems(place))
             if (&panel == &panels_.two || each.action != "useAsFirst:") items.push_back(std::move(each));
-        append(items, copyItems(spot));
+        append(items, copyItems(place));
     }
     items.push_back(item("Paste", "pasteColor:", [this, outlet] { paste({outlet, {}}); }));
     return items;
@@ -170,13 +170,13 @@ void ColoursAtHand::copyText(const std::string& text) {
     desktop_.setGeneralPasteboard(board);
 }
 
-void ColoursAtHand::copy(const ColourSpot& spot) {
-    AddedColour copied = named(spot);
-    if (SwatchPanel* list = listAt(spot.outlet)) {
+void ColoursAtHand::copy(const ColourPlace& place) {
+    AddedColour copied = named(place);
+    if (SwatchPanel* list = listAt(place.outlet)) {
         const FCOStruct* record = selectedRecord(*list);
         if (!record) return;
         copied = {colourOf(*record), macRomanToUtf8(nameBytes(*record))};
-    } else if (!spot.colour) {
+    } else if (!place.colour) {
         return;
     }
     desktop_.statusLine().takeBack(StatusLine::About::colours);
@@ -196,10 +196,10 @@ std::vector<AddedColour> ColoursAtHand::onPasteboard() {
     return {{board.colour->withAlpha(1.0), textIsName ? board.text.value_or("") : board.name}};
 }
 
-bool ColoursAtHand::paste(const ColourSpot& spot) {
-    SwatchPanel* list = listAt(spot.outlet);
-    const bool first = spot.outlet == "origFirstColor";
-    if (!list && !first && spot.outlet != "origSecondColor") return false;
+bool ColoursAtHand::paste(const ColourPlace& place) {
+    SwatchPanel* list = listAt(place.outlet);
+    const bool first = place.outlet == "origFirstColor";
+    if (!list && !first && place.outlet != "origSecondColor") return false;
     const std::vector<AddedColour> found = onPasteboard();
     desktop_.statusLine().takeBack(StatusLine::About::colours);
     if (found.empty())
@@ -215,21 +215,21 @@ bool ColoursAtHand::paste(const ColourSpot& spot) {
     return true;
 }
 
-void ColoursAtHand::use(const ColourSpot& spot, bool asFirst) {
+void ColoursAtHand::use(const ColourPlace& place, bool asFirst) {
     desktop_.statusLine().takeBack(StatusLine::About::colours);
-    const SwatchPanel* list = listAt(spot.outlet);
+    const SwatchPanel* list = listAt(place.outlet);
     const FCOStruct* record = list ? selectedRecord(*list) : nullptr;
     if (record && asFirst)
         colours_.setFirstColor(*record, macRomanToUtf8(zeroTerminatedName(*record)));
     else if (asFirst)
-        colours_.enterFirst(*spot.colour);
+        colours_.enterFirst(*place.colour);
     else
-        colours_.enterSecond(*spot.colour);
+        colours_.enterSecond(*place.colour);
 }
 
-void ColoursAtHand::add(const ColourSpot& spot, int list) {
-    if (listAt(spot.outlet)) return; // its rows go across by commands of their own
-    addTo(list, spot.colour ? std::vector{named(spot)} : schemeAt(spot.outlet));
+void ColoursAtHand::add(const ColourPlace& place, int list) {
+    if (listAt(place.outlet)) return; // its rows go across by commands of their own
+    addTo(list, place.colour ? std::vector{named(place)} : schemeAt(place.outlet));
 }
 
 void ColoursAtHand::addTo(int list, const std::vector<AddedColour>& added) {

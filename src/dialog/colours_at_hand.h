@@ -1,7 +1,7 @@
 #pragma once
 
 #include "colour/working_colours.h"
-#include "desktop/colour_spot.h"
+#include "desktop/colour_place.h"
 #include "swatches/added_colours.h"
 #include "swatches/swatch_panels.h"
 
@@ -20,26 +20,26 @@ class ColoursAtHand : public ColourOperations {
     void offerMenus(); ///< in the lists' own menus, after the outlets are connected
 
     bool standsForColours(const std::string& outlet) const override;
-    MenuItems menuOf(const ColourSpot&) override;
-    void copy(const ColourSpot&) override;
-    bool paste(const ColourSpot&) override;
-    void add(const ColourSpot&, int list) override;
+    MenuItems menuOf(const ColourPlace&) override;
+    void copy(const ColourPlace&) override;
+    bool paste(const ColourPlace&) override;
+    void add(const ColourPlace&, int list) override;
 
   private:
     SwatchPanel& panel(int list) { return list == 2 ? panels_.two : panels_.one; }
     SwatchPanel* listAt(const std::string& outlet); ///< null where no list stands there
-    AddedColour named(const ColourSpot&);
+    AddedColour named(const ColourPlace&);
     std::vector<AddedColour> schemeAt(const std::string& outlet);
     std::vector<AddedColour> onPasteboard();
 
-    MenuItems copyItems(const ColourSpot&);
-    MenuItems useItems(const ColourSpot&);
-    MenuItems addItems(const ColourSpot&);
+    MenuItems copyItems(const ColourPlace&);
+    MenuItems useItems(const ColourPlace&);
+    MenuItems addItems(const ColourPlace&);
     MenuItems schemeItems(const std::string& outlet);
     MenuItems rowItems(SwatchPanel&);
 
     void copyText(const std::string&);
-    void use(const ColourSpot&, bool asFirst);
+    void use(const ColourPlace&, bool asFirst);
     void addTo(int list, const std::vector<AddedColour>&);
 
     WorkingColours& colours_;

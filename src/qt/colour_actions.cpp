@@ -29,7 +29,7 @@ std::optional<Colour> colourOf(const QWidget& widget, Where where, QPointF at) {
                                    : shown->view()->colourInFocus();
 }
 
-ColourSpot spotOf(const QWidget& widget, Where where, QPointF at = {}) {
+ColourPlace placeOf(const QWidget& widget, Where where, QPointF at = {}) {
     return {fromQt(widget.objectName()), colourOf(widget, where, at)};
 }
 
@@ -68,7 +68,7 @@ bool ColourActions::handle(QWidget& widget, QEvent& event) {
     case QEvent::MouseButtonDblClick: {
         const auto& press = static_cast<QMouseEvent&>(event);
         if (press.button() == Qt::LeftButton && qobject_cast<ColorWellWidget*>(&widget))
-            operations_.add(spotOf(widget, Where::pointer), press.modifiers() & Qt::AltModifier ? 2 : 1);
+            operations_.add(placeOf(widget, Where::pointer), press.modifiers() & Qt::AltModifier ? 2 : 1);
         return false; // it is a press too
     }
     default:
@@ -80,7 +80,7 @@ bool ColourActions::openMenu(QWidget& widget, const QContextMenuEvent& event) {
     if (isList(widget)) return false;
     const bool byKey = event.reason() == QContextMenuEvent::Keyboard;
     const MenuItems items =
-        operations_.menuOf(spotOf(widget, byKey ? Where::keyboard : Where::pointer, QPointF(event.pos())));
+        operations_.menuOf(placeOf(widget, byKey ? Where::keyboard : Where::pointer, QPointF(event.pos())));
     if (items.empty()) return false;
     const QPointer<QMenu> menu = makeMenu(items, *widget.window());
     menu->exec(byKey ? widget.mapToGlobal(widget.rect().center()) : event.globalPos());
@@ -89,15 +89,15 @@ bool ColourActions::openMenu(QWidget& widget, const QContextMenuEvent& event) {
 
 bool ColourActions::keyPressed(QWidget& widget, const QKeyEvent& event) {
     const bool shows = qobject_cast<ColorWellWidget*>(&widget) || qobject_cast<ViewWidget*>(&widget);
-    const auto spot = [&widget] { return spotOf(widget, Where::keyboard); };
+    const auto place = [&widget] { return placeOf(widget, Where::keyboard); };
     if (shows && event.matches(QKeySequence::Copy)) {
-        operations_.copy(spot());
+        operations_.copy(place());
         return true;
     }
-    if (shows && event.matches(QKeySequence::Paste)) return operations_.paste(spot());
+    if (shows && event.matches(QKeySequence::Paste)) return operations_.paste(place());
     const bool bare = (event.modifiers() & ~(Qt::AltModifier | Qt::KeypadModifier)) == Qt::NoModifier;
     if (event.key() != Qt::Key_Insert || !bare || isList(widget)) return false;
-    operations_.add(spot(), event.modifiers() & Qt::AltModifier ? 2 : 1);
+    operations_.add(place(), event.modifiers() & Qt::AltModifier ? 2 : 1);
     return true;
 }
 

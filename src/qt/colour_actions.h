@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desktop/colour_spot.h"
+#include "desktop/colour_place.h"
 
 #include <QObject>
 

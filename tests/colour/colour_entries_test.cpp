@@ -150,8 +150,10 @@ TEST(ColourEntries, AChosenReadingTakesThePlaceOfTheInks) {
     EXPECT_FALSE(dialog.fields["secondInks"].hidden());
     dialog.colours.changeSecondColor(Colour::rgb(0.2, 0.4, 0.6));
     EXPECT_EQ(dialog.text("secondEntry"), "") << "not written before anybody looks";
-    for (const auto& [action, text] : std::map<std::string, std::string>{
-             {"readHsb:", "210 66.7% 60%"}, {"readHsl:", "210 50% 40%"}, {"readOklch:", "49.9% 0.099 250.4"}}) {
+    for (const auto& [action, text] :
+         std::map<std::string, std::string>{{"readHsb:", "210 66.7% 60%"},
+                                            {"readHsl:", "210 50% 40%"},
+                                            {"readOklch:", "49.9% 0.099 250.4"}}) {
         dialog.choose("secondReading", action);
         EXPECT_EQ(dialog.text("secondEntry"), text);
         EXPECT_TRUE(dialog.fields["secondInks"].hidden());

@@ -40,8 +40,8 @@ class ColoursAtHandTest : public PickTest {
         });
     }
 
-    static void choose(ColourOperations& operations, const ColourSpot& spot, const std::string& action) {
-        const MenuItems items = operations.menuOf(spot);
+    static void choose(ColourOperations& operations, const ColourPlace& place, const std::string& action) {
+        const MenuItems items = operations.menuOf(place);
         const MenuItem* item = itemIn(items, action);
         ASSERT_NE(item, nullptr) << action;
         item->run();

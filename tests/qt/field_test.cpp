@@ -2,6 +2,7 @@
 #include "qt/desktop_fixture.h"
 
 #include "qt/controls/clear_button.h"
+#include "qt/controls/compact_field.h"
 #include "qt/controls/field_control.h"
 
 #include <QAction>
@@ -272,6 +273,34 @@ TEST_F(FieldTest, AFieldWhoseWidgetIsGoneDoesNothing) {
     control.setText("x");
     EXPECT_EQ(control.text(), "");
     control.setHidden(true);
+}
+
+TEST_F(FieldTest, AFaultIsShownAndToldUntilItIsTakenBack) {
+    CompactField marked(&dialog);
+    marked.setAccessibleDescription("as ever");
+    marked.resize(100, 24);
+    const QImage plain = marked.grab().toImage();
+    FieldControl control(&marked);
+    control.setFault("no color");
+    EXPECT_EQ(marked.accessibleDescription(), "no color");
+    const QImage faulty = marked.grab().toImage();
+    EXPECT_NE(plain.pixel(50, 0), faulty.pixel(50, 0)) << "a frame";
+    EXPECT_NE(plain.pixel(90, 4), faulty.pixel(90, 4)) << "and a sign";
+    control.setFault("");
+    EXPECT_EQ(marked.accessibleDescription(), "as ever");
+    EXPECT_EQ(marked.grab().toImage(), plain);
+}
+
+TEST_F(FieldTest, TheClickThatBringsTheFocusSelectsAllAndTheNextOneDoesNot) {
+    auto* value = new CompactField(&dialog);
+    value->setProperty("selectedByClick", true);
+    value->setText("#336699");
+    value->show();
+    QTest::mouseClick(value, Qt::LeftButton, {}, {20, 12});
+    EXPECT_EQ(value->selectedText(), "#336699");
+    QTest::qWait(QApplication::doubleClickInterval() + 50);
+    QTest::mouseClick(value, Qt::LeftButton, {}, {20, 12});
+    EXPECT_EQ(value->selectedText(), "");
 }
 
 } // namespace

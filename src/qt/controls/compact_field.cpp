@@ -1,13 +1,16 @@
 #include "qt/controls/compact_field.h"
 
 #include "qt/contrast.h"
+#include "qt/controls/plain_text.h"
 #include "qt/mishap.h"
 
 #include <QEvent>
 #include <QFocusEvent>
+#include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionFrame>
+#include <QToolTip>
 
 #include <algorithm>
 #include <utility>
@@ -55,6 +58,10 @@ void CompactField::setFault(const QString& why) {
 
 /// Styles set margins of their own when they polish a field: these are wide enough everywhere.
 bool CompactField::event(QEvent* event) try {
+    if (event->type() == QEvent::ToolTip && !fault_.isEmpty()) {
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), plainToolTip(fault_), this);
+        return true;
+    }
     const bool used = QLineEdit::event(event);
     if (event->type() == QEvent::Polish || event->type() == QEvent::StyleChange) keepMargins();
     return used;

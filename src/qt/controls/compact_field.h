@@ -21,8 +21,8 @@ class CompactField : public QLineEdit {
     QSize sizeHint() const override { return {widthFor(digits_ > 0 ? digits_ : 16), heightNeeded()}; }
     QSize minimumSizeHint() const override { return {widthFor(digits_ > 0 ? digits_ : 4), heightNeeded()}; }
 
-    /// Why the text cannot be read, shown by a frame and a sign and told as the field's description; empty:
-    /// it can.
+    /// Why the text cannot be read, shown by a frame and a sign and told as the field's tool tip and
+    /// description; empty: it can.
     void setFault(const QString&);
     const QString& fault() const { return fault_; }
 
