@@ -5,13 +5,14 @@ build=$root/build
 log=$build/setup.log
 
 tools_debian="g++ cmake ninja-build"
-libraries_debian="qt6-base-dev libqt6opengl6-dev qt6-tools-dev liblcms2-dev libcli11-dev"
+libraries_debian="qt6-base-dev libqt6opengl6-dev qt6-tools-dev liblcms2-dev libcli11-dev
+  nlohmann-json3-dev libexpat1-dev"
 at_run_time_debian="libgs-common fonts-liberation fonts-dejavu-core"
-for_tests_debian="libgtest-dev libgmock-dev nlohmann-json3-dev libx11-dev xvfb openbox xdotool xauth poppler-utils qpdf
+for_tests_debian="libgtest-dev libgmock-dev libx11-dev xvfb openbox xdotool xauth poppler-utils qpdf
   cups-daemon cups-client dbus at-spi2-core python3-gi gir1.2-atspi-2.0 gir1.2-gtk-3.0
   adwaita-qt6"
-homebrew="cmake ninja qt little-cms2 cli11 ghostscript"
-homebrew_for_tests="googletest nlohmann-json poppler qpdf"
+homebrew="cmake ninja qt little-cms2 cli11 nlohmann-json expat ghostscript"
+homebrew_for_tests="googletest poppler qpdf"
 
 fail() {
   echo "$me: $*" >&2
