@@ -95,6 +95,44 @@ def colour_texts():
     yield "ffffff White\nfacade 87ceeb\n&#123; #deadbeefs | Sky | #87ceeb |".encode()
 
 
+def ase_block(kind, body=b""):
+    return struct.pack(">HI", kind, len(body)) + body
+
+
+def ase_name(text):
+    return struct.pack(">H", len(text) + 1) + text.encode("utf-16-be") + b"\0\0"
+
+
+def ase():
+    blocks = ase_block(0xC001, ase_name("G")) + ase_block(1, ase_name("R") + b"RGB " + struct.pack(">3fH", 1, 0.5, 0, 1))
+    blocks += ase_block(1, ase_name("L") + b"LAB " + struct.pack(">3fH", 0.5, -20, 30, 2)) + ase_block(0xC002)
+    blocks += ase_block(1, ase_name("") + b"CMYK" + struct.pack(">4fH", 0, 1, 0.5, 0, 0))
+    return b"ASEF\0\1\0\0" + struct.pack(">I", 5) + blocks + ase_block(1, ase_name("W") + b"Gray" + struct.pack(">fH", 1, 0))
+
+
+TOKENS = b'''{"$description": "T", "a": {"$type": "color", "b c": {"$value": "#f008"}, "d": {"$value": {"colorSpace": "lab",
+"components": [50, 20, "none"], "alpha": 0.5}}, "e": {"$value": "{a.d}"}, "f": {"$value": {"colorSpace": "oklch",
+"components": [0.7, 0.1, 150], "hex": "#123456"}}}, "g": ["#111", "#222222"], "h": "#333"}'''
+SOC = b"""<?xml version="1.0"?><o:color-table xmlns:o="o" xmlns:draw="d"><draw:color draw:name="A &amp; &#233;"
+draw:color="#0000ff"/><draw:color draw:color="red"/></o:color-table>"""
+
+
+def palettes():
+    """A file a reader, in the order of the formats' table, each written back as every format."""
+    table = bytes(range(256)) * 3
+    files = [[s[2:] for s in aco_seeds()], list(book_files())[:5], [ase()],
+             [b"GIMP Palette\nName: N\nColumns: 0\n# c\n  1   2 255\t4 you\r\n0 0 0\n"],
+             [table, table + b"\0\3\xff\xff"], [b"JASC-PAL\r\n0100\r\n2\r\n255 0 0\r\n0 0 9\r\n"],
+             [b"RIFF\x18\0\0\0PAL data\x0c\0\0\0\0\3\2\0abc\0def\0"], [b"; c\nFF0080C0\n80ffffff ; d\n"],
+             [b"#f00 Red\n0000ff\n// c\n#12345678 x"],
+             [b":root { --a: #f00; --b-c: rgb(1 2 3 / .5); /* --d: red */ --e: hsl(9 9% 9%) !important }\n$f: 'x;' ; $g: lime"],
+             [TOKENS], [SOC]]
+    for reader, of_format in enumerate(files):
+        for i, file in enumerate(of_format):
+            yield bytes([reader, (reader + i) % 13]) + file
+            yield bytes([reader, (3 * reader + 5 * i + 7) % 13]) + file
+
+
 def main(out):
     seeds = {
         "aco": list(aco_seeds()),
@@ -102,6 +140,7 @@ def main(out):
         "book_lookup": [reference(s, k)[:8] + b for b in book_files() for s, k in [(3000, b"RED   "), (10, b"   1EP")]],
         "preferences": list(preferences_seeds()),
         "colour_texts": list(colour_texts()),
+        "palettes": list(palettes()),
     }
     for target, files in seeds.items():
         folder = pathlib.Path(out, target)

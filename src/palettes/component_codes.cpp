@@ -20,8 +20,9 @@ std::uint8_t byte(double value) {
 std::uint16_t unitWord(double unit) {
     return static_cast<std::uint16_t>(wordOfUnit(unit));
 }
-double signedWord(std::uint16_t word) {
-    return static_cast<std::int16_t>(word);
+/// Hundredths of a Lab axis; what no axis reaches is clamped.
+double axisOf(std::uint16_t word) {
+    return std::clamp(static_cast<std::int16_t>(word) / 100.0, -128.0, 127.0);
 }
 
 // Codes of a swatch file's spaces. Those of 3 to 6, 10, 11 and from 3000 on are colour books.
@@ -88,8 +89,7 @@ bool takeAcoWords(const AcoWords& words, PaletteColour& colour) {
         return true;
     case kAcoLab:
         colour.space = PaletteSpace::lab;
-        colour.components = {std::min<int>(words[1], 10000) / 100.0, signedWord(words[2]) / 100,
-                             signedWord(words[3]) / 100};
+        colour.components = {std::min<int>(words[1], 10000) / 100.0, axisOf(words[2]), axisOf(words[3])};
         return true;
     case kAcoGray:
         colour.space = PaletteSpace::gray;

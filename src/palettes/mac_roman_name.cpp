@@ -2,6 +2,7 @@
 
 #include "palettes/palette_text.h"
 #include "record/name_text.h"
+#include "spaces/ascii_text.h"
 
 #include <algorithm>
 #include <array>
@@ -80,7 +81,7 @@ std::string macRomanName(std::string_view utf8) {
         name += romanOf(takeComposed(rest));
         if (name.size() >= kLongest) break;
     }
-    return name.substr(0, kLongest);
+    return std::string(trimmed(std::string_view(name).substr(0, kLongest))); // a mark may have hidden a space
 }
 
 } // namespace chromalog

@@ -77,6 +77,14 @@ TEST(AcoPalette, ComponentsAreThoseOfThePublishedFormat) {
     EXPECT_THAT(c[5].components, ElementsAre(1, 0, 0.5, 0));
 }
 
+TEST(AcoPalette, ComponentsBeyondTheirRangeAreClamped) {
+    const auto read =
+        readAs(PaletteFormat::aco, "\0\1\0\2\0\7\xFF\xFF\x80\0\x7F\xFF\0\0\0\x8\xFF\xFF\0\0\0\0\0\0"sv);
+    ASSERT_EQ(read.palette.colours.size(), 2u);
+    EXPECT_THAT(read.palette.colours[0].components, ElementsAre(100, -128, 127, 0));
+    EXPECT_THAT(read.palette.colours[1].components, ElementsAre(0, 0, 0, 0));
+}
+
 TEST(AcoPalette, ASecondSectionNamesTheColours) {
     const auto read = readAs(PaletteFormat::aco, "\0\1\0\1\0\0\xFF\xFF\0\0\0\0\0\0"
                                                  "\0\2\0\1\0\0\xFF\xFF\0\0\0\0\0\0\0\0\0\3\1\x7C\0z\0\0"sv);
@@ -208,7 +216,8 @@ TEST(FitPalette, LabOutsideSrgbComesInsideAndInkGoesToItsConverter) {
 TEST(SwatchPalette, NamesAreComposedReplacedAndCut) {
     Palette palette;
     palette.colours = {colour("e\u0301te\u0301", 0), colour("\u00E9t\u00E9", 0),
-                       colour("\u017B\U0001F308", 0), colour("a\nb", 0), colour(std::string(300, 'n'), 0)};
+                       colour("\u017B\U0001F308", 0), colour("a\nb \u0301", 0),
+                       colour(std::string(300, 'n'), 0)};
     const FittedPalette fitted = fitSwatches(palette, 5000, noInk);
     std::vector<std::string> names;
     for (const PaletteColour& c : fitted.palette.colours)
