@@ -1,5 +1,6 @@
 #include "palettes/palette_loss.h"
 
+#include <cmath>
 #include <string_view>
 
 namespace chromalog {
@@ -15,10 +16,18 @@ void compareNames(const std::string& before, const std::string& after, PaletteLo
         ++loss.namesChanged;
 }
 
+/// Whether components differ by more than single precision does.
+bool differ(const PaletteColour& before, const PaletteColour& after) {
+    const double unit = before.space == PaletteSpace::lab ? 100 : 1;
+    for (std::size_t i = 0; i < before.components.size(); ++i)
+        if (std::abs(before.components[i] - after.components[i]) > 1e-6 * unit) return true;
+    return false;
+}
+
 void compare(const PaletteColour& before, const PaletteColour& after, PaletteLoss& loss) {
     if (after.space != before.space)
         ++loss.converted[static_cast<std::size_t>(before.space)];
-    else if (after.components != before.components)
+    else if (differ(before, after))
         ++loss.rounded;
     compareNames(before.name, after.name, loss);
     loss.alpha += after.alpha != before.alpha;

@@ -165,4 +165,18 @@ std::string hexOf(const PaletteColour& colour) {
     return text;
 }
 
+void appendJsonText(std::string& json, std::string_view text) {
+    constexpr const char* kDigits = "0123456789abcdef";
+    json.push_back('"');
+    for (const char c : text) {
+        if (c == '"' || c == '\\')
+            json.append(1, '\\').push_back(c);
+        else if (static_cast<unsigned char>(c) < ' ')
+            json.append("\\u00").append({kDigits[c >> 4], kDigits[c & 15]});
+        else
+            json.push_back(c);
+    }
+    json.push_back('"');
+}
+
 } // namespace chromalog

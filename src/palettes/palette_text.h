@@ -42,4 +42,7 @@ std::optional<PaletteColour> colourOfHex(std::string_view digits);
 std::string hexOf(const PaletteColour&);
 std::string hexWithoutAlpha(const PaletteColour&);
 
+/// Appends a text of JSON with its quotes.
+void appendJsonText(std::string& json, std::string_view text);
+
 } // namespace chromalog

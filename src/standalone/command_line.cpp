@@ -179,7 +179,8 @@ int complain(const std::string& text) {
 }
 
 constexpr const char* kExitCodes =
-    "Exit code: 0 the colour changed; 1 it is as offered; 2 a bad colour, file or option, or output that "
+    "Palettes without a window: chromalog convert --help, chromalog nearest --help.\n\nExit code: 0 the "
+    "colour changed; 1 it is as offered; 2 a bad colour, file or option, or output that "
     "cannot be written; 3 the plug-in got no memory; 4 it misused the host, where CHROMALOG_STRICT=1 makes "
     "that fatal; 5 it ended with an error of its own.";
 

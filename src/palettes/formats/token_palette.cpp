@@ -188,30 +188,16 @@ ReadPalette TokenReader::take() {
     return std::move(read_);
 }
 
-void appendJson(std::string& json, std::string_view text) {
-    constexpr const char* kDigits = "0123456789abcdef";
-    json.push_back('"');
-    for (const char c : text) {
-        if (c == '"' || c == '\\')
-            json.append(1, '\\').push_back(c);
-        else if (static_cast<unsigned char>(c) < ' ')
-            json.append("\\u00").append({kDigits[c >> 4], kDigits[c & 15]});
-        else
-            json.push_back(c);
-    }
-    json.push_back('"');
-}
-
 /// Writes members one after the other, each on a line.
 class TokenWriter {
   public:
     void member(std::string_view key) {
         text_.append(first_ ? "\n" : ",\n").append(2 * open_.size() + 2, ' ');
-        appendJson(text_, key);
+        appendJsonText(text_, key);
         text_ += ": ";
         first_ = false;
     }
-    void value(std::string_view text) { appendJson(text_, text); }
+    void value(std::string_view text) { appendJsonText(text_, text); }
     void raw(std::string_view json) { text_ += json; }
 
     /// Closes and opens groups until these are open.

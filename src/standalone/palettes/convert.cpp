@@ -1,0 +1,105 @@
+#include "standalone/palettes/convert.h"
+
+#include "files/file_io.h"
+#include "files/size_limit_signal.h"
+#include "palettes/palette_loss.h"
+#include "palettes/palette_text.h"
+#include "spaces/css_colour.h"
+#include "spaces/decimal_text.h"
+#include "spaces/lab_grid.h"
+#include "standalone/palettes/ink.h"
+#include "standalone/palettes/palette_input.h"
+#include "standalone/palettes/palette_listing.h"
+#include "standalone/standard_streams.h"
+
+#include <cerrno>
+#include <iostream>
+
+namespace chromalog::standalone {
+
+namespace {
+
+Palette readAll(const std::vector<std::string>& files, const std::string& from) {
+    const PaletteInput input(from);
+    std::vector<Palette> palettes;
+    for (const std::string& file : files)
+        palettes.push_back(input.read(file));
+    return joined(std::move(palettes));
+}
+
+void print(std::string_view text) {
+    const SizeLimitSignalBlock onlyFails;
+    std::cout.write(text.data(), static_cast<std::streamsize>(text.size()));
+    if (const std::string failure = flushStandardOutput(); !failure.empty())
+        throw std::runtime_error(failure);
+}
+
+PaletteFormat formatOfOutput(const std::string& path, const std::string& to) {
+    if (!to.empty()) return *formatOfWord(to);
+    if (const auto format = formatOfExtension(path)) return *format;
+    if (path == kStandardStream) throw std::runtime_error("--to must say what is written to standard output");
+    throw std::runtime_error(path + ": which kind of palette? The extension does not tell; --to would");
+}
+
+void sayLoss(const std::string& path, const PaletteLoss& loss, const std::string& ink) {
+    std::string text;
+    for (const std::string& line : lossLines(loss, ink))
+        text.append(text.empty() ? "" : "; ").append(line);
+    if (!text.empty()) say((path == kStandardStream ? "standard output" : path) + ": " + text);
+}
+
+void writeOut(const std::string& path, const std::vector<std::uint8_t>& file) {
+    if (path == kStandardStream) return print({reinterpret_cast<const char*>(file.data()), file.size()});
+    const SizeLimitSignalBlock onlyFails;
+    if (!writeDataToFileAtURL(path, file))
+        throw std::runtime_error("cannot write " + path + ": " + reasonOf(errno));
+}
+
+void prepare(Palette& palette, const ConvertRequest& request, const CmykToRgb& ink) {
+    if (request.dedupe >= 0) dropNearDoubles(palette, request.dedupe, ink);
+    sortPalette(palette, request.order, ink);
+}
+
+std::string difference(double value) {
+    const std::string text = fixedDecimalText(value, 2);
+    return std::string(text.size() < 6 ? 6 - text.size() : 0, ' ') + text;
+}
+
+} // namespace
+
+void runConvert(const ConvertRequest& request) {
+    Ink ink(request.cmykProfile);
+    std::vector<std::string> inputs = request.files;
+    if (request.list || request.json) {
+        Palette palette = readAll(inputs, request.from);
+        prepare(palette, request, ink.converter());
+        return print(request.json ? jsonOf(palette, ink.converter()) : tableOf(palette, ink.converter()));
+    }
+    const std::string output = inputs.back();
+    inputs.pop_back();
+    const PaletteFormat format = formatOfOutput(output, request.to);
+    Palette palette = readAll(inputs, request.from);
+    prepare(palette, request, ink.converter());
+    const FittedPalette fitted = fitPalette(palette, format, ink.converter());
+    writeOut(output, rulesOf(format).write(fitted.palette));
+    sayLoss(output, lossOf(palette, fitted), ink.name());
+}
+
+void runNearest(const NearestRequest& request) {
+    const auto colour = readCssColour(request.colour);
+    if (!colour) throw std::runtime_error("not a colour: " + request.colour);
+    Ink ink(request.cmykProfile);
+    const Palette all = readAll(request.files, request.from);
+    const Palette palette = withoutReferences(all, all.colours.size()).palette;
+    const auto labs = labsOf(palette, ink.converter());
+    std::string text;
+    for (const ColourMatch& match :
+         LabGrid(labs).nearestFew(labOf(colour->rgb), static_cast<std::size_t>(request.count))) {
+        Palette one;
+        one.colours = {palette.colours[match.index]};
+        text.append(difference(match.difference)).append("  ").append(tableOf(one, ink.converter()));
+    }
+    print(text);
+}
+
+} // namespace chromalog::standalone

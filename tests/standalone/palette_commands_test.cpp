@@ -1,0 +1,151 @@
+// Palettes without a window, as a person or a script converts them.
+#include "support/run_program.h"
+#include "support/temporary_folder.h"
+
+#include <filesystem>
+#include <fstream>
+#include <gmock/gmock.h>
+
+namespace chromalog {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+using Words = std::vector<std::string>;
+
+class PaletteCommands : public testing::Test {
+  protected:
+    std::string path(const std::string& name) const { return folder / name; }
+    std::string write(const std::string& name, const std::string& text) const {
+        std::ofstream(path(name), std::ios::binary) << text;
+        return path(name);
+    }
+    std::string contents(const std::string& name) const {
+        std::ifstream file(path(name), std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+    static ProgramResult run(Words words) {
+        words.insert(words.begin(), CHROMALOG_PROGRAM);
+        return runProgram(words, {{"DISPLAY", ""}, {"QT_QPA_PLATFORM", "none"}});
+    }
+
+    test::TemporaryFolder folder;
+    std::string gpl =
+        write("a.gpl", "GIMP Palette\nName: Mine\n#\n255 0 0\tRed\n  0 0 255\tDeep \u00FCber blue\n");
+    std::string hex = write("b.txt", "#00ff00 Green\n#fe0000 Nearly red\n");
+};
+
+TEST_F(PaletteCommands, ManyFilesBecomeOneOfAnotherKind) {
+    const ProgramResult result = run({"convert", gpl, hex, path("all.ase")});
+    EXPECT_EQ(result.err, "chromalog: " + path("all.ase") + ": the palette's name\n");
+    EXPECT_EQ(result.exitCode, 0);
+    const ProgramResult list = run({"convert", "--list", path("all.ase")});
+    EXPECT_EQ(list.out, "#ff0000  Red\n#0000ff  Deep \u00FCber blue\n#00ff00  Green\n#fe0000  Nearly red\n");
+    EXPECT_EQ(list.err, "");
+}
+
+TEST_F(PaletteCommands, StandardStreamsAndTheKindByName) {
+    const std::string command = std::string(CHROMALOG_PROGRAM) + " convert - - --to css < " + gpl;
+    const ProgramResult result = runProgram({"sh", "-c", command});
+    EXPECT_EQ(result.out, ":root {\n  --Red: #ff0000;\n  --Deep-\u00FCber-blue: #0000ff;\n}\n");
+    EXPECT_EQ(result.err, "chromalog: standard output: 1 name changed; the palette's name\n");
+    EXPECT_EQ(result.exitCode, 0);
+}
+
+TEST_F(PaletteCommands, SortsAndLeavesOutNearDoubles) {
+    EXPECT_EQ(run({"convert", "--list", "--sort", "name", gpl, hex}).out,
+              "#0000ff  Deep \u00FCber blue\n#00ff00  Green\n#fe0000  Nearly red\n#ff0000  Red\n");
+    EXPECT_EQ(run({"convert", "--list", "--sort", "hue", "--dedupe", "1", hex, gpl}).out,
+              "#fe0000  Nearly red\n#00ff00  Green\n#0000ff  Deep \u00FCber blue\n");
+}
+
+TEST_F(PaletteCommands, JsonTellsWhatTheFileHolds) {
+    const std::string tokens = write(
+        "t.json",
+        R"({"g": {"\"a\"": {"$value": {"colorSpace": "lab", "components": [50, 10, -20], "alpha": 0.5}}}})");
+    EXPECT_EQ(run({"convert", "--json", tokens}).out, "[\n  {\"name\": \"\\\"a\\\"\", \"hex\": \"#7b7299\", "
+                                                      "\"space\": \"lab\", \"components\": [50, 10, -20], "
+                                                      "\"alpha\": 0.5, \"group\": \"g\"}\n]\n");
+}
+
+TEST_F(PaletteCommands, InkTakesTheProfileThatIsNamed) {
+    // An exchange file of full cyan.
+    using namespace std::string_literals;
+    const std::string ase = write(
+        "c.ase", "ASEF\0\1\0\0\0\0\0\1\0\1\0\0\0\x1A\0\1\0\0CMYK\x3F\x80\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\2"s);
+    const ProgramResult result = run({"convert", ase, path("c.hex")});
+    EXPECT_THAT(result.err, HasSubstr("1 colour converted from CMYK to RGB by "));
+    EXPECT_THAT(contents("c.hex"),
+                testing::AnyOf("#00aeef\n", "#00ffff\n")); // with the installed profile, or without
+    const ProgramResult bad = run({"convert", "--cmyk-profile", gpl, ase, path("d.hex")});
+    EXPECT_EQ(bad.exitCode, 2);
+    EXPECT_FALSE(std::filesystem::exists(path("d.hex")));
+}
+
+TEST_F(PaletteCommands, AMistakeIsOneLineAndWritesNothing) {
+    const std::string kept = write("kept.gpl", "kept");
+    const std::string broken = write("broken.soc", "<?xml version='1.0'?><a:color-table><");
+    write("long.gpl", "GIMP Palette\n");
+    std::filesystem::resize_file(path("long.gpl"), std::uintmax_t{1} << 30);
+    const std::pair<Words, std::string> cases[]{
+        {{"convert"}, "FILE is required\n"},
+        {{"convert", gpl}, "convert: name the palettes to read and the one to write, or --list\n"},
+        {{"convert", path("none.gpl"), kept},
+         "cannot read " + path("none.gpl") + ": No such file or directory\n"},
+        {{"convert", gpl, broken, kept}, broken + ": the XML is broken in line 1\n"},
+        {{"convert", path("long.gpl"), kept}, path("long.gpl") + ": too long for a palette\n"},
+        {{"convert", "--from", "ase", gpl, kept}, gpl + ": this is no swatch exchange file\n"},
+        {{"convert", "--from", "svg", gpl, kept}, "--from: svg is none of aco|"},
+        {{"convert", "--to", "what", gpl, kept}, "--to: what is none of aco|"},
+        {{"convert", gpl, path("x.y")}, path("x.y") + ": which kind of palette?"},
+        {{"convert", gpl, "-"}, "--to must say what is written to standard output\n"},
+        {{"convert", CHROMALOG_PROGRAM, kept}, std::string(CHROMALOG_PROGRAM) + ": "},
+        {{"convert", gpl, path("no/folder.gpl")}, "cannot write "},
+        {{"convert", "--sort", "size", gpl, kept}, "--sort: size "},
+        {{"convert", "--dedupe", "-1", gpl, kept}, "--dedupe: "},
+        {{"nearest", "bleu", gpl}, "not a colour: bleu\n"},
+        {{"nearest", "#fff"}, "FILE is required\n"},
+        {{"nearest", "#fff", gpl, "-n", "0"}, "-n: "},
+    };
+    for (const auto& [words, complaint] : cases) {
+        const ProgramResult result = run(words);
+        EXPECT_EQ(result.exitCode, 2) << complaint;
+        EXPECT_THAT(result.err, testing::StartsWith("chromalog: " + complaint));
+        EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 1) << result.err;
+        EXPECT_EQ(result.out, "");
+    }
+    EXPECT_EQ(contents("kept.gpl"), "kept");
+    EXPECT_EQ(
+        runProgram({"sh", "-c", std::string(CHROMALOG_PROGRAM) + " convert --list " + gpl + " > /dev/full"})
+            .exitCode,
+        2);
+}
+
+// Pairs of the published test data that lie inside sRGB.
+TEST_F(PaletteCommands, NearestTellsPublishedDifferences) {
+    const std::string tokens = write("t.json", R"({"$type": "color",
+        "a": {"$value": {"colorSpace": "lab", "components": [73, 25, -18]}},
+        "b": {"$value": {"colorSpace": "lab", "components": [50, 0, -2.5]}},
+        "c": {"$value": {"colorSpace": "lab", "components": [61, -5, 29]}},
+        "d": {"$value": {"colorSpace": "lab", "components": [56, -27, -3]}},
+        "e": {"$value": {"colorSpace": "lab", "components": [58, 24, 15]}}})");
+    const ProgramResult result = run({"nearest", "lab(50 2.5 0)", tokens, "-n", "9"});
+    EXPECT_THAT(result.out,
+                testing::MatchesRegex("  4\\.31  #......  b\n 19\\.45  #......  e\n 22\\.90  #......  c\n"
+                                      " 27\\.15  #......  a\n 31\\.90  #......  d\n"));
+    EXPECT_EQ(run({"nearest", "#fe0000", gpl, hex}).out, "  0.00  #fe0000  Nearly red\n");
+}
+
+TEST_F(PaletteCommands, LoadNoToolkit) {
+    const ProgramResult result =
+        runProgram({CHROMALOG_PROGRAM, "convert", gpl, path("a.css")}, {{"LD_DEBUG", "files"}});
+    EXPECT_EQ(result.exitCode, 0);
+#ifdef __GLIBC__
+    EXPECT_THAT(result.err, HasSubstr("lcms"));
+#endif
+    EXPECT_THAT(result.err, Not(HasSubstr("Qt6")));
+    EXPECT_THAT(result.err, Not(HasSubstr("Chromalog.so")));
+}
+
+} // namespace
+} // namespace chromalog
