@@ -34,7 +34,11 @@ ChromalogControler::ChromalogControler(GlobalRecord& data, Desktop& desktop)
     : data_(data), desktop_(desktop), colours_(data.pickerRecord->colorServices),
       entries_(colours_, data.pickerRecord->colorServices),
       panels_(data, desktop, outlets_.chromalogWindow, data.pickerRecord->colorServices, *this),
-      atHand_(colours_, panels_, desktop, data.pickerRecord->colorServices) {
+      atHand_(colours_, panels_, desktop, data.pickerRecord->colorServices),
+      exchange_({panels_.one, panels_.two, desktop, outlets_.chromalogWindow,
+                 data.pickerRecord->colorServices,
+                 [this](std::string_view label) { setUndoablePosition(label); },
+                 [this](std::string_view latest) { describeSteps(latest, {}); }}) {
     gChromalogControler = this;
     loadForm();
     zeroInit();
@@ -73,6 +77,7 @@ FormOwner ChromalogControler::formOwner() {
     append(owner.actions, colours_.actions());
     append(owner.actions, views_.actions());
     append(owner.actions, panels_.actions());
+    append(owner.actions, exchange_.actions());
     return owner;
 }
 

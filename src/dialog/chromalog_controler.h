@@ -6,6 +6,7 @@
 #include "dialog/colours_at_hand.h"
 #include "dialog/dialog_outlets.h"
 #include "dialog/stored_lists.h"
+#include "exchange/palette_exchange.h"
 #include "history/protocol_controler.h"
 #include "print/print_options.h"
 #include "swatches/swatch_panels.h"
@@ -70,6 +71,7 @@ class ChromalogControler : SwatchPanelsDelegate {
     ColourViews views_{colours_, desktop_};
     SwatchPanels panels_;
     ColoursAtHand atHand_;
+    PaletteExchange exchange_;
     PrintOptions printOptions_;
     std::unique_ptr<Form> form_; ///< its controls go before what they point to
     std::unique_ptr<ProtocolControler> history_;

@@ -7,9 +7,13 @@ std::string_view stepInWords(std::string_view labelKey) {
         std::string_view label, words;
     };
     static constexpr Words kWords[] = {
-        {undo_label::deleteSwatch, "Clear list"},    {undo_label::sortAlpha, "Sort by name"},
-        {undo_label::sortHue, "Sort by hue"},        {undo_label::colorChanged, "Store first color"},
-        {undo_label::colorDeleted, "Delete swatch"}, {undo_label::earlierLists, "Bring back an earlier list"},
+        {undo_label::deleteSwatch, "Clear list"},
+        {undo_label::sortAlpha, "Sort by name"},
+        {undo_label::sortHue, "Sort by hue"},
+        {undo_label::colorChanged, "Store first color"},
+        {undo_label::colorDeleted, "Delete swatch"},
+        {undo_label::earlierLists, "Bring back an earlier list"},
+        {undo_label::paletteImported, "Import a palette"},
     };
     for (const Words& each : kWords)
         if (each.label == labelKey) return each.words;

@@ -39,12 +39,14 @@ inline constexpr std::string_view rowRenamed = "!Swatch renamed!";
 inline constexpr std::string_view fileLoaded =
     "!Swatch File loaded!"; ///< by a drop, or one of the recent files
 inline constexpr std::string_view fileAppended = "!Swatch File appended!";
+inline constexpr std::string_view paletteImported = "!Import!"; ///< a palette of any kind into a list
 
 inline constexpr std::array all = {
-    loadSwatch,     loadSwatchFile, appendSwatch,     deleteSwatch,    sortAlpha,   sortHue,
-    colorChanged,   colorDeleted,   colorMoved,       earlierLists,    colorsAdded, colorsPasted,
-    rowsDeleted,    rowsMoved,      rowsCopiedAcross, rowsMovedAcross, sortRows,    sortBrightness,
-    sortSaturation, sortDifference, sortReversed,     rowRenamed,      fileLoaded,  fileAppended};
+    loadSwatch,       loadSwatchFile,  appendSwatch, deleteSwatch,   sortAlpha,
+    sortHue,          colorChanged,    colorDeleted, colorMoved,     earlierLists,
+    paletteImported,  colorsAdded,     colorsPasted, rowsDeleted,    rowsMoved,
+    rowsCopiedAcross, rowsMovedAcross, sortRows,     sortBrightness, sortSaturation,
+    sortDifference,   sortReversed,    rowRenamed,   fileLoaded,     fileAppended};
 
 } // namespace undo_label
 

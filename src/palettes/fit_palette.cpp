@@ -31,7 +31,7 @@ void fitColour(PaletteColour& colour, std::size_t index, const PaletteFormatRule
     colour.name = rules.name ? rules.name(colour.name) : std::string();
     const bool filled = rules.naming == PaletteNaming::filled || rules.naming == PaletteNaming::unique;
     if (filled && colour.name.empty())
-        colour.name = rules.format == PaletteFormat::css ? "colour" : "Colour " + std::to_string(index + 1);
+        colour.name = rules.format == PaletteFormat::css ? "color" : "Color " + std::to_string(index + 1);
 }
 
 /// Of equal names the second ends with 2, the third with 3, unless that is another's.

@@ -65,7 +65,7 @@ struct PaletteError : std::runtime_error {
 
 /// Adds a colour; a file with too many is refused.
 inline void addColour(Palette& palette, PaletteColour colour) {
-    if (palette.colours.size() >= kMostPaletteColours) throw PaletteError("it holds more than 65535 colours");
+    if (palette.colours.size() >= kMostPaletteColours) throw PaletteError("it holds more than 65535 colors");
     palette.colours.push_back(std::move(colour));
 }
 

@@ -35,7 +35,7 @@ void compare(const PaletteColour& before, const PaletteColour& after, PaletteLos
     loss.spotInks += after.isSpot != before.isSpot;
 }
 
-constexpr std::string_view kSpaceNames[kPaletteSpaces] = {"RGB", "HSB", "CMYK", "Lab", "grey", "book"};
+constexpr std::string_view kSpaceNames[kPaletteSpaces] = {"RGB", "HSB", "CMYK", "Lab", "gray", "book"};
 
 } // namespace
 
@@ -62,13 +62,13 @@ std::vector<std::string> lossLines(const PaletteLoss& loss, const std::string& i
         if (count > 0) lines.push_back(std::to_string(count) + ' ' + (count == 1 ? one : many));
     };
     const auto sayColours = [&say](std::size_t count, const std::string& what) {
-        say(count, "colour " + what, "colours " + what);
+        say(count, "color " + what, "colors " + what);
     };
     const auto sayNames = [&say](std::size_t count, const std::string& what) {
         say(count, "name " + what, "names " + what);
     };
     sayColours(loss.beyond, "left out for want of room");
-    sayColours(loss.references, "left out: found in a colour book only");
+    sayColours(loss.references, "left out: found in a color book only");
     for (std::size_t i = 0; i < kPaletteSpaces; ++i) {
         const bool isInk = i == static_cast<std::size_t>(PaletteSpace::cmyk);
         sayColours(loss.converted[i],
@@ -82,7 +82,7 @@ std::vector<std::string> lossLines(const PaletteLoss& loss, const std::string& i
     sayColours(loss.groups, "out of their groups");
     sayColours(loss.spotInks, "no longer inks of their own");
     sayColours(loss.moved, "in another order");
-    if (loss.title) lines.emplace_back("the palette's name");
+    if (loss.title) lines.emplace_back("the palette's name is lost");
     return lines;
 }
 

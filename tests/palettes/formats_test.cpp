@@ -166,7 +166,7 @@ TEST(CssPalette, NamesBecomeIdentifiersOfTheirOwn) {
     palette.colours = {colour("Sky blue!", 0x87CEEB), colour("Sky-blue", 0xFF), colour("", 0), colour("", 1)};
     EXPECT_EQ(written(PaletteFormat::css, palette),
               ":root {\n  --Sky-blue: #87ceeb;\n  --Sky-blue-2: #0000ff;\n"
-              "  --colour: #000000;\n  --colour-2: #000001;\n}\n");
+              "  --color: #000000;\n  --color-2: #000001;\n}\n");
 }
 
 TEST(TokenPalette, ReadsGroupsTypesObjectsAndAliases) {
@@ -259,11 +259,11 @@ TEST(PaletteLoss, CountsEachKindAndSaysItInWords) {
     const PaletteLoss loss = lossOf(before, {after, {1, 2}});
     EXPECT_THAT(
         lossLines(loss, "the host"),
-        ElementsAre("1 colour left out for want of room", "1 colour left out: found in a colour book only",
-                    "1 colour converted from CMYK to RGB by the host", "1 colour rounded", "1 name lost",
-                    "1 name cut short", "1 colour with another alpha", "the palette's name"));
+        ElementsAre("1 color left out for want of room", "1 color left out: found in a color book only",
+                    "1 color converted from CMYK to RGB by the host", "1 color rounded", "1 name lost",
+                    "1 name cut short", "1 color with another alpha", "the palette's name is lost"));
     EXPECT_THAT(lossLines(lossOf(before, {{"Mine", {before.colours[2], before.colours[0]}}, {2, 0}}), ""),
-                testing::Contains("2 colours in another order"));
+                testing::Contains("2 colors in another order"));
     EXPECT_TRUE(lossLines({}, "").empty());
 }
 

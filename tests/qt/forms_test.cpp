@@ -100,23 +100,56 @@ TEST_F(FormsTest, TheDialogHoldsEveryOutlet) {
 }
 
 TEST_F(FormsTest, EveryActionHasItsControl) {
-    EXPECT_THAT(actionsIn("chromalogWindow"),
-                UnorderedElementsAreArray({"okPressed:",         "cancelPressed:",    "toggleSecondColor:",
-                                           "useOfferedColor:",   "foldChart:",        "foldHarmonies:",
-                                           "foldNearest:",       "surroundDesktop:",  "surroundLight:",
-                                           "surroundMidGrey:",   "surroundDark:",     "complementOn:",
-                                           "harmoniquesOn:",     "triComplementOn:",  "quadriOn:",
-                                           "changeTone:",        "switchAbs:",        "switchTone:",
-                                           "loadSwatch1:",       "loadSwatch2:",      "appendSwatch1:",
-                                           "appendSwatch2:",     "killSwatch1:",      "killSwatch2:",
-                                           "sortAlpha1:",        "sortAlpha2:",       "sortHue1:",
-                                           "sortHue2:",          "saveSwatch1:",      "saveSwatch2:",
-                                           "loadASE:",           "editSwatch:",       "writeToSwatch:",
-                                           "deleteSwatch1:",     "deleteSwatch2:",    "jumpFirst:",
-                                           "jumpSecond:",        "doUndo:",           "doRedo:",
-                                           "showProtocolWindow", "setupPrintPage:",   "refreshNearest:",
-                                           "bringBackLists:",    "printFirstSwatch:", "printSecondSwatch:",
-                                           "printToneOrDegrade:"}));
+    EXPECT_THAT(actionsIn("chromalogWindow"), UnorderedElementsAreArray({"okPressed:",
+                                                                         "cancelPressed:",
+                                                                         "toggleSecondColor:",
+                                                                         "useOfferedColor:",
+                                                                         "foldChart:",
+                                                                         "foldHarmonies:",
+                                                                         "foldNearest:",
+                                                                         "surroundDesktop:",
+                                                                         "surroundLight:",
+                                                                         "surroundMidGrey:",
+                                                                         "surroundDark:",
+                                                                         "complementOn:",
+                                                                         "harmoniquesOn:",
+                                                                         "triComplementOn:",
+                                                                         "quadriOn:",
+                                                                         "changeTone:",
+                                                                         "switchAbs:",
+                                                                         "switchTone:",
+                                                                         "loadSwatch1:",
+                                                                         "loadSwatch2:",
+                                                                         "appendSwatch1:",
+                                                                         "appendSwatch2:",
+                                                                         "killSwatch1:",
+                                                                         "killSwatch2:",
+                                                                         "sortAlpha1:",
+                                                                         "sortAlpha2:",
+                                                                         "sortHue1:",
+                                                                         "sortHue2:",
+                                                                         "saveSwatch1:",
+                                                                         "saveSwatch2:",
+                                                                         "loadASE:",
+                                                                         "editSwatch:",
+                                                                         "writeToSwatch:",
+                                                                         "deleteSwatch1:",
+                                                                         "deleteSwatch2:",
+                                                                         "jumpFirst:",
+                                                                         "jumpSecond:",
+                                                                         "doUndo:",
+                                                                         "doRedo:",
+                                                                         "showProtocolWindow",
+                                                                         "setupPrintPage:",
+                                                                         "refreshNearest:",
+                                                                         "bringBackLists:",
+                                                                         "printFirstSwatch:",
+                                                                         "printSecondSwatch:",
+                                                                         "printToneOrDegrade:",
+                                                                         "importPalette1:",
+                                                                         "importPalette2:",
+                                                                         "exportPalette1:",
+                                                                         "exportPalette2:"}));
     EXPECT_THAT(actionsIn("ProtocolPanel"),
                 UnorderedElementsAreArray({"undoAction:", "redoAction:", "dumpUndo"}));
     EXPECT_THAT(
@@ -124,6 +157,10 @@ TEST_F(FormsTest, EveryActionHasItsControl) {
         UnorderedElementsAreArray({"chooseSize:", "putName:", "putRGB:", "putCMYK:", "ok:", "cancelPrint:"}));
     EXPECT_THAT(actionsIn("EarlierLists"),
                 UnorderedElementsAreArray({"bringBackList1:", "bringBackList2:", "closeEarlierLists:"}));
+    EXPECT_THAT(actionsIn("ImportPanel"),
+                UnorderedElementsAreArray({"importReplace:", "importAppend:", "importNew:", "closeImport:"}));
+    EXPECT_THAT(actionsIn("ExportPanel"),
+                UnorderedElementsAreArray({"exportAll:", "exportSelected:", "closeExport:"}));
 }
 
 TEST_F(FormsTest, ThePanelsHoldTheirOutlets) {
@@ -134,10 +171,16 @@ TEST_F(FormsTest, ThePanelsHoldTheirOutlets) {
     for (const char* outlet :
          {"earlierListsWindow", "earlierLists", "earlierListsNote", "bringBackList1", "bringBackList2"})
         EXPECT_THAT(namesIn("EarlierLists"), Contains(outlet));
+    for (const char* outlet : {"importWindow", "importNote", "importLoss", "importPatches", "importReplace",
+                               "importAppend", "importNew"})
+        EXPECT_THAT(namesIn("ImportPanel"), Contains(outlet));
+    for (const char* outlet : {"exportWindow", "exportKinds", "exportAll", "exportSelected"})
+        EXPECT_THAT(namesIn("ExportPanel"), Contains(outlet));
 }
 
 TEST_F(FormsTest, TheCompiledFormsLoadWithoutARemark) {
-    for (const char* name : {"chromalogWindow", "ProtocolPanel", "SwatchPrintOptions", "EarlierLists"}) {
+    for (const char* name : {"chromalogWindow", "ProtocolPanel", "SwatchPrintOptions", "EarlierLists",
+                             "ImportPanel", "ExportPanel"}) {
         FormOwner owner;
         QFile file(interfaceFile(name));
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));

@@ -37,7 +37,7 @@ class PaletteCommands : public testing::Test {
 
 TEST_F(PaletteCommands, ManyFilesBecomeOneOfAnotherKind) {
     const ProgramResult result = run({"convert", gpl, hex, path("all.ase")});
-    EXPECT_EQ(result.err, "chromalog: " + path("all.ase") + ": the palette's name\n");
+    EXPECT_EQ(result.err, "chromalog: " + path("all.ase") + ": the palette's name is lost\n");
     EXPECT_EQ(result.exitCode, 0);
     const ProgramResult list = run({"convert", "--list", path("all.ase")});
     EXPECT_EQ(list.out, "#ff0000  Red\n#0000ff  Deep \u00FCber blue\n#00ff00  Green\n#fe0000  Nearly red\n");
@@ -48,7 +48,7 @@ TEST_F(PaletteCommands, StandardStreamsAndTheKindByName) {
     const std::string command = std::string(CHROMALOG_PROGRAM) + " convert - - --to css < " + gpl;
     const ProgramResult result = runProgram({"sh", "-c", command});
     EXPECT_EQ(result.out, ":root {\n  --Red: #ff0000;\n  --Deep-\u00FCber-blue: #0000ff;\n}\n");
-    EXPECT_EQ(result.err, "chromalog: standard output: 1 name changed; the palette's name\n");
+    EXPECT_EQ(result.err, "chromalog: standard output: 1 name changed; the palette's name is lost\n");
     EXPECT_EQ(result.exitCode, 0);
 }
 
@@ -74,7 +74,7 @@ TEST_F(PaletteCommands, InkTakesTheProfileThatIsNamed) {
     const std::string ase = write(
         "c.ase", "ASEF\0\1\0\0\0\0\0\1\0\1\0\0\0\x1A\0\1\0\0CMYK\x3F\x80\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\2"s);
     const ProgramResult result = run({"convert", ase, path("c.hex")});
-    EXPECT_THAT(result.err, HasSubstr("1 colour converted from CMYK to RGB by "));
+    EXPECT_THAT(result.err, HasSubstr("1 color converted from CMYK to RGB by "));
     EXPECT_THAT(contents("c.hex"),
                 testing::AnyOf("#00aeef\n", "#00ffff\n")); // with the installed profile, or without
     const ProgramResult bad = run({"convert", "--cmyk-profile", gpl, ase, path("d.hex")});

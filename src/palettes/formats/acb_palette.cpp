@@ -69,7 +69,7 @@ ReadPalette readAcbPalette(Bytes file) {
     ByteReader in(file);
     const Bytes signature = in.take(kSignature.size());
     if (!std::ranges::equal(signature, kSignature) || in.word() != kVersion)
-        throw PaletteError("this is no colour book");
+        throw PaletteError("this is no color book");
     in.word(); // which book
     ReadPalette read;
     read.palette.title = readText(in);
@@ -78,8 +78,8 @@ ReadPalette readAcbPalette(Bytes file) {
     const std::size_t count = in.word();
     in.longWord(); // how pages show them
     const auto space = spaceOfType(in.word());
-    if (in.ended()) throw PaletteError("the colour book ends before its colours");
-    if (!space) throw PaletteError("the colours of this book are neither RGB nor CMYK nor Lab");
+    if (in.ended()) throw PaletteError("the color book ends before its colors");
+    if (!space) throw PaletteError("the colors of this book are neither RGB nor CMYK nor Lab");
     for (std::size_t i = 0; i < count; ++i) {
         PaletteColour colour;
         const std::string name = readText(in);

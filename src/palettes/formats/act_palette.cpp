@@ -14,7 +14,7 @@ constexpr unsigned kNoneTransparent = 0xFFFF;
 } // namespace
 
 ReadPalette readActPalette(Bytes file) {
-    if (file.size() != kTableSize && file.size() != kWithCount) throw PaletteError("this is no colour table");
+    if (file.size() != kTableSize && file.size() != kWithCount) throw PaletteError("this is no color table");
     std::size_t count = kEntries;
     if (file.size() == kWithCount) {
         ByteReader tail(file.subspan(kTableSize));

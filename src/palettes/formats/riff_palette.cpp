@@ -30,7 +30,7 @@ Bytes dataChunk(ByteReader& in) {
         if (isData) return in.take(size);
         in.take(size + size % 2);
     }
-    throw PaletteError("this RIFF palette has no colours");
+    throw PaletteError("this RIFF palette has no colors");
 }
 
 } // namespace

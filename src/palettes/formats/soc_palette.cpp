@@ -79,7 +79,7 @@ ReadPalette readSocPalette(Bytes file) {
         const auto line = XML_GetCurrentLineNumber(parser.get());
         throw PaletteError("the XML is broken in line " + std::to_string(line));
     }
-    if (!reading.isTable) throw PaletteError("this XML file is no table of colours");
+    if (!reading.isTable) throw PaletteError("this XML file is no table of colors");
     return std::move(reading.read);
 }
 

@@ -6,6 +6,8 @@ namespace chromalog {}
 using namespace chromalog; // what is made from the interface files names our classes without it
 
 #include "ui_EarlierLists.h"
+#include "ui_ExportPanel.h"
+#include "ui_ImportPanel.h"
 #include "ui_ProtocolPanel.h"
 #include "ui_SwatchPrintOptions.h"
 #include "ui_chromalogWindow.h"
@@ -26,6 +28,8 @@ constexpr struct {
 } kForms[] = {
     {"chromalogWindow", built<Ui::chromalogWindow>},
     {"EarlierLists", built<Ui::earlierListsWindow>},
+    {"ExportPanel", built<Ui::exportWindow>},
+    {"ImportPanel", built<Ui::importWindow>},
     {"ProtocolPanel", built<Ui::protocolWindow>},
     {"SwatchPrintOptions", built<Ui::printOptionWindow>},
 };

@@ -46,7 +46,8 @@ Palette PaletteInput::read(const std::string& path) const {
     try {
         ReadPalette read = rulesOf(*format).read(bytes);
         if (read.unread > 0)
-            say(named(path) + ": " + std::to_string(read.unread) + " colours could not be read");
+            say(named(path) + ": " + std::to_string(read.unread) + (read.unread == 1 ? " color" : " colors") +
+                " could not be read");
         return std::move(read.palette);
     } catch (const PaletteError& error) {
         throw std::runtime_error(named(path) + ": " + error.what());

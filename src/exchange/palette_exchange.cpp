@@ -1,0 +1,115 @@
+#include "exchange/palette_exchange.h"
+
+#include "base/file_name.h"
+#include "exchange/host_ink.h"
+#include "exchange/import_panel.h"
+#include "files/file_io.h"
+#include "history/undo_labels.h"
+
+#include <algorithm>
+#include <cerrno>
+
+namespace chromalog {
+namespace {
+
+ConstListRecords rowsOf(const SwatchPanel& panel) {
+    const int count = clampedCount(panel.view.getNumberOfColors());
+    return panel.records.first(std::min(static_cast<std::size_t>(count), panel.records.size()));
+}
+
+/// The extensions of all kinds that can be read, each once.
+std::vector<std::string> readableTypes() {
+    std::vector<std::string> types;
+    for (const PaletteFormatRules& rules : paletteFormats())
+        if (rules.read && std::ranges::find(types, rules.extension) == types.end())
+            types.emplace_back(rules.extension);
+    return types;
+}
+
+std::string withoutExtension(std::string_view name) {
+    const std::size_t dot = name.rfind('.');
+    return std::string(dot == name.npos || dot == 0 ? name : name.substr(0, dot));
+}
+
+} // namespace
+
+void PaletteExchange::chooseFile(SwatchPanel& panel) {
+    parts_.desktop.beginOpenPanel({readableTypes()}, *parts_.dialog,
+                                  [this, &panel](std::optional<std::string> path) {
+                                      if (path) importFiles(panel, {*path});
+                                  });
+}
+
+void PaletteExchange::importFiles(SwatchPanel& panel, const std::vector<std::string>& paths) {
+    StatusLine& status = parts_.desktop.statusLine();
+    status.takeBack(StatusLine::About::files);
+    ImportSource source;
+    try {
+        source = readImportSource(paths);
+    } catch (const PaletteError& error) {
+        return status.say(StatusLine::About::files, error.what());
+    }
+    const CmykToRgb ink = hostInk(parts_.services);
+    const auto way =
+        ImportPanel(parts_.desktop, source, rowsOf(panel), ink, nameOfInk(parts_.services)).run();
+    if (way) take(panel, source, *way);
+}
+
+void PaletteExchange::take(SwatchPanel& panel, const ImportSource& source, ImportWay way) {
+    const ImportPlan plan = planImport(source.palette, way, rowsOf(panel), hostInk(parts_.services));
+    const StoredName stored(source.name);
+    const std::string words = "Import " + source.name;
+    std::vector<FCOStruct> ready(plan.swatches.from.size());
+    storeSwatches(plan.swatches.palette, ready, 0);
+    parts_.setUndoablePosition(undo_label::paletteImported);
+    std::ranges::copy(ready, panel.records.begin() + static_cast<std::ptrdiff_t>(plan.start));
+    panel.storedCount = static_cast<std::int16_t>(plan.start + plan.swatches.from.size());
+    panel.view.setNumberOfColors(panel.storedCount);
+    if (way == ImportWay::replace) {
+        panel.storeName(stored);
+        panel.view.setName(source.name);
+        panel.nameField->setText(source.name);
+        panel.showFromTheTop();
+    }
+    parts_.describeStep(words);
+    panel.redisplay();
+}
+
+void PaletteExchange::exportList(SwatchPanel& panel) {
+    const std::string shown = panel.nameField->text();
+    const std::string name = withoutExtension(fileNameOf(shown));
+    Palette list = paletteOfSwatches(rowsOf(panel), name);
+    const std::vector<int> rows = selectedRows(panel);
+    const auto choice = ExportPanel(parts_.desktop, list, !rows.empty()).run();
+    if (!choice) return;
+    if (choice->selectedOnly) {
+        std::vector<PaletteColour> selected;
+        for (const int row : rows)
+            selected.push_back(std::move(list.colours.at(static_cast<std::size_t>(row))));
+        list.colours = std::move(selected);
+    }
+    const std::string extension(rulesOf(choice->format).extension);
+    const auto answer = [this, list, format = choice->format](std::optional<std::string> path) {
+        if (path && !path->empty()) write(list, format, *path);
+    };
+    const std::string suggested = name.empty() ? name : name + "." + extension;
+    parts_.desktop.beginSavePanel({suggested, extension}, *parts_.dialog, answer);
+}
+
+void PaletteExchange::write(const Palette& list, PaletteFormat format, const std::string& path) {
+    const FittedPalette fitted = fitPalette(list, format, hostInk(parts_.services));
+    StatusLine& status = parts_.desktop.statusLine();
+    if (writeDataToFileAtURL(path, rulesOf(format).write(fitted.palette)))
+        status.takeBack(StatusLine::About::files);
+    else
+        status.sayNotWritten(StatusLine::About::files, path, reasonOf(errno));
+}
+
+std::vector<ActionEntry> PaletteExchange::actions() {
+    return {{"importPalette1:", [this] { chooseFile(parts_.one); }},
+            {"importPalette2:", [this] { chooseFile(parts_.two); }},
+            {"exportPalette1:", [this] { exportList(parts_.one); }},
+            {"exportPalette2:", [this] { exportList(parts_.two); }}};
+}
+
+} // namespace chromalog

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "exchange/export_panel.h"
+#include "exchange/import_plan.h"
+#include "exchange/import_source.h"
+#include "record/host_conversion.h"
+#include "swatches/swatch_panel.h"
+
+#include <functional>
+
+namespace chromalog {
+
+/// What Import and Export work with. All of it lives longer than they do.
+struct PaletteExchangeParts {
+    SwatchPanel &one, &two;
+    Desktop& desktop;
+    Outlet<Window>& dialog; ///< carries the sheets
+    ColorServicesProc services;
+    std::function<void(std::string_view labelKey)> setUndoablePosition;
+    std::function<void(std::string_view latest)> describeStep; ///< what undoing the latest step does
+};
+
+/// Palettes of every kind into a list, after a look at what they hold, and out of it. The buttons that load
+/// and save swatch files are another matter.
+class PaletteExchange {
+  public:
+    explicit PaletteExchange(PaletteExchangeParts parts) : parts_(std::move(parts)) {}
+
+    void chooseFile(SwatchPanel&);
+    /// Shows what the files hold; where a person goes on, it is one step of undo. What cannot be read is said
+    /// on the status line.
+    void importFiles(SwatchPanel&, const std::vector<std::string>& paths);
+    void exportList(SwatchPanel&);
+
+    std::vector<ActionEntry> actions();
+
+    /// The rows of a list that are selected, in order; those of several replace it.
+    std::function<std::vector<int>(SwatchPanel&)> selectedRows = [](SwatchPanel& panel) {
+        const int row = panel.view.getSelected();
+        return row >= 0 && row < clampedCount(panel.view.getNumberOfColors()) ? std::vector{row}
+                                                                              : std::vector<int>();
+    };
+
+  private:
+    void take(SwatchPanel&, const ImportSource&, ImportWay);
+    void write(const Palette&, PaletteFormat, const std::string& path);
+
+    PaletteExchangeParts parts_;
+};
+
+} // namespace chromalog

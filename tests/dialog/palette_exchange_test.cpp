@@ -1,0 +1,190 @@
+// Palettes of every kind come into a list and go out of it.
+#include "dialog/pick_fixture.h"
+
+#include <gmock/gmock.h>
+
+namespace chromalog::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+class PaletteExchangeTest : public PickTest {
+  protected:
+    void SetUp() override {
+        PickTest::SetUp();
+        std::filesystem::create_directories(applications);
+        write("a.gpl", "GIMP Palette\n255 0 0\tRed\n0 0 255\t\u017Bblue\n");
+    }
+    std::string path(const std::string& name) const { return applications / name; }
+    void write(const std::string& name, const std::string& text) const {
+        std::ofstream(path(name), std::ios::binary) << text;
+    }
+    std::string contents(const std::string& name) const {
+        std::ifstream file(path(name), std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+    static std::vector<std::string> names(ChromalogControler& c) {
+        std::vector<std::string> names;
+        for (int i = 0; i < c.panels().one.view.getNumberOfColors(); ++i)
+            names.emplace_back(nameBytes(c.record().swatchList1[i]));
+        return names;
+    }
+    /// Sends an operation that opens a panel; the step runs inside it, and Escape follows.
+    static void inPanel(HeadlessDesktop& d, const std::string& form, const std::function<void()>& open,
+                        const std::function<void(HeadlessForm&)>& step) {
+        const auto rest = std::exchange(d.modalSteps, {});
+        d.modalSteps.push_back([&] {
+            step(*d.forms.at(form));
+            d.stopModal(0);
+        });
+        open();
+        d.modalSteps = rest;
+    }
+    void import(HeadlessDesktop& d, const std::string& file, const std::function<void(HeadlessForm&)>& step,
+                const std::string& action = "importPalette1:") const {
+        d.forms.at("chromalogWindow")->send(action);
+        inPanel(
+            d, "ImportPanel", [&] { d.answerPanel(path(file)); }, step);
+    }
+};
+
+TEST_F(PaletteExchangeTest, ThePanelTellsWhatComesBeforeAnythingChanges) {
+    pick([this](ChromalogControler& c, HeadlessDesktop& d) {
+        import(d, "a.gpl", [](HeadlessForm& panel) {
+            EXPECT_EQ(panel.outlet<HeadlessTextField>("importNote").text(), "a.gpl: GIMP palette, 2 colors");
+        EXPECT_EQ(panel.outlet<HeadlessTextView>("importLoss").text(), "1 name changed\n");
+        EXPECT_EQ(panel.outlet<HeadlessButton>("importReplace").title(), "Replace by 2");
+    });
+    EXPECT_THAT(d.openPanels.back().types, testing::IsSupersetOf({"aco", "ase", "gpl", "json", "soc"}));
+    EXPECT_EQ(c.panels().one.view.getNumberOfColors(), 0);
+    EXPECT_EQ(c.history().undoSteps(), 0) << "closed without a choice";
+});
+}
+
+TEST_F(PaletteExchangeTest, EachWayIsOneStepOfUndo) {
+    write("b.hex", "#0000ff Blue again\n#00ff00 Green\n#00ff00 Green twice\n");
+    pick([this](ChromalogControler& c, HeadlessDesktop& d) {
+        import(d, "a.gpl", [](HeadlessForm& panel) { panel.send("importReplace:");
+    });
+    EXPECT_THAT(names(c), ElementsAre("Red", "Zblue"));
+    EXPECT_EQ(c.record().swatchList1[1].SBlue, 65535);
+    EXPECT_EQ(c.record().numColors1, 2);
+    EXPECT_EQ(c.panels().one.view.getSwatchName(), "a.gpl");
+    EXPECT_EQ(control<HeadlessTextField>(d, "swatch1Name").text(), "a.gpl");
+        import(d, "b.hex", [](HeadlessForm& panel) {
+            EXPECT_EQ(panel.outlet<HeadlessButton>("importNew").title(), "Add new 1");
+        panel.send("importNew:");
+});
+EXPECT_THAT(names(c), ElementsAre("Red", "Zblue", "Green"));
+EXPECT_EQ(c.panels().one.view.getSwatchName(), "a.gpl");
+        import(d, "b.hex", [](HeadlessForm& panel) { panel.send("importAppend:");
+        });
+        EXPECT_EQ(c.panels().one.view.getNumberOfColors(), 6);
+        EXPECT_THAT(c.history().manager()->undoNames(), ElementsAre("!Import!", "!Import!", "!Import!"));
+        c.history().undoOutAction();
+        EXPECT_THAT(names(c), ElementsAre("Red", "Zblue", "Green"));
+        c.history().undoOutAction();
+        c.history().undoOutAction();
+        EXPECT_EQ(c.panels().one.view.getNumberOfColors(), 0);
+        });
+        }
+
+        TEST_F(PaletteExchangeTest, AFullListTakesNoMore) {
+            std::string many = "GIMP Palette\n";
+            for (int i = 0; i < 5001; ++i)
+                many += std::to_string(i % 256) + " " + std::to_string(i / 256) + " 0 n\n";
+            write("many.gpl", many);
+            pick(
+                [this](ChromalogControler& c, HeadlessDesktop& d) {
+        import(
+            d, "many.gpl",
+            [](HeadlessForm& panel) {
+                EXPECT_EQ(panel.outlet<HeadlessTextView>("importLoss").text(),
+                          "1 color left out for want of room\n");
+        panel.send("importReplace:");
+                },
+                "importPalette2:");
+            EXPECT_EQ(c.panels().two.view.getNumberOfColors(), 5000);
+        import(
+            d, "a.gpl",
+            [](HeadlessForm& panel) {
+                EXPECT_FALSE(panel.outlet<HeadlessButton>("importAppend").enabled());
+        EXPECT_FALSE(panel.outlet<HeadlessButton>("importNew").enabled());
+        EXPECT_TRUE(panel.outlet<HeadlessButton>("importReplace").enabled());
+        },
+            "importPalette2:");
+        });
+        }
+
+        TEST_F(PaletteExchangeTest, WhatIsNoPaletteIsSaidAndChangesNothing) {
+            write("letter.txt", "Dear all");
+            pick([this](ChromalogControler& c, HeadlessDesktop& d) {
+                for (const char* name : {"letter.txt", "nowhere.gpl"}) {
+                    d.forms.at("chromalogWindow")->send("importPalette1:");
+                    d.answerPanel(path(name));
+                    EXPECT_THAT(d.statusLine().text(), HasSubstr(std::string(name) + " could not be read: "));
+                }
+                d.forms.at("chromalogWindow")->send("importPalette1:");
+                d.answerPanel(std::nullopt);
+                EXPECT_EQ(c.history().undoSteps(), 0);
+                EXPECT_EQ(d.forms.count("ImportPanel"), 0u);
+            });
+        }
+
+        TEST_F(PaletteExchangeTest, AListGoesOutAsTheKindThatIsChosen) {
+            pick([this](ChromalogControler&, HeadlessDesktop& d) {
+                const auto choose = [&d](int row, const char* action) {
+                    inPanel(
+                        d, "ExportPanel", [&d] { d.forms.at("chromalogWindow")->send("exportPalette1:"); },
+                        [row, action](HeadlessForm& panel) {
+                            auto& kinds = panel.outlet<HeadlessRowList>("exportKinds");
+                            EXPECT_EQ(kinds.rows.at(3), "GIMP palette (.gpl): keeps everything");
+                            EXPECT_EQ(kinds.rows.at(4),
+                                      "Color table (.act): 2 names lost; the palette's name is lost");
+                            kinds.selected = row;
+                            panel.send(action);
+                        });
+                };
+        import(d, "a.gpl", [](HeadlessForm& panel) { panel.send("importReplace:");
+            });
+            choose(9, "exportAll:");
+            EXPECT_EQ(d.savePanels.back().suggestedName, "a.css");
+            EXPECT_EQ(d.savePanels.back().extension, "css");
+            d.answerPanel(path("out.css"));
+            EXPECT_EQ(contents("out.css"), ":root {\n  --Red: #ff0000;\n  --Zblue: #0000ff;\n}\n");
+            choose(8, "exportSelected:");
+            d.answerPanel(path("out.hex"));
+            EXPECT_EQ(contents("out.hex"), "#ff0000 Red\n");
+            choose(8, "exportAll:");
+            d.answerPanel(path("no/folder.hex"));
+            EXPECT_THAT(d.statusLine().text(), HasSubstr("folder.hex was not written"));
+        });
+        }
+
+        TEST_F(PaletteExchangeTest, AnEmptyListHasNothingToExport) {
+            pick([](ChromalogControler&, HeadlessDesktop& d) {
+                inPanel(
+                    d, "ExportPanel", [&d] { d.forms.at("chromalogWindow")->send("exportPalette2:"); },
+                    [](HeadlessForm& panel) {
+                        EXPECT_FALSE(panel.outlet<HeadlessButton>("exportAll").enabled());
+                        EXPECT_FALSE(panel.outlet<HeadlessButton>("exportSelected").enabled());
+                    });
+                EXPECT_TRUE(d.savePanels.empty());
+            });
+        }
+
+        TEST_F(PaletteExchangeTest, AMissingFormIsLogged) {
+            prepare = [](HeadlessDesktop& d) { d.missingForms = {"ImportPanel", "ExportPanel"}; };
+            pick([this](ChromalogControler& c, HeadlessDesktop& d) {
+                d.forms.at("chromalogWindow")->send("importPalette1:");
+                d.answerPanel(path("a.gpl"));
+                d.forms.at("chromalogWindow")->send("exportPalette1:");
+                EXPECT_THAT(d.logLines, testing::IsSupersetOf({"failed to load the form ImportPanel",
+                                                               "failed to load the form ExportPanel"}));
+                EXPECT_EQ(c.history().undoSteps(), 0);
+            });
+        }
+
+        } // namespace
+        } // namespace chromalog::test
