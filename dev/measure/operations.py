@@ -53,6 +53,15 @@ def search(text, bound):
         peer("QSortFilterProxyModel", f"bench_texts proxyFilter/{text}/4999")])
 
 
+PALETTES = ["aco", "acb", "ase", "gpl", "act", "jasc", "riff", "paintnet", "hex", "css", "json", "soc", "svg"]
+
+
+def palettes(verb, done):
+    """5,000 colours, or as many as the kind holds."""
+    return [Operation(f"5,000 colours {done} as {kind}", "palettes", f"bench_palettes {verb}Palette/{kind}", bound=5 * MS)
+            for kind in PALETTES if not (verb == "read" and kind == "svg")]
+
+
 OPERATIONS = [
     start("start, no lists: exec to mapped window", "empty"),
     start("start, full lists: exec to mapped window", "full"),
@@ -117,6 +126,11 @@ OPERATIONS = [
         peer("QSaveFile", "bench_save_file saveSwatchFileBytes")]),
     Operation("4,999 colour book references", "files", "bench_swatch_files lookUp4999References", [
         limit("the book read once", "bench_swatch_files readTheBookOnce", 3)]),
+    *palettes("read", "read"),
+    *palettes("write", "written"),
+    Operation("chromalog convert, exec to exit", "palettes", "bench_palettes convertAFile", [
+        limit("exec of true", "bench_palettes execOfTrue"),
+        peer("node, which does nothing", "bench_palettes execOfNode", 0.5)], bound=30 * MS),
     Operation("preferences written", "files", "bench_prefs preferencesWrite/4999/4999", [
         limit("write, rename", "bench_prefs plainWriteAndRename", 1.25)]),
     Operation("preferences with short lists", "files", "bench_prefs preferencesWrite/550/0", [

@@ -71,6 +71,9 @@ class Desktop {
     /// The folder of colour books that stands for the host's own; empty where none was named.
     virtual std::string colourBooksDirectory() const = 0;
 
+    /// Palettes that a person named to begin with.
+    virtual std::vector<std::string> filesToImport() const { return {}; }
+
     virtual StatusLine& statusLine() = 0; ///< says quietly what no alert may say
     virtual FileMemory& fileMemory() {
         static FileMemory nothing;

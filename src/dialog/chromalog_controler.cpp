@@ -203,6 +203,7 @@ std::int64_t ChromalogControler::showWindow() {
         return 0;
     }
     window.makeKeyAndOrderFront();
+    exchange_.importWhenShown(desktop_.filesToImport());
     const std::int64_t code = desktop_.runModal(window);
     window.orderOut();
     return code;

@@ -55,6 +55,12 @@ void PaletteExchange::importFiles(SwatchPanel& panel, const std::vector<std::str
     if (way) take(panel, source, *way);
 }
 
+void PaletteExchange::importWhenShown(std::vector<std::string> paths) {
+    if (paths.empty()) return;
+    atStart_ =
+        parts_.desktop.startTimer(0, [this, paths = std::move(paths)] { importFiles(parts_.one, paths); });
+}
+
 void PaletteExchange::take(SwatchPanel& panel, const ImportSource& source, ImportWay way) {
     const ImportPlan plan = planImport(source.palette, way, rowsOf(panel), hostInk(parts_.services));
     const StoredName stored(source.name);

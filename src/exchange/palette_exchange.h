@@ -30,6 +30,8 @@ class PaletteExchange {
     /// Shows what the files hold; where a person goes on, it is one step of undo. What cannot be read is said
     /// on the status line.
     void importFiles(SwatchPanel&, const std::vector<std::string>& paths);
+    /// Files that were named before the dialog showed, into list 1; nothing where there are none.
+    void importWhenShown(std::vector<std::string> paths);
     void exportList(SwatchPanel&);
 
     std::vector<ActionEntry> actions();
@@ -46,6 +48,7 @@ class PaletteExchange {
     void write(const Palette&, PaletteFormat, const std::string& path);
 
     PaletteExchangeParts parts_;
+    std::unique_ptr<Timer> atStart_;
 };
 
 } // namespace chromalog

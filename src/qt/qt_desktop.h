@@ -33,6 +33,7 @@ struct QtDesktopSettings {
     std::string booksDirectory;  ///< stands for the host's colour books
     std::string formsDirectory;  ///< its interface files come before the compiled ones
     ReadForm readForm = nullptr; ///< reads them; has to be there where the folder is
+    std::vector<std::string> filesToImport; ///< named after the program
     bool logToSystem = false;
     bool optionWhileOpening = false; ///< the Option key counts as held until the first modal loop runs
 
@@ -67,6 +68,7 @@ class QtDesktop : public Desktop {
     void log(std::string_view line) override { log_.add(line); }
     std::string applicationsDirectory() const override;
     std::string colourBooksDirectory() const override { return settings_.booksDirectory; }
+    std::vector<std::string> filesToImport() const override { return settings_.filesToImport; }
     StatusLine& statusLine() override { return status_; }
     FileMemory& fileMemory() override { return fileHabits_; }
     bool animates() const override;

@@ -13,8 +13,20 @@
 #include <QFontInfo>
 #include <QLocale>
 
+#include <algorithm>
+
 namespace chromalog {
 namespace {
+
+std::vector<std::string> linesOf(std::string_view text) {
+    std::vector<std::string> lines;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find('\n'), text.size());
+        if (end > 0) lines.emplace_back(text.substr(0, end));
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return lines;
+}
 
 QtDesktopSettings settingsOf(const StandaloneSuite* standalone, ReadForm readForm) {
     QtDesktopSettings settings = QtDesktopSettings::fromEnvironment();
@@ -22,6 +34,7 @@ QtDesktopSettings settingsOf(const StandaloneSuite* standalone, ReadForm readFor
     if (!standalone) return settings;
     if (const char* folder = standalone->option("data-dir")) settings.dataDirectory = folder;
     if (const char* folder = standalone->option("books")) settings.booksDirectory = folder;
+    if (const char* files = standalone->option("import")) settings.filesToImport = linesOf(files);
     settings.optionWhileOpening = standalone->option("option") != nullptr;
     return settings;
 }

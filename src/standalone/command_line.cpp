@@ -147,9 +147,24 @@ std::string missingValue(const CLI::App& app, const std::vector<std::string>& wo
 std::map<std::string, std::string> optionsGiven(const CLI::App& app) {
     std::map<std::string, std::string> given;
     for (const CLI::Option* option : app.get_options())
-        if (option->count() > 0 && (takesValue(*option) || option->as<bool>()))
+        if (!option->get_lnames().empty() && option->count() > 0 &&
+            (takesValue(*option) || option->as<bool>()))
             given[option->get_lnames().front()] = takesValue(*option) ? option->results().back() : "1";
     return given;
+}
+
+/// Palettes that the plug-in is to import, a line each.
+void addFiles(CLI::App& app, std::vector<std::string>& files) {
+    app.add_option("FILE", files, "Open with the Import of these palettes")
+        ->check(CLI::Validator(CLI::ExistingFile).description(""))
+        ->type_name("");
+}
+
+std::string joinedLines(const std::vector<std::string>& files) {
+    std::string lines;
+    for (const std::string& file : files)
+        lines.append(lines.empty() ? "" : "\n").append(file);
+    return lines;
 }
 
 void readTables(CommandLine& line) {
@@ -224,6 +239,8 @@ std::optional<CommandLine> parseCommandLine(int argc, const char* const* argv, i
     app.footer(kExitCodes);
     addHostOptions(app, line, colour);
     addPluginOptions(app);
+    std::vector<std::string> files;
+    addFiles(app, files);
     RecoverRequest request;
     addRecover(app, request);
     if (const auto ends = read(app, argc, argv)) {
@@ -231,6 +248,7 @@ std::optional<CommandLine> parseCommandLine(int argc, const char* const* argv, i
         return std::nullopt;
     }
     line.given = optionsGiven(app);
+    if (!files.empty()) line.given["import"] = joinedLines(files);
     if (const std::string wrong = completeFolders(app, line, request); !wrong.empty()) {
         exitCode = complain(wrong);
         return std::nullopt;

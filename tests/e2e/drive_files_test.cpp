@@ -136,6 +136,17 @@ TEST_F(DriveFiles, AnotherPickOnTheSameListsIsSaidAndWhatItStoresIsKept) {
     EXPECT_THAT(contents(preferences()), HasSubstr("three.aco"));
 }
 
+TEST_F(DriveFiles, PalettesThatAreNamedWaitForAChoice) {
+    playWell("state $/panel.json\npress importReplace:\nstate $/after.json\n"
+             "menu swatch1 exportPalette1:\nset exportKinds 3\nchoose $/out.gpl\npress exportAll:\n",
+             {file("two.aco"), file("three.aco")});
+    const json panel = state("panel.json");
+    EXPECT_EQ(panel["outlets"]["importNote"]["text"], "two.aco: 2 files, 5 colors");
+    EXPECT_EQ(panel["lists"][0]["viewCount"], 0);
+    EXPECT_EQ(state("after.json")["lists"][0]["viewCount"], 5);
+    EXPECT_THAT(contents(file("out.gpl")), StartsWith("GIMP Palette\nName: two\n"));
+}
+
 TEST_F(DriveFiles, ListsComeBackInTheDialog) {
     playWell("choose $/two.aco\npress loadSwatch1:\nok\n");
     playWell("choose $/three.aco\npress loadSwatch1:\nok\n");

@@ -65,6 +65,7 @@ TEST(Program, OffersABlueWhereNoColourIsGiven) {
 TEST(Program, ABadArgumentIsOneLineAndExit2) {
     const std::pair<Words, const char*> cases[]{
         {{"--color", "bleu"}, "not a colour: bleu"},
+        {{"nowhere.gpl"}, "FILE: File does not exist: nowhere.gpl\n"},
         {{"--color", "#12345"}, "not a colour"},
         {{"--color", "#12345g"}, "not a colour"},
         {{"--color", "rgb:1,2"}, "not a colour: rgb:1,2; missing: blue\n"},
