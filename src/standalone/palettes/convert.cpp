@@ -51,7 +51,7 @@ void sayLoss(const std::string& path, const PaletteLoss& loss, const std::string
 void writeOut(const std::string& path, const std::vector<std::uint8_t>& file) {
     if (path == kStandardStream) return print({reinterpret_cast<const char*>(file.data()), file.size()});
     const SizeLimitSignalBlock onlyFails;
-    if (!writeDataToFileAtURL(path, file))
+    if (!writeDataToFileAtURL(path, file, 0, Flush::later)) // whole or not at all either way
         throw std::runtime_error("cannot write " + path + ": " + reasonOf(errno));
 }
 
