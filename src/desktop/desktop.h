@@ -68,6 +68,8 @@ class Desktop {
     virtual void log(std::string_view line) = 0; ///< one line of the system's log
     /// The user's applications directory, with no slash at the end; empty where there is none.
     virtual std::string applicationsDirectory() const = 0;
+    /// Whether that directory is one that a person named for this program: nothing outside it is then read.
+    virtual bool hasDataFolderOfItsOwn() const { return true; }
     /// The folder of colour books that stands for the host's own; empty where none was named.
     virtual std::string colourBooksDirectory() const = 0;
 

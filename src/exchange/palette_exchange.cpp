@@ -40,19 +40,53 @@ void PaletteExchange::chooseFile(SwatchPanel& panel) {
                                   });
 }
 
-void PaletteExchange::importFiles(SwatchPanel& panel, const std::vector<std::string>& paths) {
+std::optional<ImportSource> PaletteExchange::read(const std::vector<std::string>& paths) {
     StatusLine& status = parts_.desktop.statusLine();
     status.takeBack(StatusLine::About::files);
-    ImportSource source;
     try {
-        source = readImportSource(paths);
+        return readImportSource(paths);
     } catch (const PaletteError& error) {
-        return status.say(StatusLine::About::files, error.what());
+        status.say(StatusLine::About::files, error.what());
+        return std::nullopt;
     }
+}
+
+void PaletteExchange::importFiles(SwatchPanel& panel, const std::vector<std::string>& paths) {
+    const auto source = read(paths);
+    if (!source) return;
     const CmykToRgb ink = hostInk(parts_.services);
     const auto way =
-        ImportPanel(parts_.desktop, source, rowsOf(panel), ink, nameOfInk(parts_.services)).run();
-    if (way) take(panel, source, *way);
+        ImportPanel(parts_.desktop, *source, rowsOf(panel), ink, nameOfInk(parts_.services)).run();
+    if (way) take(panel, *source, *way);
+}
+
+LibraryPanel& PaletteExchange::library() {
+    if (!library_)
+        library_ =
+            std::make_unique<LibraryPanel>(parts_.desktop, *parts_.dialog, [this](const std::string& path) {
+                const auto source = read({path});
+                if (source && libraryLoadsInto_) take(*libraryLoadsInto_, *source, ImportWay::replace);
+            });
+    return *library_;
+}
+
+void PaletteExchange::showLibrary(SwatchPanel& panel) {
+    libraryLoadsInto_ = &panel;
+    library().show(std::string("A click loads into list ") + (&panel == &parts_.one ? "1." : "2."));
+}
+
+void PaletteExchange::keepInLibrary(SwatchPanel& panel) {
+    const std::string shown = panel.nameField->text();
+    StatusLine& status = parts_.desktop.statusLine();
+    try {
+        const Palette list = paletteOfSwatches(rowsOf(panel), withoutExtension(fileNameOf(shown)));
+        if (list.colours.empty()) throw PaletteError("The list is empty: there is nothing to keep.");
+        const std::string name = libraryOf(parts_.desktop).keep(list);
+        status.say(StatusLine::About::files, name + " is in the library.");
+        if (library_) library_->refresh();
+    } catch (const PaletteError& error) {
+        status.say(StatusLine::About::files, error.what());
+    }
 }
 
 void PaletteExchange::importWhenShown(std::vector<std::string> paths) {
@@ -115,7 +149,11 @@ std::vector<ActionEntry> PaletteExchange::actions() {
     return {{"importPalette1:", [this] { chooseFile(parts_.one); }},
             {"importPalette2:", [this] { chooseFile(parts_.two); }},
             {"exportPalette1:", [this] { exportList(parts_.one); }},
-            {"exportPalette2:", [this] { exportList(parts_.two); }}};
+            {"exportPalette2:", [this] { exportList(parts_.two); }},
+            {"showLibrary1:", [this] { showLibrary(parts_.one); }},
+            {"showLibrary2:", [this] { showLibrary(parts_.two); }},
+            {"keepInLibrary1:", [this] { keepInLibrary(parts_.one); }},
+            {"keepInLibrary2:", [this] { keepInLibrary(parts_.two); }}};
 }
 
 } // namespace chromalog

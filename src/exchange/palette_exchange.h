@@ -3,6 +3,7 @@
 #include "exchange/export_panel.h"
 #include "exchange/import_plan.h"
 #include "exchange/import_source.h"
+#include "exchange/library_panel.h"
 #include "record/host_conversion.h"
 #include "swatches/swatch_panel.h"
 
@@ -33,6 +34,8 @@ class PaletteExchange {
     /// Files that were named before the dialog showed, into list 1; nothing where there are none.
     void importWhenShown(std::vector<std::string> paths);
     void exportList(SwatchPanel&);
+    void showLibrary(SwatchPanel&); ///< a click there replaces this list, as one step of undo
+    void keepInLibrary(SwatchPanel&);
 
     std::vector<ActionEntry> actions();
 
@@ -44,11 +47,16 @@ class PaletteExchange {
     };
 
   private:
+    LibraryPanel& library();
+    /// Nothing, and the status line says why, where one cannot be read.
+    std::optional<ImportSource> read(const std::vector<std::string>& paths);
     void take(SwatchPanel&, const ImportSource&, ImportWay);
     void write(const Palette&, PaletteFormat, const std::string& path);
 
     PaletteExchangeParts parts_;
     std::unique_ptr<Timer> atStart_;
+    std::unique_ptr<LibraryPanel> library_; ///< once it was asked for
+    SwatchPanel* libraryLoadsInto_ = nullptr;
 };
 
 } // namespace chromalog

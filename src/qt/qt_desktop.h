@@ -67,6 +67,7 @@ class QtDesktop : public Desktop {
     std::string localized(std::string_view key) const override;
     void log(std::string_view line) override { log_.add(line); }
     std::string applicationsDirectory() const override;
+    bool hasDataFolderOfItsOwn() const override { return !settings_.dataDirectory.empty(); }
     std::string colourBooksDirectory() const override { return settings_.booksDirectory; }
     std::vector<std::string> filesToImport() const override { return settings_.filesToImport; }
     StatusLine& statusLine() override { return status_; }

@@ -41,8 +41,18 @@ class PaletteExchangeTest : public PickTest {
         open();
         d.modalSteps = rest;
     }
-    void import(HeadlessDesktop& d, const std::string& file, const std::function<void(HeadlessForm&)>& step,
-                const std::string& action = "importPalette1:") const {
+    static void press(LibraryView& view, double y) {
+        MouseEvent event;
+        event.location = {10, y};
+        view.mouseDown(event);
+    }
+    static void type(LibraryView& view, Key key) {
+        KeyEvent event;
+        event.key = key;
+        view.keyDown(event);
+    }
+    void bringIn(HeadlessDesktop& d, const std::string& file, const std::function<void(HeadlessForm&)>& step,
+                 const std::string& action = "importPalette1:") const {
         d.forms.at("chromalogWindow")->send(action);
         inPanel(
             d, "ImportPanel", [&] { d.answerPanel(path(file)); }, step);
@@ -51,35 +61,33 @@ class PaletteExchangeTest : public PickTest {
 
 TEST_F(PaletteExchangeTest, ThePanelTellsWhatComesBeforeAnythingChanges) {
     pick([this](ChromalogControler& c, HeadlessDesktop& d) {
-        import(d, "a.gpl", [](HeadlessForm& panel) {
+        bringIn(d, "a.gpl", [](HeadlessForm& panel) {
             EXPECT_EQ(panel.outlet<HeadlessTextField>("importNote").text(), "a.gpl: GIMP palette, 2 colors");
-        EXPECT_EQ(panel.outlet<HeadlessTextView>("importLoss").text(), "1 name changed\n");
-        EXPECT_EQ(panel.outlet<HeadlessButton>("importReplace").title(), "Replace by 2");
+            EXPECT_EQ(panel.outlet<HeadlessTextView>("importLoss").text(), "1 name changed\n");
+            EXPECT_EQ(panel.outlet<HeadlessButton>("importReplace").title(), "Replace by 2");
+        });
+        EXPECT_THAT(d.openPanels.back().types, testing::IsSupersetOf({"aco", "ase", "gpl", "json", "soc"}));
+        EXPECT_EQ(c.panels().one.view.getNumberOfColors(), 0);
+        EXPECT_EQ(c.history().undoSteps(), 0) << "closed without a choice";
     });
-    EXPECT_THAT(d.openPanels.back().types, testing::IsSupersetOf({"aco", "ase", "gpl", "json", "soc"}));
-    EXPECT_EQ(c.panels().one.view.getNumberOfColors(), 0);
-    EXPECT_EQ(c.history().undoSteps(), 0) << "closed without a choice";
-});
 }
 
 TEST_F(PaletteExchangeTest, EachWayIsOneStepOfUndo) {
     write("b.hex", "#0000ff Blue again\n#00ff00 Green\n#00ff00 Green twice\n");
     pick([this](ChromalogControler& c, HeadlessDesktop& d) {
-        import(d, "a.gpl", [](HeadlessForm& panel) { panel.send("importReplace:");
-    });
-    EXPECT_THAT(names(c), ElementsAre("Red", "Zblue"));
-    EXPECT_EQ(c.record().swatchList1[1].SBlue, 65535);
-    EXPECT_EQ(c.record().numColors1, 2);
-    EXPECT_EQ(c.panels().one.view.getSwatchName(), "a.gpl");
-    EXPECT_EQ(control<HeadlessTextField>(d, "swatch1Name").text(), "a.gpl");
-        import(d, "b.hex", [](HeadlessForm& panel) {
+        bringIn(d, "a.gpl", [](HeadlessForm& panel) { panel.send("importReplace:"); });
+        EXPECT_THAT(names(c), ElementsAre("Red", "Zblue"));
+        EXPECT_EQ(c.record().swatchList1[1].SBlue, 65535);
+        EXPECT_EQ(c.record().numColors1, 2);
+        EXPECT_EQ(c.panels().one.view.getSwatchName(), "a.gpl");
+        EXPECT_EQ(control<HeadlessTextField>(d, "swatch1Name").text(), "a.gpl");
+        bringIn(d, "b.hex", [](HeadlessForm& panel) {
             EXPECT_EQ(panel.outlet<HeadlessButton>("importNew").title(), "Add new 1");
-        panel.send("importNew:");
-});
-EXPECT_THAT(names(c), ElementsAre("Red", "Zblue", "Green"));
-EXPECT_EQ(c.panels().one.view.getSwatchName(), "a.gpl");
-        import(d, "b.hex", [](HeadlessForm& panel) { panel.send("importAppend:");
+            panel.send("importNew:");
         });
+        EXPECT_THAT(names(c), ElementsAre("Red", "Zblue", "Green"));
+        EXPECT_EQ(c.panels().one.view.getSwatchName(), "a.gpl");
+        bringIn(d, "b.hex", [](HeadlessForm& panel) { panel.send("importAppend:"); });
         EXPECT_EQ(c.panels().one.view.getNumberOfColors(), 6);
         EXPECT_THAT(c.history().manager()->undoNames(), ElementsAre("!Import!", "!Import!", "!Import!"));
         c.history().undoOutAction();
@@ -87,104 +95,153 @@ EXPECT_EQ(c.panels().one.view.getSwatchName(), "a.gpl");
         c.history().undoOutAction();
         c.history().undoOutAction();
         EXPECT_EQ(c.panels().one.view.getNumberOfColors(), 0);
-        });
-        }
+    });
+}
 
-        TEST_F(PaletteExchangeTest, AFullListTakesNoMore) {
-            std::string many = "GIMP Palette\n";
-            for (int i = 0; i < 5001; ++i)
-                many += std::to_string(i % 256) + " " + std::to_string(i / 256) + " 0 n\n";
-            write("many.gpl", many);
-            pick(
-                [this](ChromalogControler& c, HeadlessDesktop& d) {
-        import(
+TEST_F(PaletteExchangeTest, AFullListTakesNoMore) {
+    std::string many = "GIMP Palette\n";
+    for (int i = 0; i < 5001; ++i)
+        many += std::to_string(i % 256) + " " + std::to_string(i / 256) + " 0 n\n";
+    write("many.gpl", many);
+    pick([this](ChromalogControler& c, HeadlessDesktop& d) {
+        bringIn(
             d, "many.gpl",
             [](HeadlessForm& panel) {
                 EXPECT_EQ(panel.outlet<HeadlessTextView>("importLoss").text(),
                           "1 color left out for want of room\n");
-        panel.send("importReplace:");
-                },
-                "importPalette2:");
-            EXPECT_EQ(c.panels().two.view.getNumberOfColors(), 5000);
-        import(
+                panel.send("importReplace:");
+            },
+            "importPalette2:");
+        EXPECT_EQ(c.panels().two.view.getNumberOfColors(), 5000);
+        bringIn(
             d, "a.gpl",
             [](HeadlessForm& panel) {
                 EXPECT_FALSE(panel.outlet<HeadlessButton>("importAppend").enabled());
-        EXPECT_FALSE(panel.outlet<HeadlessButton>("importNew").enabled());
-        EXPECT_TRUE(panel.outlet<HeadlessButton>("importReplace").enabled());
-        },
+                EXPECT_FALSE(panel.outlet<HeadlessButton>("importNew").enabled());
+                EXPECT_TRUE(panel.outlet<HeadlessButton>("importReplace").enabled());
+            },
             "importPalette2:");
-        });
-        }
+    });
+}
 
-        TEST_F(PaletteExchangeTest, WhatIsNoPaletteIsSaidAndChangesNothing) {
-            write("letter.txt", "Dear all");
-            pick([this](ChromalogControler& c, HeadlessDesktop& d) {
-                for (const char* name : {"letter.txt", "nowhere.gpl"}) {
-                    d.forms.at("chromalogWindow")->send("importPalette1:");
-                    d.answerPanel(path(name));
-                    EXPECT_THAT(d.statusLine().text(), HasSubstr(std::string(name) + " could not be read: "));
-                }
-                d.forms.at("chromalogWindow")->send("importPalette1:");
-                d.answerPanel(std::nullopt);
-                EXPECT_EQ(c.history().undoSteps(), 0);
-                EXPECT_EQ(d.forms.count("ImportPanel"), 0u);
+TEST_F(PaletteExchangeTest, WhatIsNoPaletteIsSaidAndChangesNothing) {
+    write("letter.txt", "Dear all");
+    pick([this](ChromalogControler& c, HeadlessDesktop& d) {
+        for (const char* name : {"letter.txt", "nowhere.gpl"}) {
+            d.forms.at("chromalogWindow")->send("importPalette1:");
+            d.answerPanel(path(name));
+            EXPECT_THAT(d.statusLine().text(), HasSubstr(std::string(name) + " could not be read: "));
+        }
+        d.forms.at("chromalogWindow")->send("importPalette1:");
+        d.answerPanel(std::nullopt);
+        EXPECT_EQ(c.history().undoSteps(), 0);
+        EXPECT_EQ(d.forms.count("ImportPanel"), 0u);
+    });
+}
+
+TEST_F(PaletteExchangeTest, AListGoesOutAsTheKindThatIsChosen) {
+    pick([this](ChromalogControler&, HeadlessDesktop& d) {
+        const auto choose = [&d](int row, const char* action) {
+            inPanel(
+                d, "ExportPanel", [&d] { d.forms.at("chromalogWindow")->send("exportPalette1:"); },
+                [row, action](HeadlessForm& panel) {
+                    auto& kinds = panel.outlet<HeadlessRowList>("exportKinds");
+                    EXPECT_EQ(kinds.rows.at(3), "GIMP palette (.gpl): keeps everything");
+                    EXPECT_EQ(kinds.rows.at(4),
+                              "Color table (.act): 2 names lost; the palette's name is lost");
+                    kinds.selected = row;
+                    panel.send(action);
+                });
+        };
+        bringIn(d, "a.gpl", [](HeadlessForm& panel) { panel.send("importReplace:"); });
+        choose(9, "exportAll:");
+        EXPECT_EQ(d.savePanels.back().suggestedName, "a.css");
+        EXPECT_EQ(d.savePanels.back().extension, "css");
+        d.answerPanel(path("out.css"));
+        EXPECT_EQ(contents("out.css"), ":root {\n  --Red: #ff0000;\n  --Zblue: #0000ff;\n}\n");
+        choose(8, "exportSelected:");
+        d.answerPanel(path("out.hex"));
+        EXPECT_EQ(contents("out.hex"), "#ff0000 Red\n");
+        choose(8, "exportAll:");
+        d.answerPanel(path("no/folder.hex"));
+        EXPECT_THAT(d.statusLine().text(), HasSubstr("folder.hex was not written"));
+    });
+}
+
+TEST_F(PaletteExchangeTest, AnEmptyListHasNothingToExport) {
+    pick([](ChromalogControler&, HeadlessDesktop& d) {
+        inPanel(
+            d, "ExportPanel", [&d] { d.forms.at("chromalogWindow")->send("exportPalette2:"); },
+            [](HeadlessForm& panel) {
+                EXPECT_FALSE(panel.outlet<HeadlessButton>("exportAll").enabled());
+                EXPECT_FALSE(panel.outlet<HeadlessButton>("exportSelected").enabled());
             });
-        }
+        EXPECT_TRUE(d.savePanels.empty());
+    });
+}
 
-        TEST_F(PaletteExchangeTest, AListGoesOutAsTheKindThatIsChosen) {
-            pick([this](ChromalogControler&, HeadlessDesktop& d) {
-                const auto choose = [&d](int row, const char* action) {
-                    inPanel(
-                        d, "ExportPanel", [&d] { d.forms.at("chromalogWindow")->send("exportPalette1:"); },
-                        [row, action](HeadlessForm& panel) {
-                            auto& kinds = panel.outlet<HeadlessRowList>("exportKinds");
-                            EXPECT_EQ(kinds.rows.at(3), "GIMP palette (.gpl): keeps everything");
-                            EXPECT_EQ(kinds.rows.at(4),
-                                      "Color table (.act): 2 names lost; the palette's name is lost");
-                            kinds.selected = row;
-                            panel.send(action);
-                        });
-                };
-        import(d, "a.gpl", [](HeadlessForm& panel) { panel.send("importReplace:");
-            });
-            choose(9, "exportAll:");
-            EXPECT_EQ(d.savePanels.back().suggestedName, "a.css");
-            EXPECT_EQ(d.savePanels.back().extension, "css");
-            d.answerPanel(path("out.css"));
-            EXPECT_EQ(contents("out.css"), ":root {\n  --Red: #ff0000;\n  --Zblue: #0000ff;\n}\n");
-            choose(8, "exportSelected:");
-            d.answerPanel(path("out.hex"));
-            EXPECT_EQ(contents("out.hex"), "#ff0000 Red\n");
-            choose(8, "exportAll:");
-            d.answerPanel(path("no/folder.hex"));
-            EXPECT_THAT(d.statusLine().text(), HasSubstr("folder.hex was not written"));
-        });
-        }
+TEST_F(PaletteExchangeTest, TheLibraryFollowsItsFolderAndAClickLoads) {
+    pick([this](ChromalogControler& c, HeadlessDesktop& d) {
+        bringIn(d, "a.gpl", [](HeadlessForm& panel) { panel.send("importReplace:"); });
+        d.forms.at("chromalogWindow")->send("keepInLibrary1:");
+        d.forms.at("chromalogWindow")->send("keepInLibrary1:");
+        EXPECT_EQ(d.statusLine().text(), "a 2.aco is in the library.");
+        EXPECT_EQ(d.forms.count("LibraryPanel"), 0u) << "not shown yet";
+        d.forms.at("chromalogWindow")->send("showLibrary2:");
+        HeadlessForm& panel = *d.forms.at("LibraryPanel");
+        EXPECT_EQ(panel.outlet<HeadlessTextField>("libraryNote").text(), "A click loads into list 2.");
+        auto& view = dynamic_cast<LibraryView&>(*panel.views.at("library"));
+        ASSERT_EQ(view.accessibleRowCount(), 2);
+        EXPECT_EQ(view.accessibleRow(0).name, "a 2.aco");
+        EXPECT_EQ(view.accessibleRow(0).value, "2 colors");
+        write("chromalog/palettes/b.hex", "#00ff00 Green\n");
+        write("chromalog/palettes/notes.txt", "no palette");
+        d.advance(1.5);
+        ASSERT_EQ(view.accessibleRowCount(), 3);
+        const int steps = c.history().undoSteps();
+        press(view, 100);
+        EXPECT_EQ(c.panels().two.view.getNumberOfColors(), 1);
+        EXPECT_EQ(c.panels().two.view.getSwatchName(), "b.hex");
+        EXPECT_EQ(c.history().undoSteps(), steps + 1);
+        press(view, 1000); // below the last row
+        press(view, -1);
+        EXPECT_EQ(c.history().undoSteps(), steps + 1);
+        std::filesystem::remove(path("chromalog/palettes/b.hex"));
+        press(view, 100); // before the next look
+        EXPECT_THAT(d.statusLine().text(), HasSubstr("b.hex could not be read"));
+        d.advance(1.5);
+        EXPECT_EQ(view.accessibleRowCount(), 2);
+        type(view, Key::down);
+        type(view, Key::down);
+        EXPECT_EQ(view.accessibleSelectedRow(), 1);
+        type(view, Key::enter);
+        EXPECT_EQ(c.panels().two.view.getSwatchName(), "a.aco");
+    });
+}
 
-        TEST_F(PaletteExchangeTest, AnEmptyListHasNothingToExport) {
-            pick([](ChromalogControler&, HeadlessDesktop& d) {
-                inPanel(
-                    d, "ExportPanel", [&d] { d.forms.at("chromalogWindow")->send("exportPalette2:"); },
-                    [](HeadlessForm& panel) {
-                        EXPECT_FALSE(panel.outlet<HeadlessButton>("exportAll").enabled());
-                        EXPECT_FALSE(panel.outlet<HeadlessButton>("exportSelected").enabled());
-                    });
-                EXPECT_TRUE(d.savePanels.empty());
-            });
-        }
+TEST_F(PaletteExchangeTest, ALibraryThatCannotBeMadeIsSaid) {
+    write("chromalog", "a file");
+    pick([this](ChromalogControler&, HeadlessDesktop& d) {
+        d.forms.at("chromalogWindow")->send("keepInLibrary2:");
+        EXPECT_THAT(d.statusLine().text(), HasSubstr("The list is empty"));
+        bringIn(
+            d, "a.gpl", [](HeadlessForm& panel) { panel.send("importReplace:"); }, "importPalette2:");
+        d.forms.at("chromalogWindow")->send("keepInLibrary2:");
+        EXPECT_THAT(d.statusLine().text(), HasSubstr("the library's folder cannot be made: "));
+    });
+}
 
-        TEST_F(PaletteExchangeTest, AMissingFormIsLogged) {
-            prepare = [](HeadlessDesktop& d) { d.missingForms = {"ImportPanel", "ExportPanel"}; };
-            pick([this](ChromalogControler& c, HeadlessDesktop& d) {
-                d.forms.at("chromalogWindow")->send("importPalette1:");
-                d.answerPanel(path("a.gpl"));
-                d.forms.at("chromalogWindow")->send("exportPalette1:");
-                EXPECT_THAT(d.logLines, testing::IsSupersetOf({"failed to load the form ImportPanel",
-                                                               "failed to load the form ExportPanel"}));
-                EXPECT_EQ(c.history().undoSteps(), 0);
-            });
-        }
+TEST_F(PaletteExchangeTest, AMissingFormIsLogged) {
+    prepare = [](HeadlessDesktop& d) { d.missingForms = {"ImportPanel", "ExportPanel", "LibraryPanel"}; };
+    pick([this](ChromalogControler& c, HeadlessDesktop& d) {
+        d.forms.at("chromalogWindow")->send("importPalette1:");
+        d.answerPanel(path("a.gpl"));
+        d.forms.at("chromalogWindow")->send("exportPalette1:");
+        EXPECT_THAT(d.logLines, testing::IsSupersetOf({"failed to load the form ImportPanel",
+                                                       "failed to load the form ExportPanel"}));
+        EXPECT_EQ(c.history().undoSteps(), 0);
+    });
+}
 
-        } // namespace
-        } // namespace chromalog::test
+} // namespace
+} // namespace chromalog::test

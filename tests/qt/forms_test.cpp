@@ -100,56 +100,27 @@ TEST_F(FormsTest, TheDialogHoldsEveryOutlet) {
 }
 
 TEST_F(FormsTest, EveryActionHasItsControl) {
-    EXPECT_THAT(actionsIn("chromalogWindow"), UnorderedElementsAreArray({"okPressed:",
-                                                                         "cancelPressed:",
-                                                                         "toggleSecondColor:",
-                                                                         "useOfferedColor:",
-                                                                         "foldChart:",
-                                                                         "foldHarmonies:",
-                                                                         "foldNearest:",
-                                                                         "surroundDesktop:",
-                                                                         "surroundLight:",
-                                                                         "surroundMidGrey:",
-                                                                         "surroundDark:",
-                                                                         "complementOn:",
-                                                                         "harmoniquesOn:",
-                                                                         "triComplementOn:",
-                                                                         "quadriOn:",
-                                                                         "changeTone:",
-                                                                         "switchAbs:",
-                                                                         "switchTone:",
-                                                                         "loadSwatch1:",
-                                                                         "loadSwatch2:",
-                                                                         "appendSwatch1:",
-                                                                         "appendSwatch2:",
-                                                                         "killSwatch1:",
-                                                                         "killSwatch2:",
-                                                                         "sortAlpha1:",
-                                                                         "sortAlpha2:",
-                                                                         "sortHue1:",
-                                                                         "sortHue2:",
-                                                                         "saveSwatch1:",
-                                                                         "saveSwatch2:",
-                                                                         "loadASE:",
-                                                                         "editSwatch:",
-                                                                         "writeToSwatch:",
-                                                                         "deleteSwatch1:",
-                                                                         "deleteSwatch2:",
-                                                                         "jumpFirst:",
-                                                                         "jumpSecond:",
-                                                                         "doUndo:",
-                                                                         "doRedo:",
-                                                                         "showProtocolWindow",
-                                                                         "setupPrintPage:",
-                                                                         "refreshNearest:",
-                                                                         "bringBackLists:",
-                                                                         "printFirstSwatch:",
-                                                                         "printSecondSwatch:",
-                                                                         "printToneOrDegrade:",
-                                                                         "importPalette1:",
-                                                                         "importPalette2:",
-                                                                         "exportPalette1:",
-                                                                         "exportPalette2:"}));
+    auto actions = actionsIn("chromalogWindow");
+    for (const char* exchange : {"importPalette", "exportPalette", "showLibrary", "keepInLibrary"})
+        for (const char* list : {"1:", "2:"})
+            EXPECT_EQ(actions.erase(std::string(exchange) + list), 1u) << exchange << list;
+    EXPECT_THAT(actions,
+                UnorderedElementsAreArray({"okPressed:",         "cancelPressed:",    "toggleSecondColor:",
+                                           "useOfferedColor:",   "foldChart:",        "foldHarmonies:",
+                                           "foldNearest:",       "surroundDesktop:",  "surroundLight:",
+                                           "surroundMidGrey:",   "surroundDark:",     "complementOn:",
+                                           "harmoniquesOn:",     "triComplementOn:",  "quadriOn:",
+                                           "changeTone:",        "switchAbs:",        "switchTone:",
+                                           "loadSwatch1:",       "loadSwatch2:",      "appendSwatch1:",
+                                           "appendSwatch2:",     "killSwatch1:",      "killSwatch2:",
+                                           "sortAlpha1:",        "sortAlpha2:",       "sortHue1:",
+                                           "sortHue2:",          "saveSwatch1:",      "saveSwatch2:",
+                                           "loadASE:",           "editSwatch:",       "writeToSwatch:",
+                                           "deleteSwatch1:",     "deleteSwatch2:",    "jumpFirst:",
+                                           "jumpSecond:",        "doUndo:",           "doRedo:",
+                                           "showProtocolWindow", "setupPrintPage:",   "refreshNearest:",
+                                           "bringBackLists:",    "printFirstSwatch:", "printSecondSwatch:",
+                                           "printToneOrDegrade:"}));
     EXPECT_THAT(actionsIn("ProtocolPanel"),
                 UnorderedElementsAreArray({"undoAction:", "redoAction:", "dumpUndo"}));
     EXPECT_THAT(
@@ -174,13 +145,15 @@ TEST_F(FormsTest, ThePanelsHoldTheirOutlets) {
     for (const char* outlet : {"importWindow", "importNote", "importLoss", "importPatches", "importReplace",
                                "importAppend", "importNew"})
         EXPECT_THAT(namesIn("ImportPanel"), Contains(outlet));
+    for (const char* outlet : {"libraryWindow", "libraryScroller", "libraryNote", "library"})
+        EXPECT_THAT(namesIn("LibraryPanel"), Contains(outlet));
     for (const char* outlet : {"exportWindow", "exportKinds", "exportAll", "exportSelected"})
         EXPECT_THAT(namesIn("ExportPanel"), Contains(outlet));
 }
 
 TEST_F(FormsTest, TheCompiledFormsLoadWithoutARemark) {
     for (const char* name : {"chromalogWindow", "ProtocolPanel", "SwatchPrintOptions", "EarlierLists",
-                             "ImportPanel", "ExportPanel"}) {
+                             "ImportPanel", "ExportPanel", "LibraryPanel"}) {
         FormOwner owner;
         QFile file(interfaceFile(name));
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));
@@ -329,7 +302,7 @@ TEST_F(FormsTest, AMenuItemSendsItsAction) {
     QStringList texts;
     for (const QAction* action : menu->actions())
         texts.append(action->text());
-    ASSERT_EQ(texts, (QStringList{"Delete Swatch", "", "Import…", "Export…"}));
+    ASSERT_EQ(texts, (QStringList{"Delete Swatch", "", "Import…", "Export…", "Library…", "Keep in Library"}));
     menu->actions().front()->trigger();
     EXPECT_EQ(sent, 1);
 }

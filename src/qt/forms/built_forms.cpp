@@ -8,6 +8,7 @@ using namespace chromalog; // what is made from the interface files names our cl
 #include "ui_EarlierLists.h"
 #include "ui_ExportPanel.h"
 #include "ui_ImportPanel.h"
+#include "ui_LibraryPanel.h"
 #include "ui_ProtocolPanel.h"
 #include "ui_SwatchPrintOptions.h"
 #include "ui_chromalogWindow.h"
@@ -30,6 +31,7 @@ constexpr struct {
     {"EarlierLists", built<Ui::earlierListsWindow>},
     {"ExportPanel", built<Ui::exportWindow>},
     {"ImportPanel", built<Ui::importWindow>},
+    {"LibraryPanel", built<Ui::libraryWindow>},
     {"ProtocolPanel", built<Ui::protocolWindow>},
     {"SwatchPrintOptions", built<Ui::printOptionWindow>},
 };
