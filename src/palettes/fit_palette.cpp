@@ -26,7 +26,7 @@ bool agree(const PaletteFormatRules& rules, const std::vector<PaletteColour>& co
 void fitColour(PaletteColour& colour, std::size_t index, const PaletteFormatRules& rules) {
     if (!rules.alpha) colour.alpha = 1;
     rules.round(colour);
-    if (!rules.groups) colour.group.clear();
+    colour.group = rules.groups ? rules.name(colour.group) : std::string();
     if (!rules.spotInks) colour.isSpot = false;
     colour.name = rules.name ? rules.name(colour.name) : std::string();
     const bool filled = rules.naming == PaletteNaming::filled || rules.naming == PaletteNaming::unique;

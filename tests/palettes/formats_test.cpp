@@ -188,6 +188,22 @@ TEST(TokenPalette, ReadsGroupsTypesObjectsAndAliases) {
     EXPECT_EQ(read.unread, 1u); // the alias that leads nowhere
 }
 
+TEST(TokenPalette, ObjectsOfAListHaveNoName) {
+    const auto read =
+        readAs(PaletteFormat::tokens, R"([{"a": "#ff0000", "b": "#00ff00"}, {"c": "#0000ff"}])");
+    EXPECT_THAT(told(read.palette), ElementsAre("a #ff0000", "b #00ff00", "c #0000ff"));
+}
+
+TEST(AsePalette, NamesAndGroupsEndWhereTheirLengthsDo) {
+    Palette palette;
+    palette.colours = {colour(std::string(70'000, 'n'), 0xFF)};
+    palette.colours[0].group = std::string(70'000, 'g');
+    const FittedPalette fitted = fitPalette(palette, PaletteFormat::ase, noInk);
+    EXPECT_EQ(fitted.palette.colours[0].name.size(), 65534u);
+    const std::string file = written(PaletteFormat::ase, palette);
+    EXPECT_TRUE(readAs(PaletteFormat::ase, file).palette == fitted.palette);
+}
+
 TEST(TokenPalette, AliasesInACircleLeadNowhere) {
     const auto read = readAs(PaletteFormat::tokens, R"({"a": {"$value": "{b}"}, "b": {"$value": "{a}"}})");
     EXPECT_TRUE(read.palette.colours.empty());

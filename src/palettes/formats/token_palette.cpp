@@ -83,7 +83,9 @@ bool TokenReader::start(bool isArray) {
     const Kind kind = kindInside(isArray);
     Frame frame{kind, frames_.empty() ? std::string() : frames_.back().type};
     frames_.push_back(std::move(frame));
-    keys_.push_back(kind == Kind::group || kind == Kind::list ? std::exchange(key_, {}) : std::string());
+    const bool inList = frames_.size() > 1 && frames_[frames_.size() - 2].kind == Kind::list;
+    const bool named = !inList && (kind == Kind::group || kind == Kind::list);
+    keys_.push_back(named ? std::exchange(key_, {}) : std::string());
     return true;
 }
 
