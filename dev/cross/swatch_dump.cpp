@@ -42,7 +42,7 @@ json swatchFile(Bytes file) {
     const auto second = readAcoRecords(file, header, 0, list, unchanged, BooksOnDisk(""));
     json out = json::array();
     for (const FCOStruct& r :
-         list.first(static_cast<std::size_t>(heldCount(second.value_or(header.viewCount)))))
+         list.first(static_cast<std::size_t>(clampedCount(second.value_or(header.viewCount)))))
         out.push_back({{"name", latin1(nameBytes(r))}, {"rgb", {r.SRed, r.SGreen, r.SBlue}}});
     return out;
 }
