@@ -219,6 +219,28 @@ TEST_F(PaletteExchangeTest, TheLibraryFollowsItsFolderAndAClickLoads) {
     });
 }
 
+TEST_F(PaletteExchangeTest, WhatOtherProgramsKeepIsShownAndNeverWritten) {
+    std::filesystem::create_directories(path(".config/inkscape/palettes"));
+    write(".config/inkscape/palettes/theirs.gpl", "GIMP Palette\n1 2 3\tA\n");
+    std::vector<LibraryFolder> folders;
+    for (const LibraryFolder& folder : foldersOfOtherPrograms(applications))
+        if (folder.path.starts_with(applications.string())) folders.push_back(folder);
+    ASSERT_EQ(folders.size(), 1u) << "of those that are there";
+    const PaletteLibrary library(path("own"), folders);
+    const std::uint64_t before = library.state();
+    Palette palette;
+    palette.title = "../a/b:";
+    palette.colours.resize(1);
+    EXPECT_EQ(library.keep(palette), "_a_b_.aco");
+    EXPECT_NE(library.state(), before);
+    const auto entries = library.entries();
+    ASSERT_EQ(entries.size(), 2u);
+    EXPECT_EQ(entries[0].label, "_a_b_.aco");
+    EXPECT_EQ(entries[1].label, "theirs.gpl (Inkscape)");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folders[0].path), {}), 1);
+    EXPECT_THROW(PaletteLibrary("", {}).keep(palette), PaletteError);
+}
+
 TEST_F(PaletteExchangeTest, ALibraryThatCannotBeMadeIsSaid) {
     write("chromalog", "a file");
     pick([this](ChromalogControler&, HeadlessDesktop& d) {
