@@ -29,10 +29,10 @@ class QtForm;
 
 /// What a host or the environment sets beside the plug-in interface. Empty texts: the platform's own.
 struct QtDesktopSettings {
-    std::string dataDirectory;   ///< stands for the user's applications directory
-    std::string booksDirectory;  ///< stands for the host's colour books
-    std::string formsDirectory;  ///< its interface files come before the compiled ones
-    ReadForm readForm = nullptr; ///< reads them; has to be there where the folder is
+    std::string dataDirectory;              ///< stands for the user's applications directory
+    std::string booksDirectory;             ///< stands for the host's colour books
+    std::string formsDirectory;             ///< its interface files come before the compiled ones
+    ReadForm readForm = nullptr;            ///< reads them; has to be there where the folder is
     std::vector<std::string> filesToImport; ///< named after the program
     bool logToSystem = false;
     bool optionWhileOpening = false; ///< the Option key counts as held until the first modal loop runs
