@@ -288,8 +288,9 @@ TEST_F(KeyboardTest, TabWalksEveryControlInReadingOrderGroupByGroup) {
         strike(Qt::Key_Tab);
     } while (focus() != "firstR" && walked.size() < 200);
     for (QWidget* control : window().findChildren<QWidget*>())
-        if (control->isVisible() && control->isEnabled() && (control->focusPolicy() & Qt::TabFocus))
+        if (control->isVisible() && control->isEnabled() && (control->focusPolicy() & Qt::TabFocus)) {
             EXPECT_THAT(walked, testing::Contains(control)) << control->objectName().toStdString();
+        }
     const auto place = [&](QWidget* control) { return control->mapTo(&window(), QPoint()); };
     for (std::size_t i = 1; i < walked.size(); ++i) {
         QWidget *before = walked[i - 1], *now = walked[i];

@@ -11,7 +11,9 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QApplication>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMimeData>
 #include <QTest>
 #include <QTimer>
@@ -171,12 +173,18 @@ TEST_F(OutOfMemoryDialog, ThatCannotOpenReportsIt) {
         unlocks = acquired = released = 0;
         std::optional<FailingNew> failing;
         opening = [&] { failing.emplace(n, FailingNew::Of::ownCode); };
-        opened = [&] { failing->stop(); };
+        bool wordless = false; // no words of the history are worth a pick
+        opened = [&] {
+            failing->stop();
+            for (const QWidget* widget : QApplication::allWidgets())
+                if (widget->objectName() == "historySteps")
+                    wordless = dynamic_cast<const QListWidget&>(*widget).count() == 0;
+        };
         result = 7;
         pick();
         const bool failed = failing->stop();
         failures += failed;
-        EXPECT_EQ(result, failed ? -108 : 0) << "allocation " << n;
+        EXPECT_EQ(result, failed && !wordless ? -108 : 0) << "allocation " << n;
         EXPECT_EQ(unlocks, data ? 1 : 0);
         EXPECT_EQ(acquired, released);
         EXPECT_EQ(gChromalogControler, nullptr);

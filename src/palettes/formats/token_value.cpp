@@ -1,8 +1,8 @@
 #include "palettes/formats/token_value.h"
 
+#include "base/number_text.h"
 #include "palettes/palette_text.h"
 #include "spaces/css_colour.h"
-#include "spaces/decimal_text.h"
 
 #include <algorithm>
 

@@ -1,11 +1,11 @@
 #include "standalone/palettes/convert.h"
 
+#include "base/number_text.h"
 #include "files/file_io.h"
 #include "files/size_limit_signal.h"
 #include "palettes/palette_loss.h"
 #include "palettes/palette_text.h"
 #include "spaces/css_colour.h"
-#include "spaces/decimal_text.h"
 #include "spaces/lab_grid.h"
 #include "standalone/palettes/ink.h"
 #include "standalone/palettes/palette_input.h"
@@ -61,7 +61,7 @@ void prepare(Palette& palette, const ConvertRequest& request, const CmykToRgb& i
 }
 
 std::string difference(double value) {
-    const std::string text = fixedDecimalText(value, 2);
+    const std::string text = fixedText(value, 2);
     return std::string(text.size() < 6 ? 6 - text.size() : 0, ' ') + text;
 }
 

@@ -1,8 +1,8 @@
 #include "standalone/palettes/palette_listing.h"
 
+#include "base/number_text.h"
 #include "palettes/component_codes.h"
 #include "palettes/palette_text.h"
-#include "spaces/decimal_text.h"
 
 namespace chromalog::standalone {
 
