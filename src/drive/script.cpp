@@ -11,8 +11,8 @@ namespace chromalog::drive {
 namespace {
 
 /// A command's words, a letter each: o outlet, t text, n number, i whole number from 0, s the same from 1, c
-/// colour, a the word "alt", m the word "shift" or "ctrl", p the words of a paper, + texts. What stands after ?
-/// may be left out.
+/// colour, a the word "alt", m the word "shift" or "ctrl", p the words of a paper, + texts. What stands after
+/// ? may be left out.
 struct Row {
     Verb verb;
     std::string_view name;
