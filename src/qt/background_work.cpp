@@ -57,13 +57,13 @@ void BackgroundWork::run() {
         if (!work_) return;
         lock.unlock(); // nobody touches it until it is empty again
         work_();
+        lock.lock();
+        work_ = nullptr;
+        changed_.notify_all();
         try {
             QCoreApplication::postEvent(this, new QEvent(kEnded));
         } catch (...) { // no memory: whoever comes next finds it ended
         }
-        lock.lock();
-        work_ = nullptr;
-        changed_.notify_all();
     }
 }
 
@@ -79,6 +79,11 @@ void BackgroundWork::finish() {
 
 bool BackgroundWork::event(QEvent* event) {
     if (event->type() != kEnded) return QObject::event(event);
+    {
+        const std::lock_guard lock(mutex_);
+        if (work_)
+            return true; // somebody waited for the end that this tells of; the next one tells of its own
+    }
     guarded([this] { finish(); });
     return true;
 }

@@ -4,6 +4,7 @@
 #include "qt/background_work.h"
 
 #include <atomic>
+#include <chrono>
 #include <csignal>
 #include <optional>
 #include <semaphore>
@@ -43,6 +44,23 @@ TEST_F(BackgroundWorkTest, WaitsForTheOneBefore) {
     begin("two");
     EXPECT_THAT(ended, ElementsAre("one"));
     gate.release();
+    work->finish();
+    EXPECT_THAT(ended, ElementsAre("one", "two"));
+}
+
+TEST_F(BackgroundWorkTest, AnEndThatWasWaitedForDoesNotHoldTheEventLoopForTheNext) {
+    begin("one");
+    gate.release();
+    work->finish();
+    begin("two");
+    std::jthread rescue([this](const std::stop_token& enough) {
+        for (int i = 0; i < 100 && !enough.stop_requested(); ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        gate.release();
+    });
+    QApplication::processEvents();
+    EXPECT_THAT(ended, ElementsAre("one")) << "the loop waited for the second";
+    rescue.request_stop();
     work->finish();
     EXPECT_THAT(ended, ElementsAre("one", "two"));
 }
