@@ -13,6 +13,10 @@
 #include <stdexcept>
 #include <string_view>
 
+#if defined(__GLIBC__)
+#include <malloc.h>
+#endif
+
 namespace chromalog::standalone {
 
 namespace {
@@ -118,6 +122,9 @@ void reportMisuse(const Host& host) {
 } // namespace
 
 int runProgram(const CommandLine& line) {
+#if defined(__GLIBC__)
+    mallopt(M_ARENA_MAX, 1); // a heap a thread would cost more than its few moments of work
+#endif
     try {
         const std::string plugin = line.plugin.empty() ? PluginModule::besideProgram() : line.plugin;
         if (line.verbose) sayWhatIsUsed(line, plugin);
