@@ -92,13 +92,15 @@ void ColourEntries::left(Side& side, Entry& entry) {
 void ColourEntries::follow() {
     if (entering_) return;
     for (Side& side : sides_)
-        if (!side.shows || !(colours_.*side.colour)().sameRgb(side.shown)) show(side, nullptr);
+        if (!side.shows || !(colours_.*side.colour)().sameRgb(side.shown) || inksOf(side) != side.shownInks)
+            show(side, nullptr);
 }
 
 /// In all fields, or in all but the one that was typed in.
 void ColourEntries::show(Side& side, const Entry* but) {
     side.shown = (colours_.*side.colour)();
     side.shows = true;
+    side.shownInks = inksOf(side);
     for (Entry* entry : {&side.hex, &side.inks, &side.reading}) {
         if (entry == but || !entry->field.connected()) continue;
         if (entry == &side.reading && !side.notation) continue;

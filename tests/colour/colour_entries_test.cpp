@@ -71,6 +71,13 @@ TEST(ColourEntries, ShowBothColoursFromTheStartAndFollowThem) {
     EXPECT_EQ(dialog.text("firstHex"), "#e54c19");
 }
 
+TEST(ColourEntries, TheInksAreThoseOfFieldsThatAreFilledLater) {
+    Entered dialog; // as where a stored list gives the first colour before the second is shown
+    dialog.colours.second.C->setText("12");
+    dialog.entries.follow();
+    EXPECT_EQ(dialog.text("secondInks"), "12 30 70 0");
+}
+
 TEST(ColourEntries, ATextTakesEffectAsItIsTyped) {
     for (const char* text : {"#369", "#336699", "336699", "RGB(51 102 153)", " #336699; ", "hsl(210 50% 40%)",
                              "color: #336699;"}) {
