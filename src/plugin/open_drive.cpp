@@ -29,11 +29,11 @@ using Attach = Driven* (*)(DrivenDialog*, const StandaloneSuite*, std::unique_pt
 std::unique_ptr<Driven> playback;
 
 /// Never closed again: what it has registered with the toolkit outlives the pick.
-void* inDrive(const char* symbol) {
+void* inDrive(const char* symbol, const std::string& otherwise) {
     const std::string path = pathOfDrive();
     void* module = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
     void* found = module ? dlsym(module, symbol) : nullptr;
-    if (!found) throw std::runtime_error(std::string("scripts cannot be played: ") + dlerror());
+    if (!found) throw std::runtime_error(otherwise + ": " + dlerror());
     return found;
 }
 
@@ -41,8 +41,8 @@ void* inDrive(const char* symbol) {
 
 std::unique_ptr<Driven> openDrive(DrivenDialog& dialog, const StandaloneSuite& suite) try {
     if (!isAskedFor(suite)) return nullptr;
-    return std::unique_ptr<Driven>(
-        reinterpret_cast<Attach>(inDrive("chromalogDrive"))(&dialog, &suite, &playback));
+    return std::unique_ptr<Driven>(reinterpret_cast<Attach>(
+        inDrive("chromalogDrive", "scripts cannot be played"))(&dialog, &suite, &playback));
 } catch (...) {
     suite.endWith(2);
     throw;
@@ -50,7 +50,8 @@ std::unique_ptr<Driven> openDrive(DrivenDialog& dialog, const StandaloneSuite& s
 
 std::unique_ptr<QWidget> readFormFile(const QString& path, MakeWidget makeOwn,
                                       std::vector<std::string>& problems) {
-    return reinterpret_cast<ReadForm>(inDrive("chromalogReadForm"))(path, makeOwn, problems);
+    return reinterpret_cast<ReadForm>(inDrive("chromalogReadForm", "interface files cannot be read"))(
+        path, makeOwn, problems);
 }
 
 } // namespace chromalog

@@ -2,11 +2,13 @@
 
 #include "golden_states/run_recorder.h"
 #include "support/run_program.h"
+#include "support/swatch_files.h"
 #include "support/temporary_folder.h"
 
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
+#include <array>
 #include <fstream>
 #include <map>
 #include <string>
@@ -37,6 +39,18 @@ class DrivenPick : public testing::Test {
     }
     void write(const std::string& name, const std::vector<std::uint8_t>& bytes) const {
         write(name, std::string(bytes.begin(), bytes.end()));
+    }
+
+    /// "three.aco": Red, Green and Blue.
+    void writeThree() const {
+        FileBuilder builder;
+        builder.header(2, 3);
+        for (int channel = 0; const char* name : {"Red", "Green", "Blue"}) {
+            std::array<int, 3> rgb{};
+            rgb[static_cast<std::size_t>(channel++)] = 65535;
+            builder.colour(0, rgb[0], rgb[1], rgb[2]).name(name);
+        }
+        write("three.aco", builder.bytes);
     }
 
     std::string read(const std::string& name) const {

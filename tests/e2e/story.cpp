@@ -1,7 +1,5 @@
 #include "e2e/story.h"
 
-#include "support/swatch_files.h"
-
 #include <algorithm>
 #include <chrono>
 #include <fcntl.h>
@@ -41,15 +39,7 @@ std::vector<std::string> words(const std::string& line) {
 
 void Story::SetUp() {
     if (!desktop_.runs()) GTEST_SKIP() << "needs Xvfb, openbox and xdotool";
-    FileBuilder builder;
-    builder.header(2, 3);
-    builder.colour(0, 65535, 0, 0)
-        .name("Red")
-        .colour(0, 0, 65535, 0)
-        .name("Green")
-        .colour(0, 0, 0, 65535)
-        .name("Blue");
-    write("three.aco", builder.bytes);
+    writeThree();
     environment_["DISPLAY"] = desktop_.display();
 }
 

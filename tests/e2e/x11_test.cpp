@@ -2,7 +2,6 @@
 // technology.
 #include "e2e/driven_pick.h"
 #include "e2e/x_server.h"
-#include "support/swatch_files.h"
 
 #include <sstream>
 
@@ -20,15 +19,7 @@ class OnXServer : public DrivenPick {
   protected:
     void SetUp() override {
         if (!server_.runs() || !installed("command -v xdotool")) GTEST_SKIP() << "needs Xvfb and xdotool";
-        FileBuilder builder;
-        builder.header(2, 3);
-        builder.colour(0, 65535, 0, 0)
-            .name("Red")
-            .colour(0, 0, 65535, 0)
-            .name("Green")
-            .colour(0, 0, 0, 65535)
-            .name("Blue");
-        write("three.aco", builder.bytes);
+        writeThree();
         onScreen();
     }
 

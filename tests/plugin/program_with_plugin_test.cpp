@@ -17,10 +17,11 @@ struct ProgramWithPlugIn : ::testing::Test {
     ~ProgramWithPlugIn() override { fs::remove_all(folder); }
 
     ProgramResult run(std::vector<std::string> words, const std::string& platform = "offscreen",
-                      const std::string& theme = "") {
+                      const std::string& theme = "", const std::string& forms = "") {
         words.insert(words.begin(), {CHROMALOG_PROGRAM, "--data-dir", (folder / "data").string()});
         return runProgram(words, {{"QT_QPA_PLATFORM", platform},
                                   {"QT_QPA_PLATFORMTHEME", theme},
+                                  {"CHROMALOG_FORMS", forms},
                                   {"DISPLAY", ""},
                                   {"WAYLAND_DISPLAY", ""},
                                   {"XDG_CONFIG_HOME", (folder / "config").string()},
@@ -79,6 +80,18 @@ TEST_F(ProgramWithPlugIn, WithoutItsPlayerAPlugInSaysSoAndThePickEnds) {
                                           (folder / "ChromalogDrive.so").string()))
             << asked.front();
     }
+}
+
+TEST_F(ProgramWithPlugIn, WithoutItsPlayerAPlugInReadsNoInterfaceFiles) {
+    const fs::path alone = folder / "Chromalog.so";
+    fs::copy_file(CHROMALOG_MODULE, alone);
+    std::ofstream(folder / "chromalogWindow.ui") << "<ui version=\"4.0\"/>";
+    const ProgramResult result =
+        run({"--plugin", alone.string(), "--color", "#3366cc"}, "offscreen", "", folder.string());
+    EXPECT_EQ(result.out, "#3366cc\n") << "as offered";
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_THAT(result.err,
+                HasSubstr("interface files cannot be read: " + (folder / "ChromalogDrive.so").string()));
 }
 
 TEST_F(ProgramWithPlugIn, TheScreenshotIsAPicture) {
