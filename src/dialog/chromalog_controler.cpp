@@ -38,7 +38,9 @@ ChromalogControler::ChromalogControler(GlobalRecord& data, Desktop& desktop)
       exchange_({panels_.one, panels_.two, desktop, outlets_.chromalogWindow,
                  data.pickerRecord->colorServices,
                  [this](std::string_view label) { setUndoablePosition(label); },
-                 [this](std::string_view latest) { describeSteps(latest, {}); }}) {
+                 [this](std::string_view latest) { describeSteps(latest, {}); }}),
+      tools_({colours_, panels_, desktop, outlets_.chromalogWindow, data.pickerRecord->colorServices,
+              [this](std::string_view label) { setUndoablePosition(label); }}) {
     gChromalogControler = this;
     loadForm();
     zeroInit();
@@ -74,10 +76,12 @@ FormOwner ChromalogControler::formOwner() {
     append(owner.outlets, entries_.table());
     append(owner.outlets, views_.table());
     append(owner.outlets, panels_.table());
+    append(owner.outlets, tools_.table());
     append(owner.actions, colours_.actions());
     append(owner.actions, views_.actions());
     append(owner.actions, panels_.actions());
     append(owner.actions, exchange_.actions());
+    append(owner.actions, tools_.actions());
     return owner;
 }
 
@@ -194,6 +198,7 @@ void ChromalogControler::colourChanged(Cause cause) {
         views_.wheel.setNeedsDisplay();
         break;
     }
+    tools_.colourChanged(cause);
 }
 
 std::int64_t ChromalogControler::showWindow() {

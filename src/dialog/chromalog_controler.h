@@ -2,6 +2,7 @@
 
 #include "colour/colour_entries.h"
 #include "colour/working_colours.h"
+#include "dialog/colour_tools.h"
 #include "dialog/colour_views.h"
 #include "dialog/colours_at_hand.h"
 #include "dialog/dialog_outlets.h"
@@ -72,6 +73,7 @@ class ChromalogControler : SwatchPanelsDelegate {
     SwatchPanels panels_;
     ColoursAtHand atHand_;
     PaletteExchange exchange_;
+    ColourTools tools_;
     PrintOptions printOptions_;
     std::unique_ptr<Form> form_; ///< its controls go before what they point to
     std::unique_ptr<ProtocolControler> history_;

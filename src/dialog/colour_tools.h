@@ -1,0 +1,36 @@
+#pragma once
+
+#include "colour/working_colours.h"
+#include "swatches/swatch_panels.h"
+
+#include <functional>
+#include <string_view>
+#include <vector>
+
+namespace chromalog {
+
+/// What the tools work with. All of it lives longer than they do.
+struct ColourToolsParts {
+    WorkingColours& colours;
+    SwatchPanels& panels;
+    Desktop& desktop;
+    Outlet<Window>& dialog; ///< carries the panels
+    ColorServicesProc services;
+    std::function<void(std::string_view labelKey)> setUndoablePosition;
+};
+
+/// What stands beside the dialog's core to find colours and to judge them: the menu "Tools" and what it
+/// opens. A tool is a file of its own and a line here.
+class ColourTools {
+  public:
+    explicit ColourTools(ColourToolsParts parts) : parts_(std::move(parts)) {}
+
+    std::vector<OutletEntry> table();
+    std::vector<ActionEntry> actions();
+    void colourChanged(Cause); ///< after all else that follows a change of colour
+
+  private:
+    ColourToolsParts parts_;
+};
+
+} // namespace chromalog
