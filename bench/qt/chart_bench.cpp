@@ -1,5 +1,6 @@
 // Redrawing the tone chart and the gradient beside as many plain filled paths and rectangles of the toolkit.
 #include "qt/application_guard.h"
+#include "qt/cell_picture.h"
 #include "qt/paint_canvas.h"
 #include "support/headless_colours.h"
 #include "support/headless_desktop.h"
@@ -46,9 +47,10 @@ void redraw(benchmark::State& state, View& view) {
     const int side = sideOf(state);
     view.layOut({0, 0, double(side), double(side)});
     QImage screen(side, side, QImage::Format_RGB32);
+    CellPicture cells;
     for (auto _ : state) {
         QPainter painter(&screen);
-        PaintCanvas canvas(painter, {view.bounds(), false, view.bounds(), true, true});
+        PaintCanvas canvas(painter, {view.bounds(), false, view.bounds(), true, true, nullptr, &cells});
         view.drawRect(canvas);
     }
 }

@@ -4,6 +4,7 @@
 #include "base/colour.h"
 #include "base/geometry.h"
 
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -66,6 +67,21 @@ class Canvas {
     virtual void strokeRect(const Rect&) = 0; ///< a line centred on the rectangle's edges
     virtual void fillPath(const Path&) = 0;
     virtual void strokePath(const Path&) = 0;
+
+    struct Cell {
+        Path path;
+        Colour colour;
+    };
+    /// Each filled, then outlined in its own colour, one over the other. A screen that keeps what they cover
+    /// redraws many cells in new colours for a fraction of the cost.
+    virtual void drawCells(std::span<const Cell> cells) {
+        for (const Cell& cell : cells) {
+            setFill(cell.colour);
+            fillPath(cell.path);
+            setStroke(cell.colour);
+            strokePath(cell.path);
+        }
+    }
     virtual void drawBitmap(const Bitmap&, const Rect& into) = 0;
 
     /// One line with its baseline's left end at `at`. Wider than `maxWidth` (where that is above 0), it ends

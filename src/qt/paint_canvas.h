@@ -6,16 +6,18 @@
 
 namespace chromalog {
 
+class CellPicture;
 class LineCache;
 
 /// What a drawing lands on.
 struct PaintTarget {
-    Rect bounds;                ///< of the view; its top left corner is the painter's origin
-    bool flipped = false;       ///< y grows downwards
-    Rect clip;                  ///< in view coordinates
-    bool toScreen = true;       ///< false on paper
-    bool smoothPaths = true;    ///< antialiased outlines; never rectangles
-    LineCache* lines = nullptr; ///< keeps laid out text between paints; none: text is laid out each time
+    Rect bounds;                  ///< of the view; its top left corner is the painter's origin
+    bool flipped = false;         ///< y grows downwards
+    Rect clip;                    ///< in view coordinates
+    bool toScreen = true;         ///< false on paper
+    bool smoothPaths = true;      ///< antialiased outlines; never rectangles
+    LineCache* lines = nullptr;   ///< keeps laid out text between paints; none: text is laid out each time
+    CellPicture* cells = nullptr; ///< keeps what a view's cells cover between paints
 };
 
 /// Paints with the toolkit's painter, in a view's coordinates. Coordinates are turned here, not by a negative
@@ -35,6 +37,7 @@ class PaintCanvas : public Canvas {
     void strokeRect(const Rect&) override;
     void fillPath(const Path&) override;
     void strokePath(const Path&) override;
+    void drawCells(std::span<const Cell>) override;
     void drawBitmap(const Bitmap&, const Rect& into) override;
     void drawText(Point at, std::string_view text, const Font&, double maxWidth) override;
 
@@ -43,6 +46,9 @@ class PaintCanvas : public Canvas {
   private:
     QPointF map(Point) const;
     QPainterPath map(const Path&) const;
+    bool onWholePixels() const;
+    bool drawKeptCells(std::span<const Cell>);
+    QRect paintLayer(QImage&, const Path&, bool outlined) const;
     void addArc(QPainterPath&, const Path::Element&) const;
     bool justFilled(const Path&) const;
     bool justFilled(const Rect&) const;

@@ -187,7 +187,7 @@ void ViewWidget::paintEvent(QPaintEvent* event) try {
     const Rect bounds = view_->bounds();
     const double top = view_->isFlipped() ? dirty.y() : bounds.h - dirty.y() - dirty.height();
     const Rect clip{bounds.x + dirty.x(), bounds.y + top, double(dirty.width()), double(dirty.height())};
-    const PaintTarget target{bounds, view_->isFlipped(), clip, true, true, &lines_};
+    const PaintTarget target{bounds, view_->isFlipped(), clip, true, true, &lines_, &cells_};
     PaintCanvas canvas(painter, target);
     view_->drawRect(canvas);
     PaintCanvas layer(painter, target);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/view.h"
+#include "qt/cell_picture.h"
 #include "qt/drag_scroll.h"
 #include "qt/line_cache.h"
 
@@ -73,6 +74,7 @@ class ViewWidget : public QWidget, public ViewHost {
     View* view_ = nullptr;
     QtDesktop* desktop_ = nullptr;
     LineCache lines_;
+    CellPicture cells_;
     QPointF pressedAt_;
     bool pressed_ = false;
     bool dragSent_ = false; ///< the view was told of this press's drag and drop

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace chromalog {
 namespace {
@@ -13,13 +14,6 @@ constexpr double radiansPerDegree = 0.017453292519943295;
 
 ToneColour channels(const Colour& c) {
     return {static_cast<float>(c.red()), static_cast<float>(c.green()), static_cast<float>(c.blue())};
-}
-
-void drawInOneColour(Canvas& canvas, const Path& path, const Colour& colour) {
-    canvas.setFill(colour);
-    canvas.fillPath(path);
-    canvas.setStroke(colour);
-    canvas.strokePath(path);
 }
 
 } // namespace
@@ -77,7 +71,8 @@ void toneView::drawRect(Canvas& canvas) {
     const Point centre{radius, radius};
     const Colour second = middle();
     const ToneCircle circle = this->circle();
-    Path cell;
+    std::vector<Canvas::Cell> cells;
+    cells.reserve(toneRings * toneSectors + 1);
     for (int ring = toneRings; ring >= 1; --ring) {
         const double inner = radius * ring / 8;
         const double outer = radius * (ring + 1) / 8;
@@ -85,16 +80,16 @@ void toneView::drawRect(Canvas& canvas) {
              --sector) { // where outlines overlap the later one shows
             const double start = sector * sectorDegrees;
             const double end = (sector + 1) * sectorDegrees;
-            cell.clear();
-            cell.arc(centre, outer, start, end, false);
-            cell.arc(centre, inner, end, start, true);
-            cell.close();
-            drawInOneColour(canvas, cell, toneCell(circle, second, ring, sector));
+            Canvas::Cell& cell = cells.emplace_back(Path(), toneCell(circle, second, ring, sector));
+            cell.path.arc(centre, outer, start, end, false);
+            cell.path.arc(centre, inner, end, start, true);
+            cell.path.close();
         }
     }
-    cell.clear();
-    cell.oval({radius - radius / 8, radius - radius / 8, radius / 4, radius / 4});
-    drawInOneColour(canvas, cell, Colour::rgb(second.red(), second.green(), second.blue()));
+    Canvas::Cell& middleCell =
+        cells.emplace_back(Path(), Colour::rgb(second.red(), second.green(), second.blue()));
+    middleCell.path.oval({radius - radius / 8, radius - radius / 8, radius / 4, radius / 4});
+    canvas.drawCells(cells);
 }
 
 void toneView::moveCell(int right, int up) {
