@@ -5,22 +5,53 @@
 #include "files/temporary_file.h"
 
 #include <algorithm>
+#include <limits>
 #include <system_error>
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace chromalog {
 namespace {
 
-/// Reads to the file's end, whatever its length was said to be. False where the disk fails.
+struct Extent {
+    std::size_t begin, end;
+};
+
+/// What the disk holds next of a file that is `said` bytes long; the file's position is its begin. What lies
+/// between `from` and there reads as zeros. Where nobody knows of holes: all that is left. Nothing where the
+/// disk fails.
+std::optional<Extent> nextExtent(int fd, std::size_t from, std::size_t said) {
+    const auto seek = [fd](std::size_t to, int whence) {
+        return ::lseek(fd, static_cast<off_t>(to), whence);
+    };
+    const Extent rest{from, std::numeric_limits<std::size_t>::max()};
+    if (from >= said) return rest;
+    off_t begin = seek(from, SEEK_DATA);
+    if (begin < 0 && errno == ENXIO) begin = seek(0, SEEK_END);
+    if (begin < 0) return rest;
+    const off_t end = seek(static_cast<std::size_t>(begin), SEEK_HOLE);
+    const std::size_t next = std::max(from, static_cast<std::size_t>(begin)); // a file may become shorter
+    if (seek(next, SEEK_SET) < 0) return std::nullopt;
+    return end > begin ? Extent{next, static_cast<std::size_t>(end)} : Extent{next, rest.end};
+}
+
+/// Reads to the file's end, whatever its length was said to be. False where the disk fails. Holes are not
+/// read: the system would first make pages of zeros for them.
 bool readToEnd(int fd, std::vector<std::uint8_t>& data, std::size_t said, std::size_t limit) {
     constexpr std::size_t kLeast = 4096;
-    std::size_t filled = 0;
+    std::size_t filled = 0, end = 0;
     data.resize(std::min(limit, said + 1)); // one more than said: the end shows at the first reading
     while (filled < limit) {
-        if (filled == data.size()) data.resize(std::min(limit, std::max(kLeast, 2 * filled)));
-        const ssize_t got = ::read(fd, data.data() + filled, data.size() - filled);
+        if (filled >= end) {
+            const auto extent = nextExtent(fd, filled, said);
+            if (!extent) return false;
+            filled = std::min(limit, extent->begin);
+            end = extent->end;
+        }
+        if (filled >= data.size()) data.resize(std::min(limit, std::max(kLeast, 2 * filled)));
+        const ssize_t got = ::read(fd, data.data() + filled, std::min(data.size(), end) - filled);
         if (got < 0 && errno == EINTR) continue;
         if (got < 0) return false;
         if (got == 0) break;

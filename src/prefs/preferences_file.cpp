@@ -35,10 +35,16 @@ std::span<const std::uint8_t> preferencesImage(const GlobalRecord& record) {
     return {reinterpret_cast<const std::uint8_t*>(&record) + kPreferencesOffset, kPreferencesImage};
 }
 
+/// Memory that is as the file has it is left alone: pages that nobody wrote yet stay the system's.
 void applyPreferences(GlobalRecord& record, std::span<const std::uint8_t> file) {
+    constexpr std::size_t kPiece = 4096;
     const std::size_t length = std::min(file.size(), kPreferencesImage);
-    if (length > 0)
-        std::memcpy(reinterpret_cast<std::uint8_t*>(&record) + kPreferencesOffset, file.data(), length);
+    std::uint8_t* image = reinterpret_cast<std::uint8_t*>(&record) + kPreferencesOffset;
+    for (std::size_t at = 0; at < length; at += kPiece) {
+        const std::size_t count = std::min(kPiece, length - at);
+        if (std::memcmp(image + at, file.data() + at, count) != 0)
+            std::memcpy(image + at, file.data() + at, count);
+    }
 }
 
 } // namespace chromalog

@@ -1,3 +1,4 @@
+#include "files/descriptor.h"
 #include "files/file_io.h"
 #include "files/in_child.h"
 #include "files/system_calls.h"
@@ -5,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <csignal>
 #include <fstream>
 #include <iterator>
@@ -13,6 +15,7 @@
 
 #include <fcntl.h>
 #include <sched.h>
+#include <sys/mman.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -32,6 +35,18 @@ Bytes pattern(std::size_t length, unsigned seed) {
     for (auto& b : bytes)
         b = static_cast<std::uint8_t>(random());
     return bytes;
+}
+
+/// How many of a file's pages the system has made.
+std::size_t pagesInMemory(const std::string& path, std::size_t length) {
+    const Descriptor file(::open(path.c_str(), O_RDONLY));
+    void* map = ::mmap(nullptr, length, PROT_READ, MAP_SHARED, file.get(), 0);
+    if (map == MAP_FAILED) return length;
+    const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+    std::vector<unsigned char> present((length + page - 1) / page);
+    ::mincore(map, length, present.data());
+    ::munmap(map, length);
+    return static_cast<std::size_t>(std::ranges::count_if(present, [](unsigned char p) { return p & 1; }));
 }
 
 class FileIo : public testing::Test {
@@ -61,6 +76,22 @@ TEST_F(FileIo, BlocksOfZerosBecomeHolesAndReadAsZeros) {
     struct stat status;
     ASSERT_EQ(::stat((folder / "file").c_str(), &status), 0);
     EXPECT_LE(status.st_blocks * 512, 64 * 1024) << "holes take no room";
+}
+
+TEST_F(FileIo, HolesAreNotReadAndWhatStandsBetweenThemIs) {
+    constexpr std::size_t kMega = 1 << 20;
+    Bytes bytes(5 * kMega + 3);
+    const std::string file = folder / "file";
+    for (const std::size_t at : {2 * kMega, 4 * kMega + 4095, 5 * kMega + 2})
+        bytes[at] = 0xA5;
+    ASSERT_TRUE(writeDataToFileAtURL(file, bytes));
+    EXPECT_EQ(readDataFromFileAtURL(file), bytes);
+    EXPECT_EQ(readDataFromFileAtURL(file, 3 * kMega), Bytes(bytes.begin(), bytes.begin() + 3 * kMega));
+    EXPECT_EQ(readDataFromFileAtURL(file, kMega), Bytes(kMega));
+    ASSERT_EQ(::truncate(file.c_str(), 6 * kMega), 0) << "a hole at the end";
+    bytes.resize(6 * kMega);
+    EXPECT_EQ(readDataFromFileAtURL(file), bytes);
+    EXPECT_LT(pagesInMemory(file, 6 * kMega), 200u) << "of 1,536; some are read ahead";
 }
 
 TEST_F(FileIo, AnyMixtureOfZerosAndBytesSurvives) {
