@@ -37,46 +37,68 @@ std::optional<Extent> nextExtent(int fd, std::size_t from, std::size_t said) {
     return end > begin ? Extent{next, static_cast<std::size_t>(end)} : Extent{next, rest.end};
 }
 
-/// Reads to the file's end, whatever its length was said to be. False where the disk fails. Holes are not
-/// read: the system would first make pages of zeros for them.
-bool readToEnd(int fd, std::vector<std::uint8_t>& data, std::size_t said, std::size_t limit) {
-    constexpr std::size_t kLeast = 4096;
+/// Reads to the file's end, whatever its length was said to be, or to the limit: how many bytes. Nothing
+/// where the disk fails. `roomFor` gives so many bytes at least of one buffer, zero where nothing was read
+/// yet. Holes are not read: the system would first make pages of zeros for them.
+template <typename RoomFor>
+std::optional<std::size_t> readToEnd(int fd, std::size_t said, std::size_t limit, RoomFor roomFor) {
     std::size_t filled = 0, end = 0;
-    data.resize(std::min(limit, said + 1)); // one more than said: the end shows at the first reading
     while (filled < limit) {
         if (filled >= end) {
             const auto extent = nextExtent(fd, filled, said);
-            if (!extent) return false;
+            if (!extent) return std::nullopt;
             filled = std::min(limit, extent->begin);
             end = extent->end;
         }
-        if (filled >= data.size()) data.resize(std::min(limit, std::max(kLeast, 2 * filled)));
-        const ssize_t got = ::read(fd, data.data() + filled, std::min(data.size(), end) - filled);
+        const std::span<std::uint8_t> room = roomFor(std::min(limit, filled + 1));
+        const ssize_t got = ::read(fd, room.data() + filled, std::min(room.size(), end) - filled);
         if (got < 0 && errno == EINTR) continue;
-        if (got < 0) return false;
+        if (got < 0) return std::nullopt;
         if (got == 0) break;
         filled += static_cast<std::size_t>(got);
     }
-    data.resize(filled);
-    return true;
+    return filled;
+}
+
+/// A regular file that is open, and what is known of it; errno says why not. Opened without blocking: a pipe
+/// without a writer would be waited for.
+bool openRegular(const std::string& path, std::optional<Descriptor>& file, struct stat& status) {
+    file.emplace(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    if (!file->isOpen() || ::fstat(file->get(), &status) != 0) return false;
+    if (!S_ISREG(status.st_mode)) errno = S_ISDIR(status.st_mode) ? EISDIR : EOPNOTSUPP;
+    return S_ISREG(status.st_mode);
 }
 
 } // namespace
 
 std::optional<std::vector<std::uint8_t>> readDataFromFileAtURL(const std::string& path, std::size_t limit,
                                                                FileIdentity* read) {
-    // Not blocking: opening a pipe without a writer would wait for one.
-    const Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    static constexpr std::size_t kLeast = 4096;
+    std::optional<Descriptor> file;
     struct stat status;
-    if (!file.isOpen() || ::fstat(file.get(), &status) != 0) return std::nullopt;
-    if (!S_ISREG(status.st_mode)) {
-        errno = S_ISDIR(status.st_mode) ? EISDIR : EOPNOTSUPP;
-        return std::nullopt;
-    }
-    std::vector<std::uint8_t> data;
-    if (!readToEnd(file.get(), data, static_cast<std::size_t>(status.st_size), limit)) return std::nullopt;
+    if (!openRegular(path, file, status)) return std::nullopt;
+    const auto said = static_cast<std::size_t>(status.st_size);
+    std::vector<std::uint8_t> data(std::min(limit, said + 1)); // one more: the end shows at the first reading
+    const auto roomFor = [&data, limit](std::size_t least) {
+        if (data.size() < least) data.resize(std::min(limit, std::max(kLeast, 2 * least)));
+        return std::span(data);
+    };
+    const auto length = readToEnd(file->get(), said, limit, roomFor);
+    if (!length) return std::nullopt;
+    data.resize(*length);
     if (read) *read = identityOf(status);
     return data;
+}
+
+std::optional<std::size_t> readFileInto(const std::string& path, std::span<std::uint8_t> zeros,
+                                        FileIdentity* read) {
+    std::optional<Descriptor> file;
+    struct stat status;
+    if (!openRegular(path, file, status)) return std::nullopt;
+    const auto said = static_cast<std::size_t>(status.st_size);
+    const auto length = readToEnd(file->get(), said, zeros.size(), [zeros](std::size_t) { return zeros; });
+    if (length && read) *read = identityOf(status);
+    return length;
 }
 
 bool writeDataToFileAtURL(const std::string& path, std::span<const std::uint8_t> data, std::size_t zeros,

@@ -21,6 +21,11 @@ std::optional<std::vector<std::uint8_t>> readDataFromFileAtURL(const std::string
                                                                std::size_t limit = kLongestRead,
                                                                FileIdentity* read = nullptr);
 
+/// The same into memory that is all zeros, as much of the file as it holds: how many bytes. Where the file
+/// has holes, the memory is not touched.
+std::optional<std::size_t> readFileInto(const std::string& path, std::span<std::uint8_t> zeros,
+                                        FileIdentity* read = nullptr);
+
 /// Whether a write waits until the disk has it. Later is for writes on a person's every step: a power failure
 /// may then bring back an older file, a crash of the program cannot.
 enum class Flush { toDisk, later };

@@ -33,11 +33,11 @@ PreferencesStore::PreferencesStore(std::string path)
     : path_(std::move(path)), mark_(besideReal(path_, ".open")), copies_(path_), atStart_(identityOf(path_)) {
 }
 
-std::optional<std::vector<std::uint8_t>> PreferencesStore::read(std::size_t limit) {
+std::optional<std::size_t> PreferencesStore::read(std::span<std::uint8_t> zeros) {
     FileIdentity file;
-    auto data = readDataFromFileAtURL(path_, limit, &file);
-    if (data) ourFiles()[path_] = file;
-    return data;
+    const auto length = readFileInto(path_, zeros, &file);
+    if (length) ourFiles()[path_] = file;
+    return length;
 }
 
 /// A later pick replaces PATH.before: that alone would not keep lists that this process wrote.

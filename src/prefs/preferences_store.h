@@ -10,7 +10,6 @@
 #include <optional>
 #include <span>
 #include <string>
-#include <vector>
 
 namespace chromalog {
 
@@ -31,8 +30,9 @@ class PreferencesStore {
     /// Another pick, in another program, was open on the same file when this one began.
     bool othersOpen() const { return mark_.others(); }
 
-    /// At most `limit` bytes of the file; nothing where errno says why.
-    std::optional<std::vector<std::uint8_t>> read(std::size_t limit);
+    /// Reads the file into memory that is all zeros, as much as it holds: how many bytes. Nothing where errno
+    /// says why.
+    std::optional<std::size_t> read(std::span<std::uint8_t> zeros);
     void skip(); ///< it is not read: what is there, whoever wrote it, is kept as PATH.skipped
 
     /// Writes `data`, followed by `zeros` zero bytes. The first time, the file as it was when the pick began

@@ -26,8 +26,10 @@ GuardedBlock::GuardedBlock(std::size_t size, Fresh fresh) : size_(size) {
     setGuards();
 }
 
-GuardedBlock::GuardedBlock(const GuardedBlock& from, std::size_t size) : GuardedBlock(size) {
-    std::memcpy(data(), from.bytes_.get() + kGuard, std::min(size, from.size()));
+GuardedBlock::GuardedBlock(const GuardedBlock& from, std::size_t size) : GuardedBlock(size, Fresh::zeroes) {
+    const std::size_t taken = std::min(size, from.size());
+    std::memcpy(data(), from.bytes_.get() + kGuard, taken);
+    std::memset(data() + taken, kFreshByte, size - taken);
 }
 
 bool GuardedBlock::guardsIntact() const {

@@ -113,6 +113,23 @@ TEST_F(FileIo, ReadingStopsAtTheLimit) {
     EXPECT_EQ(contents(folder / "file").size(), kLongestRead);
 }
 
+TEST_F(FileIo, AFileIsReadIntoMemoryAsFarAsItGoes) {
+    const Bytes bytes = pattern(10'000, 3);
+    const std::string file = folder / "file";
+    ASSERT_TRUE(writeDataToFileAtURL(file, bytes, 90'000));
+    for (const std::size_t room : {0, 1, 9'999, 10'000, 50'000, 100'000, 200'000}) {
+        Bytes memory(room), expected = bytes;
+        expected.resize(room);
+        EXPECT_EQ(readFileInto(file, memory), std::min<std::size_t>(room, 100'000));
+        EXPECT_EQ(memory, expected) << room;
+    }
+    Bytes memory(10);
+    EXPECT_FALSE(readFileInto(folder / "missing", memory));
+    EXPECT_EQ(errno, ENOENT);
+    const FailingCall badDisk("read", EIO);
+    EXPECT_FALSE(readFileInto(file, memory));
+}
+
 TEST_F(FileIo, NothingButARegularFileIsReadAndNothingHangs) {
     ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
     EXPECT_FALSE(readDataFromFileAtURL(folder / "pipe"));

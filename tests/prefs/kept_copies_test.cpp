@@ -45,7 +45,7 @@ TEST_F(KeptCopiesTest, WhatThisProcessWroteItselfIsKeptWhenItIsSkipped) {
     ASSERT_TRUE(writtenBy(first, listsOf(1)));
     ASSERT_TRUE(skipAndWrite(listsOf(2)));
     PreferencesStore third(path);
-    third.read(kPreferencesSize);
+    test::readBy(third);
     ASSERT_TRUE(writtenBy(third, listsOf(3)));
     EXPECT_EQ(file(".skipped"), listsOf(1));
     EXPECT_EQ(file(".before"), listsOf(2));
@@ -111,7 +111,7 @@ TEST_F(KeptCopiesTest, OnAFullDiskNothingIsWrittenOverWhatWasSkipped) {
 TEST_F(KeptCopiesTest, TheFirstWriteOfAPickKeepsTheFileAsItWas) {
     for (std::uint8_t i = 1; i < 4; ++i) {
         PreferencesStore pick(path);
-        pick.read(kPreferencesSize);
+        test::readBy(pick);
         ASSERT_TRUE(writtenBy(pick, listsOf(i)));
         ASSERT_TRUE(writtenBy(pick, listsOf(i + 10)));
         EXPECT_EQ(file(".before"), i == 1 ? Bytes{} : listsOf(i + 9));
@@ -127,7 +127,7 @@ TEST_F(KeptCopiesTest, WhereTheFileBeforeCannotBeKeptTheListsAreStoredAllTheSame
     fs::create_directory(path + ".before");
     writeForeign(listsOf(1));
     PreferencesStore pick(path);
-    pick.read(kPreferencesSize);
+    test::readBy(pick);
     ASSERT_TRUE(writtenBy(pick, listsOf(2)));
     EXPECT_EQ(file(), listsOf(2));
     EXPECT_EQ(folder.entries(), 4) << "the file, the folder, two files for locks";
@@ -194,7 +194,7 @@ TEST_P(KilledPick, LeavesTheListsWholeUnderOneOfTheNames) {
         const int code = inChild([&] {
             PreferencesStore pick(path);
             if (way.skip) pick.skip();
-            if (way.seen) pick.read(kPreferencesSize);
+            if (way.seen) test::readBy(pick);
             std::optional<FailingCall> noLinks;
             if (!way.links) noLinks.emplace("link", EPERM);
             test::killAtCall(calls);

@@ -37,9 +37,10 @@ class PreferencesFile : public testing::Test {
                0;
     }
     static bool read(const std::string& from, GlobalRecord& into) {
-        const auto bytes = PreferencesStore(from).read(kPreferencesImage);
-        if (bytes) applyPreferences(into, *bytes);
-        return bytes.has_value();
+        Bytes bytes(kPreferencesImage);
+        const auto length = PreferencesStore(from).read(bytes);
+        if (length) applyPreferences(into, std::span(bytes).first(*length));
+        return length.has_value();
     }
 
     test::TemporaryFolder folder;

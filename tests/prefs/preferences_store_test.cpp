@@ -21,6 +21,7 @@ using test::Bytes;
 using test::FailingCall;
 using test::inChild;
 using test::listsOf;
+using test::readBy;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::StartsWith;
@@ -30,7 +31,7 @@ class PreferencesStoreTest : public test::StoreTest {};
 TEST_F(PreferencesStoreTest, WhatWasReadIsReplacedWithoutACopy) {
     writeForeign(listsOf(1));
     PreferencesStore pick(path);
-    EXPECT_EQ(pick.read(kPreferencesSize), listsOf(1));
+    EXPECT_EQ(readBy(pick), listsOf(1));
     const StoreOutcome outcome = pick.write(listsOf(2), 0, Flush::later);
     EXPECT_EQ(outcome.error, 0);
     EXPECT_EQ(outcome.kept, "");
@@ -50,7 +51,7 @@ TEST_F(PreferencesStoreTest, WhatWasWrittenIsReplacedWithoutACopyInALaterPickToo
 TEST_F(PreferencesStoreTest, WhatAnotherProgramWroteMeanwhileIsKept) {
     writeForeign(listsOf(1));
     PreferencesStore pick(path);
-    pick.read(kPreferencesSize);
+    readBy(pick);
     writeForeign(listsOf(2));
     const StoreOutcome outcome = pick.write(listsOf(3), 0, Flush::later);
     EXPECT_EQ(outcome.error, 0);
@@ -64,7 +65,7 @@ TEST_F(PreferencesStoreTest, WhatAnotherProgramWroteMeanwhileIsKept) {
 TEST_F(PreferencesStoreTest, AChangeInPlaceIsNoticedToo) {
     writeForeign(listsOf(1));
     PreferencesStore pick(path);
-    pick.read(kPreferencesSize);
+    readBy(pick);
     const int fd = ::open(path.c_str(), O_WRONLY);
     ASSERT_EQ(::pwrite(fd, "\2", 1, 6), 1);
     ::close(fd);
@@ -76,7 +77,7 @@ TEST_F(PreferencesStoreTest, AChangeInPlaceIsNoticedToo) {
 
 TEST_F(PreferencesStoreTest, AFileThatAppearsMeanwhileIsKept) {
     PreferencesStore pick(path);
-    EXPECT_FALSE(pick.read(kPreferencesSize));
+    EXPECT_FALSE(readBy(pick));
     writeForeign(listsOf(2));
     ASSERT_TRUE(writtenBy(pick, listsOf(3)));
     EXPECT_THAT(dated(), ElementsAre(listsOf(2)));
@@ -92,7 +93,7 @@ TEST_F(PreferencesStoreTest, AFileThatCannotBeReadIsKept) {
         PreferencesStore pick(path);
         {
             const FailingCall failing(way.call, way.error);
-            EXPECT_FALSE(pick.read(kPreferencesSize));
+            EXPECT_FALSE(readBy(pick));
             EXPECT_EQ(errno, way.error);
         }
         const StoreOutcome outcome = pick.write(listsOf(0), 0, Flush::toDisk);
@@ -183,7 +184,7 @@ TEST_F(PreferencesStoreTest, WhereNothingCanBeKeptNothingIsWritten) {
 TEST_F(PreferencesStoreTest, AWriteThatFailsIsMadeUpForByTheNext) {
     writeForeign(listsOf(1));
     PreferencesStore pick(path);
-    pick.read(kPreferencesSize);
+    readBy(pick);
     {
         const FailingCall full("pwrite", ENOSPC);
         EXPECT_EQ(pick.write(listsOf(2), 0, Flush::later).error, ENOSPC);
@@ -221,7 +222,7 @@ TEST_F(PreferencesStoreTest, OkAndCancelFlushTheFileAndItsFolder) {
 TEST_F(PreferencesStoreTest, TwoProgramsLoseNothingOfEachOther) {
     const auto pick = [&](std::uint8_t which) {
         PreferencesStore store(path);
-        store.read(kPreferencesSize);
+        readBy(store);
         for (int i = 0; i < 40; ++i)
             if (!writtenBy(store, listsOf(which))) return 1;
         return 0;
@@ -290,7 +291,7 @@ TEST_F(PreferencesStoreTest, APickOnTheSameListsIsSeen) {
 TEST_F(PreferencesStoreTest, LinksInACircleAreSaid) {
     fs::create_symlink("lists.prf", path);
     PreferencesStore pick(path);
-    EXPECT_FALSE(pick.read(kPreferencesSize));
+    EXPECT_FALSE(readBy(pick));
     EXPECT_EQ(errno, ELOOP);
     EXPECT_EQ(pick.write(listsOf(1), 0, Flush::later).error, ELOOP);
 }

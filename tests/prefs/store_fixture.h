@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <ctime>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,15 @@ inline Bytes listsOf(std::uint8_t colours) {
     Bytes file(kPreferencesSize);
     file[kFileLists[0]] = file[kFileCounts[0]] = colours;
     return file;
+}
+
+/// All of the lists as a pick reads them.
+inline std::optional<Bytes> readBy(PreferencesStore& pick) {
+    Bytes lists(kPreferencesSize);
+    const auto length = pick.read(lists);
+    if (!length) return std::nullopt;
+    lists.resize(*length);
+    return lists;
 }
 
 /// A folder with a preferences file, and what a pick does to it.
