@@ -3,22 +3,14 @@
 #include "prefs/preferences_file.h"
 
 #include <cerrno>
-#include <cstdlib>
 #include <exception>
 #include <filesystem>
-#include <memory>
-#include <new>
 
 #include <fcntl.h>
 #include <unistd.h>
 
 namespace chromalog {
 namespace {
-
-/// Of memory from calloc, which the system fills with zeros only where it is touched.
-struct Free {
-    void operator()(std::uint8_t* bytes) const { std::free(bytes); }
-};
 
 /// Why nothing could be stored in a folder; empty where it can.
 std::string refusalOf(const std::string& folder) {
@@ -55,14 +47,10 @@ bool StoredLists::open(GlobalRecord& record, bool skip) {
 }
 
 bool StoredLists::read(GlobalRecord& record) {
-    const std::unique_ptr<std::uint8_t, Free> zeros(
-        static_cast<std::uint8_t*>(std::calloc(kPreferencesImage, 1)));
-    if (!zeros) throw std::bad_alloc();
-    const auto length = store_->read({zeros.get(), kPreferencesImage});
-    if (length) applyPreferences(record, {zeros.get(), *length});
-    if (!length && errno != ENOENT && errno != ENOTDIR)
+    const bool wasRead = readPreferences(record, *store_);
+    if (!wasRead && errno != ENOENT && errno != ENOTDIR)
         say(StatusLine::About::storing, "The stored lists could not be read: " + reasonOf(errno));
-    return length.has_value();
+    return wasRead;
 }
 
 StoredLists::~StoredLists() {

@@ -1,8 +1,12 @@
 #include "prefs/preferences_file.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <memory>
+#include <new>
 
 namespace chromalog {
 namespace {
@@ -18,6 +22,19 @@ static_assert(standsAt<offsetof(GlobalRecord, numColors2)>(kFileCounts[1]));
 static_assert(standsAt<offsetof(GlobalRecord, swatchName1)>(kFileNames[0]));
 static_assert(standsAt<offsetof(GlobalRecord, swatchName2)>(kFileNames[1]));
 static_assert(kPreferencesOffset >= offsetof(GlobalRecord, pickerRecord) + sizeof(PickerRecord*));
+
+/// Of memory from calloc, which the system fills with zeros only where it is touched.
+struct Free {
+    void operator()(std::uint8_t* bytes) const { std::free(bytes); }
+};
+
+std::span<std::uint8_t> writableImage(GlobalRecord& record) {
+    return {reinterpret_cast<std::uint8_t*>(&record) + kPreferencesOffset, kPreferencesImage};
+}
+
+bool isAllZero(std::span<const std::uint8_t> bytes) {
+    return bytes[0] == 0 && std::memcmp(bytes.data(), bytes.data() + 1, bytes.size() - 1) == 0;
+}
 
 } // namespace
 
@@ -39,12 +56,30 @@ std::span<const std::uint8_t> preferencesImage(const GlobalRecord& record) {
 void applyPreferences(GlobalRecord& record, std::span<const std::uint8_t> file) {
     constexpr std::size_t kPiece = 4096;
     const std::size_t length = std::min(file.size(), kPreferencesImage);
-    std::uint8_t* image = reinterpret_cast<std::uint8_t*>(&record) + kPreferencesOffset;
+    std::uint8_t* image = writableImage(record).data();
     for (std::size_t at = 0; at < length; at += kPiece) {
         const std::size_t count = std::min(kPiece, length - at);
         if (std::memcmp(image + at, file.data() + at, count) != 0)
             std::memcpy(image + at, file.data() + at, count);
     }
+}
+
+/// Into a record that is still empty the file is read at once.
+bool readPreferences(GlobalRecord& record, PreferencesStore& store) {
+    const auto image = writableImage(record);
+    if (isAllZero(image)) {
+        if (store.read(image)) return true;
+        const int why = errno;
+        std::ranges::fill(image, std::uint8_t{0});
+        errno = why;
+        return false;
+    }
+    const std::unique_ptr<std::uint8_t, Free> zeros(
+        static_cast<std::uint8_t*>(std::calloc(kPreferencesImage, 1)));
+    if (!zeros) throw std::bad_alloc();
+    const auto length = store.read({zeros.get(), kPreferencesImage});
+    if (length) applyPreferences(record, {zeros.get(), *length});
+    return length.has_value();
 }
 
 } // namespace chromalog

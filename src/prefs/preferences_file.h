@@ -1,6 +1,7 @@
 #pragma once
 
 #include "prefs/preferences_layout.h"
+#include "prefs/preferences_store.h"
 #include "record/global_record.h"
 
 #include <cstddef>
@@ -27,5 +28,8 @@ std::span<const std::uint8_t> preferencesImage(const GlobalRecord&);
 /// Lays a file of any length over the record: a shorter one changes the leading part alone, what is past the
 /// record's end is dropped. Counts, lengths and flags are taken as they stand.
 void applyPreferences(GlobalRecord&, std::span<const std::uint8_t> file);
+
+/// Lays the stored file over the record. False where errno says why: the record is as it was then.
+bool readPreferences(GlobalRecord&, PreferencesStore&);
 
 } // namespace chromalog

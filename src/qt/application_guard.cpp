@@ -121,16 +121,23 @@ void withoutNoise(QtMsgType type, const QMessageLogContext& context, const QStri
         sayOnStandardError(text.toLocal8Bit().constData());
 }
 
-/// Also ends what the toolkit itself throws where there is no memory.
+/// Also ends what the toolkit itself throws where there is no memory. Pictures of controls are not kept:
+/// their names hold each window's palette, which the next window does not have, and stay until the process
+/// ends.
 class Application : public QApplication {
   public:
-    using QApplication::QApplication;
+    Application(int& argc, char** argv) : QApplication(argc, argv) { QPixmapCache::setCacheLimit(0); }
+    ~Application() override { QPixmapCache::setCacheLimit(picturesBefore_); }
+
     bool notify(QObject* receiver, QEvent* event) override try {
         return QApplication::notify(receiver, event);
     } catch (...) {
         mishap();
         return false;
     }
+
+  private:
+    const int picturesBefore_ = QPixmapCache::cacheLimit();
 };
 
 } // namespace
@@ -264,7 +271,6 @@ ApplicationGuard::ApplicationGuard(void (*atEnd)(void (*putAway)()))
 
 ApplicationGuard::~ApplicationGuard() {
     if (!own_) return;
-    QPixmapCache::clear(); // the toolkit empties it only as the process ends
     guarded([this] {
         if (!keep_ || !leavesTheDesktop()) return;
         kept = new Kept{nullptr, std::setlocale(LC_ALL, nullptr)};

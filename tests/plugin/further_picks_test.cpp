@@ -118,7 +118,7 @@ TEST_F(FurtherPicks, NeedNoMoreMemoryThanTheFirstOnes) {
     pick(20); // until every store of the toolkit is as large as it gets
     const std::size_t before = memoryInUse();
     pick(80);
-    EXPECT_LT(memoryInUse(), before + 800'000) << "10 kB a pick";
+    EXPECT_LT(memoryInUse(), before + 80'000) << "1 kB a pick";
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "files/system_calls.h"
 #include "prefs/preferences_file.h"
 #include "prefs/preferences_store.h"
 #include "support/temporary_folder.h"
@@ -37,16 +38,44 @@ class PreferencesFile : public testing::Test {
                0;
     }
     static bool read(const std::string& from, GlobalRecord& into) {
-        Bytes bytes(kPreferencesImage);
-        const auto length = PreferencesStore(from).read(bytes);
-        if (length) applyPreferences(into, std::span(bytes).first(*length));
-        return length.has_value();
+        PreferencesStore store(from);
+        return readPreferences(into, store);
     }
 
     test::TemporaryFolder folder;
     std::string path = folder / "file";
     std::unique_ptr<GlobalRecord> record = std::make_unique<GlobalRecord>();
 };
+
+TEST_F(PreferencesFile, IsReadIntoAnEmptyRecordAndOverAFullOneAlike) {
+    ASSERT_TRUE(write(path));
+    const auto empty = std::make_unique<GlobalRecord>(), full = std::make_unique<GlobalRecord>();
+    std::fill_n(bytesOf(*full), sizeof(GlobalRecord), std::uint8_t{0x5A});
+    ASSERT_TRUE(read(path, *empty) && read(path, *full));
+    std::fill_n(bytesOf(*full), kPreferencesOffset, std::uint8_t{0});
+    EXPECT_EQ(copyOf(*empty), copyOf(*full));
+    ASSERT_EQ(::truncate(path.c_str(), 100'000), 0) << "lays its own length over what is there";
+    std::fill_n(bytesOf(*empty), sizeof(GlobalRecord), std::uint8_t{0});
+    ASSERT_TRUE(read(path, *empty) && read(path, *full));
+    EXPECT_EQ(copyOf(*empty)[99'999], copyOf(*full)[99'999]);
+    EXPECT_EQ(copyOf(*empty)[200'000], 0);
+    EXPECT_NE(copyOf(*full)[200'000], 0);
+}
+
+TEST_F(PreferencesFile, ADiskErrorInTheMiddleLeavesTheRecordAsItWas) {
+    std::fill_n(bytesOf(*record), sizeof(GlobalRecord), std::uint8_t{0});
+    record->swatchList1[0].Namen[0] = record->swatchList2[0].Namen[0] = 1; // two parts with a hole between
+    ASSERT_TRUE(write(path));
+    for (const std::uint8_t before : {0, 0x5A}) {
+        const auto into = std::make_unique<GlobalRecord>();
+        std::fill_n(bytesOf(*into), sizeof(GlobalRecord), before);
+        const Bytes expected = copyOf(*into);
+        const test::FailingCall badDisk("read", EIO, 1);
+        EXPECT_FALSE(read(path, *into));
+        EXPECT_EQ(errno, EIO);
+        EXPECT_TRUE(copyOf(*into) == expected) << int(before);
+    }
+}
 
 TEST_F(PreferencesFile, ByteFOfTheFileIsByteF18OfTheRecordAndTheLastTwoAreZero) {
     ASSERT_TRUE(write(path));

@@ -219,18 +219,22 @@ TEST_F(ToolkitLife, EveryPickRunsInTheSameLocaleAndLeavesTheHostsBehind) {
     putAway();
 }
 
-TEST_F(ToolkitLife, NoPictureOfAPickIsLeft) {
+TEST_F(ToolkitLife, NoPictureOfAPickIsLeftAndAHostsOwnAre) {
     for (auto* const atEnd : {keepPutAway, static_cast<decltype(&keepPutAway)>(nullptr)}) {
         {
             const ApplicationGuard guard(atEnd);
             QPixmap picture(4, 4);
             picture.fill(Qt::red);
-            ASSERT_TRUE(QPixmapCache::insert("a picture", picture));
+            EXPECT_FALSE(QPixmapCache::insert("a picture", picture));
         }
         const ApplicationGuard next;
         QPixmap found;
         EXPECT_FALSE(QPixmapCache::find("a picture", &found)) << (atEnd ? "kept" : "ended");
     }
+    putAway();
+    int count = 0;
+    const QApplication hosts(count, nullptr);
+    EXPECT_TRUE(QPixmapCache::insert("a picture", QPixmap(4, 4)));
 }
 
 TEST_F(ToolkitLife, WhatAPickLeavesOpenOrDyingIsGoneBeforeTheNext) {
