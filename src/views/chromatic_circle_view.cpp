@@ -8,6 +8,7 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <utility>
 #include <vector>
 
 namespace chromalog {
@@ -82,7 +83,21 @@ void chromaticCircleView::drawRect(Canvas& canvas) {
 
 void chromaticCircleView::drawDisplayLayer(Canvas& canvas) {
     canvas.drawBitmap(rim_.around(shownPicture(canvas.deviceScale()), brightness_, surround()), bounds());
+    for (WheelTool* tool : tools_)
+        tool->drawOverWheel(canvas);
     strokeWithHalo(canvas, markers());
+}
+
+void chromaticCircleView::addTool(WheelTool& tool) {
+    tools_.push_back(&tool);
+    setNeedsDisplay();
+}
+
+/// The rest of a drag that the tool has taken goes nowhere: it began as no pick.
+void chromaticCircleView::removeTool(WheelTool& tool) {
+    std::erase(tools_, &tool);
+    if (holding_ == &tool) holding_ = nullptr;
+    setNeedsDisplay();
 }
 
 Path chromaticCircleView::markers() const {
@@ -124,6 +139,8 @@ void chromaticCircleView::setHarmonyColors() {
                              Read{harmony_.balance2, 5}, Read{harmony_.equi1, 2}, Read{harmony_.equi2, 3},
                              Read{harmony_.quadri1, 6}, Read{harmony_.quadri2, 7}})
         colours_.setoppositeColor(getColorAtPoint(read.point), read.code);
+    for (WheelTool* tool : tools_)
+        tool->harmonyPlaced();
 }
 
 void chromaticCircleView::setCursorWithColor(const Colour& colour) {
@@ -151,6 +168,24 @@ bool chromaticCircleView::isWithinRim(Point p) const {
 std::optional<Colour> chromaticCircleView::colourAt(Point p) {
     if (!rendered_ || !isWithinRim(p)) return std::nullopt;
     return getColorAtPoint(p);
+}
+
+void chromaticCircleView::mouseDown(const MouseEvent& event) {
+    const auto taker =
+        std::ranges::find_if(tools_, [&event](WheelTool* tool) { return tool->takesPress(event.location); });
+    handleHeld_ = taker != tools_.end();
+    holding_ = handleHeld_ ? *taker : nullptr;
+    if (!handleHeld_) pick(event.location);
+}
+
+void chromaticCircleView::mouseDragged(const MouseEvent& event) {
+    if (!handleHeld_) return pick(event.location);
+    if (holding_) holding_->handleDragged(event.location);
+}
+
+void chromaticCircleView::mouseUp(const MouseEvent&) {
+    handleHeld_ = false;
+    if (WheelTool* tool = std::exchange(holding_, nullptr)) tool->handleReleased();
 }
 
 void chromaticCircleView::pick(Point p) {

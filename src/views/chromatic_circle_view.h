@@ -5,8 +5,10 @@
 #include "desktop/view.h"
 #include "views/wheel_picture.h"
 #include "views/wheel_rim.h"
+#include "views/wheel_tool.h"
 
 #include <cstdint>
+#include <vector>
 
 namespace chromalog {
 
@@ -26,11 +28,14 @@ class chromaticCircleView : public View {
     const Bitmap& picture() const;          ///< rendered when it is first read: picks do not need it
     Point selectedPoint() const { return selectedPoint_; }
     const HarmonyPoints& harmony() const { return harmony_; }
+    void addTool(WheelTool&); ///< from now on, until it is removed; it lives that long
+    void removeTool(WheelTool&);
 
     const char* className() const override { return "chromaticCircleView"; }
     void sizeChanged() override;
-    void mouseDown(const MouseEvent& event) override { pick(event.location); }
-    void mouseDragged(const MouseEvent& event) override { pick(event.location); }
+    void mouseDown(const MouseEvent&) override;
+    void mouseDragged(const MouseEvent&) override;
+    void mouseUp(const MouseEvent&) override;
     bool acceptsFocus() const override { return true; }
     bool keyDown(const KeyEvent&) override; ///< arrows: one point, with Shift ten
     std::optional<Rect> focusMark() const override;
@@ -57,6 +62,9 @@ class chromaticCircleView : public View {
     float brightness_ = 0;         ///< of the picture
     float sharpBrightness_ = 0;    ///< of the sharp picture
     bool rendered_ = false;
+    std::vector<WheelTool*> tools_;
+    WheelTool* holding_ = nullptr; ///< took the press; null too once it was removed
+    bool handleHeld_ = false;      ///< a tool took the press
 };
 
 } // namespace chromalog
