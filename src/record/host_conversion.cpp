@@ -33,6 +33,14 @@ std::int16_t CSInitInfo(ColorServicesInfo* info) {
 
 std::int16_t HostCSConvertColor(ColorServicesProc callback, std::int16_t sourceSpace,
                                 std::int16_t resultSpace, std::int16_t* components) {
+    std::optional<bool> inGamut;
+    return HostCSConvertColor(callback, sourceSpace, resultSpace, components, inGamut);
+}
+
+std::int16_t HostCSConvertColor(ColorServicesProc callback, std::int16_t sourceSpace,
+                                std::int16_t resultSpace, std::int16_t* components,
+                                std::optional<bool>& inGamut) {
+    inGamut.reset();
     if (!HostColorServicesAvailable(callback)) return kHostInsufficient;
     if (!components) return kBadParameter;
     ColorServicesInfo info;
@@ -41,6 +49,7 @@ std::int16_t HostCSConvertColor(ColorServicesProc callback, std::int16_t sourceS
     info.sourceSpace = sourceSpace;
     info.resultSpace = resultSpace;
     if (const std::int16_t error = callback(&info)) return error;
+    if (info.resultGamutInfoValid != 0) inGamut = info.resultInGamut != 0;
     return CSCopyColor(components, info.colorComponents);
 }
 

@@ -3,6 +3,7 @@
 #include "abi/color_services.h"
 
 #include <cstdint>
+#include <optional>
 
 namespace chromalog {
 
@@ -22,5 +23,9 @@ std::int16_t CSCopyColor(std::int16_t* to, const std::int16_t* from);
 /// On any error they stay as they were; callers go on with the values that they then hold.
 std::int16_t HostCSConvertColor(ColorServicesProc callback, std::int16_t sourceSpace,
                                 std::int16_t resultSpace, std::int16_t* components);
+/// The same; tells in `inGamut` whether the host says that the result can be printed, where it says anything.
+std::int16_t HostCSConvertColor(ColorServicesProc callback, std::int16_t sourceSpace,
+                                std::int16_t resultSpace, std::int16_t* components,
+                                std::optional<bool>& inGamut);
 
 } // namespace chromalog
