@@ -81,6 +81,10 @@ class Desktop {
         static FileMemory nothing;
         return nothing;
     }
+    /// A number that a person has set and finds again in the next pick; `otherwise` where none is kept. May
+    /// be any number at all. A script keeps none.
+    virtual double keptNumber(std::string_view name, double otherwise) const { return (void)name, otherwise; }
+    virtual void keepNumber(std::string_view name, double value) { (void)name, (void)value; }
     virtual bool animates() const { return false; } ///< whether marks may fade
 
     virtual Bitmap capture(View&) = 0; ///< the view's own picture at one pixel a point

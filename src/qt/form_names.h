@@ -29,6 +29,9 @@ inline constexpr const char* kShows = "shows";
 /// Of a menu item that chooses the ground around colours: which one.
 inline constexpr const char* kSurround = "surround";
 
+/// Of a panel: it opens beside the dialog, not over its middle.
+inline constexpr const char* kBeside = "beside";
+
 /// Classes of ours as the toolkit's own objects name them, for whoever knows no more of them than that.
 inline constexpr const char* kDialogClass = "chromalog::DialogWindow";
 inline constexpr const char* kStepperClass = "chromalog::StepperWidget";

@@ -8,6 +8,7 @@
 #include "qt/panels/page_setup_sheet.h"
 #include "qt/qt_form.h"
 #include "qt/raster_canvas.h"
+#include "qt/settings_file.h"
 #include "qt/system_sound.h"
 #include "qt/view_accessible.h"
 #include "qt/view_widget.h"
@@ -15,6 +16,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QFile>
+#include <QJsonObject>
 #include <QStyle>
 #include <QTimer>
 #include <QWindow>
@@ -260,7 +262,16 @@ void QtDesktop::runPageLayout(Window& parent) {
 
 void QtDesktop::rememberFiles(const std::string& settingsPath) {
     fileHabits_.rememberIn(settingsPath);
+    settingsPath_ = settingsPath;
     forPerson_ = true;
+}
+
+double QtDesktop::keptNumber(std::string_view name, double otherwise) const {
+    return settingsPath_.empty() ? otherwise : readSettings(settingsPath_)[toQt(name)].toDouble(otherwise);
+}
+
+void QtDesktop::keepNumber(std::string_view name, double value) {
+    if (!settingsPath_.empty()) changeSettings(settingsPath_, {{toQt(name), value}});
 }
 
 /// Where the desktop lets nothing move, styles have no time for it.

@@ -72,6 +72,8 @@ class QtDesktop : public Desktop {
     std::vector<std::string> filesToImport() const override { return settings_.filesToImport; }
     StatusLine& statusLine() override { return status_; }
     FileMemory& fileMemory() override { return fileHabits_; }
+    double keptNumber(std::string_view name, double otherwise) const override;
+    void keepNumber(std::string_view name, double value) override;
     bool animates() const override;
     Bitmap capture(View&) override;
     PrintInfo& sharedPrintInfo() override { return printJobs_.info; }
@@ -93,7 +95,7 @@ class QtDesktop : public Desktop {
 
     /// For a person: the unit of lengths, and the paper that the print settings begin with.
     void takePageHabits(const PageHabits&);
-    /// For a person: files are remembered in the settings file, and marks may fade.
+    /// For a person: files and numbers are remembered in the settings file, and marks may fade.
     void rememberFiles(const std::string& settingsPath);
 
     void forget(QtForm&); ///< the form goes away
@@ -124,6 +126,7 @@ class QtDesktop : public Desktop {
     std::intptr_t hostWindow_ = 0;  ///< as the window system names it
     bool modalRan_ = false;
     bool forPerson_ = false;
+    std::string settingsPath_; ///< empty where nothing is remembered
     LengthUnit lengthUnit_ = LengthUnit::points;
 };
 

@@ -4,6 +4,7 @@
 #include "qt/controls/click_area.h"
 #include "qt/controls/drawn_controls.h"
 #include "qt/controls/field_control.h"
+#include "qt/controls/item_control.h"
 #include "qt/controls/simple_controls.h"
 #include "qt/controls/window_control.h"
 #include "qt/convert.h"
@@ -51,7 +52,10 @@ struct Connector {
     bool operator()(Outlet<TextField>* o) const {
         return wrap<FieldControl>(o, find<QLineEdit>()) || wrap<LabelControl>(o, find<QLabel>());
     }
-    bool operator()(Outlet<Button>* o) const { return wrap<ButtonControl>(o, find<QAbstractButton>()); }
+    bool operator()(Outlet<Button>* o) const {
+        return wrap<ButtonControl>(o, find<QAbstractButton>()) ||
+               wrap<ItemControl>(o, root.findChild<QAction*>(name));
+    }
     bool operator()(Outlet<Slider>* o) const { return wrap<SliderControl>(o, find<QSlider>()); }
     bool operator()(Outlet<TextView>* o) const { return wrap<TextViewControl>(o, find<QPlainTextEdit>()); }
     bool operator()(Outlet<RadioMatrix>* o) const { return wrap<RadioMatrixControl>(o, find<QWidget>()); }

@@ -112,6 +112,12 @@ class HeadlessDesktop : public Desktop {
     StatusLine& statusLine() override { return status; }
     HeadlessFileMemory memory;
     FileMemory& fileMemory() override { return memory; }
+    std::map<std::string, double> numbers; ///< that a person has set
+    double keptNumber(std::string_view name, double otherwise) const override {
+        const auto kept = numbers.find(std::string(name));
+        return kept == numbers.end() ? otherwise : kept->second;
+    }
+    void keepNumber(std::string_view name, double value) override { numbers[std::string(name)] = value; }
     bool fades = false;
     bool animates() const override { return fades; }
     Bitmap capture(View&) override { return nextCapture; }

@@ -6,6 +6,10 @@
 
 #include <QAbstractButton>
 #include <QKeyEvent>
+#include <QScreen>
+
+#include <algorithm>
+#include <utility>
 
 namespace chromalog {
 
@@ -34,8 +38,35 @@ void WindowControl::whenClosed(std::function<void()> f) {
     if (widget_) widget_->onClose = std::move(f);
 }
 
+namespace {
+
+/// Below the other panels that stand there, as far as the screen goes.
+QPoint besideOthers(const QWidget& panel, const QWidget& dialog, QPoint at, int gap) {
+    QRect wanted(at, panel.sizeHint());
+    for (const auto* other : dialog.findChildren<DialogWindow*>(Qt::FindDirectChildrenOnly))
+        if (other != &panel && other->isVisible() && other->frameGeometry().intersects(wanted))
+            wanted.moveTop(other->frameGeometry().bottom() + gap);
+    return wanted.bottom() < dialog.screen()->availableGeometry().bottom() ? wanted.topLeft() : at;
+}
+
+/// Where its screen has room, to the right of the window that carries it; else over that window's right edge.
+void placeBeside(QWidget& panel, const QWidget& dialog) {
+    constexpr int gap = 8; // pixels
+    const QRect around = dialog.frameGeometry(), free = dialog.screen()->availableGeometry();
+    const int width = panel.sizeHint().width() + gap, most = free.right() - width;
+    const bool fits = around.right() + gap <= most;
+    const int left = fits ? around.right() + gap : std::min(most, around.right() - width);
+    const int top = dialog.geometry().top() + (fits ? 0 : gap);
+    panel.move(besideOthers(panel, dialog, {left, std::max(free.top(), top)}, gap));
+}
+
+} // namespace
+
 void WindowControl::makeKeyAndOrderFront() {
     if (!widget_) return;
+    const QWidget* dialog = widget_->parentWidget();
+    if (!std::exchange(placed_, true) && dialog && widget_->property(kBeside).toBool())
+        placeBeside(*widget_, *dialog);
     widget_->show();
     widget_->raise();
     widget_->activateWindow();

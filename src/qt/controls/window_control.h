@@ -40,6 +40,9 @@ class WindowControl : public WidgetControl<Window, DialogWindow> {
     void orderOut() override;
     void attachAsChildOf(Window&) override;
     void whenClosed(std::function<void()>) override;
+
+  private:
+    bool placed_ = false; ///< once: then it stands where a person puts it
 };
 
 class MenuControl : public Menu {
