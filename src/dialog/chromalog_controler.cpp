@@ -39,8 +39,8 @@ ChromalogControler::ChromalogControler(GlobalRecord& data, Desktop& desktop)
                  data.pickerRecord->colorServices,
                  [this](std::string_view label) { setUndoablePosition(label); },
                  [this](std::string_view latest) { describeSteps(latest, {}); }}),
-      tools_({colours_, panels_, desktop, outlets_.chromalogWindow, data.pickerRecord->colorServices,
-              [this](std::string_view label) { setUndoablePosition(label); }}) {
+      tools_({atHand_, colours_, panels_, desktop, outlets_.chromalogWindow, data.pickerRecord->colorServices,
+              [this](std::string_view label) { setUndoablePosition(label); }, views_}) {
     gChromalogControler = this;
     loadForm();
     zeroInit();
@@ -65,6 +65,7 @@ void ChromalogControler::loadForm() {
     colours_.observeControls();
     entries_.observeControls();
     atHand_.offerMenus();
+    tools_.start();
     outlets_.chromalogWindow->whenClosed([this] { cancelPressed(); });
     StatusLine& status = desktop_.statusLine();
     status.onChange = [this, &status] { outlets_.statusLine->setText(status.text()); };

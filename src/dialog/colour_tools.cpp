@@ -2,14 +2,26 @@
 
 namespace chromalog {
 
+ColourTools::ColourTools(ColourToolsParts parts)
+    : parts_(std::move(parts)),
+      judge_({parts_.colours, parts_.views.wheel, parts_.desktop, parts_.dialog, parts_.services,
+              parts_.atHand,
+              [this](std::vector<OutletEntry> wells) { parts_.atHand.haveMoreWells(std::move(wells)); }}) {}
+
 std::vector<OutletEntry> ColourTools::table() {
-    return {};
+    return judge_.table();
 }
 
 std::vector<ActionEntry> ColourTools::actions() {
-    return {};
+    return judge_.actions();
 }
 
-void ColourTools::colourChanged(Cause) {}
+void ColourTools::start() {
+    judge_.start();
+}
+
+void ColourTools::colourChanged(Cause) {
+    judge_.colourChanged();
+}
 
 } // namespace chromalog

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "colour/working_colours.h"
+#include "dialog/colour_views.h"
+#include "dialog/colours_at_hand.h"
+#include "judge/judge_tools.h"
 #include "swatches/swatch_panels.h"
 
 #include <functional>
@@ -11,26 +14,30 @@ namespace chromalog {
 
 /// What the tools work with. All of it lives longer than they do.
 struct ColourToolsParts {
+    ColoursAtHand& atHand;
     WorkingColours& colours;
     SwatchPanels& panels;
     Desktop& desktop;
     Outlet<Window>& dialog; ///< carries the panels
     ColorServicesProc services;
     std::function<void(std::string_view labelKey)> setUndoablePosition;
+    ColourViews& views;
 };
 
 /// What stands beside the dialog's core to find colours and to judge them: the menu "Tools" and what it
 /// opens. A tool is a file of its own and a line here.
 class ColourTools {
   public:
-    explicit ColourTools(ColourToolsParts parts) : parts_(std::move(parts)) {}
+    explicit ColourTools(ColourToolsParts parts);
 
     std::vector<OutletEntry> table();
     std::vector<ActionEntry> actions();
+    void start();              ///< after the outlets are connected
     void colourChanged(Cause); ///< after all else that follows a change of colour
 
   private:
     ColourToolsParts parts_;
+    JudgeTools judge_;
 };
 
 } // namespace chromalog

@@ -71,7 +71,8 @@ std::vector<AddedColour> ColoursAtHand::schemeAt(const std::string& outlet) {
     std::vector<AddedColour> scheme;
     const HarmonyScheme* known = harmonySchemeOf(outlet);
     if (!known) return scheme;
-    const std::vector<OutletEntry> outlets = colours_.table();
+    std::vector<OutletEntry> outlets = colours_.table();
+    outlets.insert(outlets.end(), moreWells_.begin(), moreWells_.end());
     for (const std::string_view well : known->wells)
         for (const OutletEntry& entry : outlets)
             if (entry.name == well)

@@ -19,6 +19,9 @@ class ColoursAtHand : public ColourOperations {
 
     void offerMenus(); ///< in the lists' own menus, after the outlets are connected
 
+    /// Wells of harmonies beside those of the two colours' own table; they live as long as this is asked.
+    void haveMoreWells(std::vector<OutletEntry> wells) { moreWells_ = std::move(wells); }
+
     bool standsForColours(const std::string& outlet) const override;
     MenuItems menuOf(const ColourPlace&) override;
     void copy(const ColourPlace&) override;
@@ -46,6 +49,7 @@ class ColoursAtHand : public ColourOperations {
     SwatchPanels& panels_;
     Desktop& desktop_;
     const ColorServicesProc services_;
+    std::vector<OutletEntry> moreWells_;
 };
 
 } // namespace chromalog

@@ -8,9 +8,9 @@ namespace chromalog {
 
 /// The colours of a harmony: its button and its wells, each by its outlet's name.
 struct HarmonyScheme {
-    std::string_view name;     ///< for people
-    std::string_view variable; ///< of its colours in CSS
-    std::string_view button;
+    std::string_view name;                 ///< for people
+    std::string_view variable;             ///< of its colours in CSS
+    std::string_view button;               ///< none: its wells stand alone
     std::array<std::string_view, 4> wells; ///< the last may be missing
 
     bool has(std::string_view outlet) const {
@@ -26,6 +26,7 @@ inline constexpr HarmonyScheme kHarmonySchemes[] = {
      "triComplementOn",
      {"origTrichrome", "triHarmoni1Color", "triHarmoni2Color"}},
     {"Quadri", "quadri", "quadriOn", {"origQuadrichrome", "quadri1Color", "quadri2Color", "quadri3Color"}},
+    {"Custom", "custom", "", {"origCustomAngle", "customAngle1Color", "customAngle2Color"}},
 };
 
 /// Null where the outlet belongs to none.

@@ -104,6 +104,9 @@ TEST_F(FormsTest, EveryActionHasItsControl) {
     for (const char* exchange : {"importPalette", "exportPalette", "showLibrary", "keepInLibrary"})
         for (const char* list : {"1:", "2:"})
             EXPECT_EQ(actions.erase(std::string(exchange) + list), 1u) << exchange << list;
+    for (const char* judged : {"showContrast:", "showCustomAngle:", "toggleGamutWarning:",
+                               "usePrintableFirst:", "usePrintableSecond:"})
+        EXPECT_EQ(actions.erase(judged), 1u) << judged;
     EXPECT_THAT(actions,
                 UnorderedElementsAreArray({"okPressed:",         "cancelPressed:",    "toggleSecondColor:",
                                            "useOfferedColor:",   "foldChart:",        "foldHarmonies:",
@@ -145,6 +148,14 @@ TEST_F(FormsTest, ThePanelsHoldTheirOutlets) {
     for (const char* outlet : {"importWindow", "importNote", "importLoss", "importPatches", "importReplace",
                                "importAppend", "importNew"})
         EXPECT_THAT(namesIn("ImportPanel"), Contains(outlet));
+    for (const char* outlet :
+         {"contrastWindow", "contrastRatio", "contrastNormal", "contrastLarge", "contrastSample",
+          "contrastProtanopia", "contrastDeuteranopia", "contrastTritanopia", "protanopiaRatio",
+          "deuteranopiaRatio", "tritanopiaRatio"})
+        EXPECT_THAT(namesIn("ContrastPanel"), Contains(outlet));
+    for (const char* outlet : {"customAngleWindow", "customAngleDegrees", "origCustomAngle",
+                               "customAngle1Color", "customAngle2Color"})
+        EXPECT_THAT(namesIn("CustomAngle"), Contains(outlet));
     for (const char* outlet : {"libraryWindow", "libraryScroller", "libraryNote", "library"})
         EXPECT_THAT(namesIn("LibraryPanel"), Contains(outlet));
     for (const char* outlet : {"exportWindow", "exportKinds", "exportAll", "exportSelected"})

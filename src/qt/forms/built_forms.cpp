@@ -5,6 +5,8 @@
 namespace chromalog {}
 using namespace chromalog; // what is made from the interface files names our classes without it
 
+#include "ui_ContrastPanel.h"
+#include "ui_CustomAngle.h"
 #include "ui_EarlierLists.h"
 #include "ui_ExportPanel.h"
 #include "ui_ImportPanel.h"
@@ -28,6 +30,8 @@ constexpr struct {
     std::unique_ptr<DialogWindow> (*make)();
 } kForms[] = {
     {"chromalogWindow", built<Ui::chromalogWindow>},
+    {"ContrastPanel", built<Ui::contrastWindow>},
+    {"CustomAngle", built<Ui::customAngleWindow>},
     {"EarlierLists", built<Ui::earlierListsWindow>},
     {"ExportPanel", built<Ui::exportWindow>},
     {"ImportPanel", built<Ui::importWindow>},
