@@ -7,8 +7,9 @@
 namespace chromalog {
 
 std::string ratioText(double ratio) {
-    double hundredths = std::floor(ratio * 100);
-    if (hundredths / 100 > ratio) --hundredths; // the product was rounded up
+    double hundredths = std::round(ratio * 100);
+    if (hundredths / 100 > ratio)
+        --hundredths; // by the quotient: the product of 1.13 and 100 is less than 113
     return fixedText(hundredths / 100, 2) + ":1";
 }
 

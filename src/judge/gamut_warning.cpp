@@ -10,7 +10,7 @@
 namespace chromalog {
 namespace {
 
-constexpr double kSlice = 0.0015; ///< seconds of a search between two events
+constexpr double kSlice = 0.001; ///< seconds of a search between two events
 
 /// The 8-bit values that texts tell of a colour.
 HostGamut::Bytes bytesOf(const Colour& colour) {

@@ -108,6 +108,7 @@ class CustomAngleTest : public JudgeToolsTest {
 TEST_F(CustomAngleTest, ItsWellsAreReadAsThoseOfTheOtherHarmonies) {
     pick([](ChromalogControler& c, HeadlessDesktop& d) {
         auto& wheel = c.views().wheel;
+        c.colours().enterSecond(Colour::hsb(0.1, 0.6, 0.9));
         dialog(d).send("showCustomAngle:");
         for (const double y : {90.0, 170.0}) { // below and above the horizontal diameter
             wheel.mouseDown({{60, y}});
@@ -118,6 +119,7 @@ TEST_F(CustomAngleTest, ItsWellsAreReadAsThoseOfTheOtherHarmonies) {
                     harmonyPoints({256, 256}, wheel.selectedPoint(), static_cast<float>(degrees));
                 EXPECT_TRUE(well(d, "customAngle1Color").sameRgb(wheel.getColorAtPoint(points.balance1)));
                 EXPECT_TRUE(well(d, "customAngle2Color").sameRgb(wheel.getColorAtPoint(points.balance2)));
+                EXPECT_FALSE(well(d, "customAngle1Color").sameRgb(well(d, "customAngle2Color")));
             }
             field(d).type("55");
             EXPECT_TRUE(well(d, "customAngle1Color")

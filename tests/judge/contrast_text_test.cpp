@@ -18,6 +18,14 @@ TEST(ContrastText, IsRoundedDown) {
     EXPECT_EQ(ratioText(contrastRatio(rgbOfBytes(0x777777), {1, 1, 1})), "4.47:1");
 }
 
+TEST(ContrastText, NeverSaysMoreThanTheRatio) {
+    for (int hundredths = 101; hundredths <= 2100; ++hundredths) {
+        const double below = std::nextafter(hundredths / 100.0, 0);
+        EXPECT_LE(std::stod(ratioText(below)), below);
+        EXPECT_EQ(std::stod(ratioText(hundredths / 100.0)), hundredths / 100.0);
+    }
+}
+
 TEST(ContrastText, NeverSaysMoreThanItsLevel) {
     for (int a = 0; a < 256; ++a)
         for (int b = 0; b < 256; b += 5) {
