@@ -5,10 +5,13 @@
 #include "base/colour.h"
 #include "qt/drags.h"
 
+#include <QAction>
 #include <QDragEnterEvent>
 #include <QMouseEvent>
 
 #include <benchmark/benchmark.h>
+
+#include <algorithm>
 
 namespace chromalog {
 namespace {
@@ -98,6 +101,50 @@ void stripDragWithToneChart(benchmark::State& state) {
     state.counters["chart"] = dialog.view("myToneView").width();
 }
 
+/// Inks by the plainest formula, and less of them than there are colours.
+std::int16_t convert(ColorServicesInfo* info) {
+    std::int16_t* c = info->colorComponents;
+    if (info->resultSpace != plugIncolorServicesCMYKSpace) return 0;
+    const int least = std::min({c[0], c[1], c[2]});
+    for (int i = 0; i < 3; ++i)
+        c[i] = static_cast<std::int16_t>(std::min<int>(c[i], least + 120));
+    c[3] = 255;
+    return 0;
+}
+
+/// A dialog whose host converts, with nothing or all of the menu "Tools" shown.
+class JudgingDialog : public LongListsDialog {
+  public:
+    JudgingDialog(int wheel, bool shown) : LongListsDialog(4999, convert) {
+        view("chromaView").setFixedSize(wheel, wheel);
+        open();
+        for (const char* item : {"itemContrast", "itemCustomAngle", "itemGamutWarning"})
+            if (shown) window().findChild<QAction*>(item)->trigger();
+        for (int turn = 0; turn < 1000; ++turn)
+            paint(); // the first outline is found
+    }
+};
+
+/// The arguments are the wheel's size, and whether the tools are shown.
+void stripDragJudged(benchmark::State& state) {
+    JudgingDialog dialog(static_cast<int>(state.range(0)), state.range(1) != 0);
+    drag(state, dialog);
+}
+
+/// One movement on the wheel a round, up to the painted frame.
+void wheelDragJudged(benchmark::State& state) {
+    JudgingDialog dialog(static_cast<int>(state.range(0)), state.range(1) != 0);
+    QWidget& wheel = dialog.view("chromaView");
+    const double middle = wheel.width() / 2.0;
+    mouse(wheel, QEvent::MouseButtonPress, {middle, middle});
+    int moves = 0;
+    for (auto _ : state) {
+        const int along = ++moves % (wheel.width() / 2);
+        mouse(wheel, QEvent::MouseMove, {middle - along / 2.0, middle + along / 3.0});
+        dialog.paint();
+    }
+}
+
 #define AT_ALL_WINDOWS                                                                                       \
     ->Args({1200, 800})->Args({1600, 1200})->Args({2560, 1440})->Unit(benchmark::kMillisecond)->UseRealTime()
 
@@ -107,6 +154,8 @@ BENCHMARK(stripDrag)
     ->ArgsProduct({{4999}, {128, 256, 1024, 2048}})
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
+BENCHMARK(stripDragJudged)->ArgsProduct({{512}, {0, 1}})->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(wheelDragJudged)->ArgsProduct({{512}, {0, 1}})->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(stripDragInWindow) AT_ALL_WINDOWS;
 BENCHMARK(stripDragWithToneChart) AT_ALL_WINDOWS;
 

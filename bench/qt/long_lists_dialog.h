@@ -22,7 +22,9 @@ namespace chromalog {
 /// object are its own, the latter only where the process has none.
 class LongListsDialog {
   public:
-    explicit LongListsDialog(int count) : record(recordWith(count, count)) {
+    explicit LongListsDialog(int count, ColorServicesProc services = nullptr)
+        : record(recordWith(count, count)) {
+        picker.colorServices = services;
         record->pickerRecord = &picker;
         QtDesktopSettings settings;
         settings.dataDirectory = folder.path();

@@ -77,6 +77,10 @@ OPERATIONS = [
     Operation("drop, press to painted frame", "dialog", "bench_dialog drop/4999", bound=8 * MS),
     Operation("the same while another process syncs", "dialog", "bench_dialog drop/4999 +writer", bound=4 * MS),
     Operation("strip event, wheel 512", "dialog", "bench_dialog stripDrag/4999/512", bound=4 * MS),
+    Operation("strip event, contrast, angle and gamut shown", "dialog", "bench_dialog stripDragJudged/512/1", [
+        plain("with none of it", "bench_dialog stripDragJudged/512/0")], bound=4 * MS),
+    Operation("wheel event, contrast, angle and gamut shown", "dialog", "bench_dialog wheelDragJudged/512/1", [
+        plain("with none of it", "bench_dialog wheelDragJudged/512/0")], bound=4 * MS),
     Operation("strip event, pointer at 250 Hz", "dialog", "pointer strip ns", bound=2 * MS),
     Operation("its frames an event", "dialog", "pointer strip frames", bound=1.02, unit="frames"),
     Operation("its events without a frame", "dialog", "pointer strip unshown", bound=0.02, unit="of all"),
