@@ -68,6 +68,7 @@ FormOwner CustomAngle::owner(ColourOperations& atHand) {
 }
 
 void CustomAngle::show() {
+    if (!customAngleWindow->connected()) return; // nothing could take its handles away again
     if (!customAngleWindow->visible()) wheel_.addTool(*this);
     customAngleWindow->makeKeyAndOrderFront();
     harmonyPlaced();

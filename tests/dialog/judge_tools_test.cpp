@@ -234,6 +234,20 @@ TEST_F(CustomAngleTest, IsKeptForTheNextPickAndRead) {
     }
 }
 
+TEST_F(CustomAngleTest, WithoutItsFormThereIsNone) {
+    prepare = [](HeadlessDesktop& d) { d.missingForms = {"CustomAngle", "ContrastPanel"}; };
+    pick([](ChromalogControler& c, HeadlessDesktop& d) {
+        c.colours().enterSecond(Colour::hsb(0.1, 0.6, 0.9));
+        for (const char* item : {"showContrast:", "showCustomAngle:", "showCustomAngle:"})
+            dialog(d).send(item);
+        EXPECT_THAT(d.logLines, testing::IsSupersetOf({"failed to load the form ContrastPanel",
+                                                       "failed to load the form CustomAngle"}));
+        const Point handle = handleAt(c, 30);
+        c.views().wheel.mouseDown({handle});
+        EXPECT_EQ(c.views().wheel.selectedPoint(), handle);
+    });
+}
+
 TEST_F(CustomAngleTest, ItsColoursAreAScheme) {
     pick([](ChromalogControler& c, HeadlessDesktop& d) {
         dialog(d).send("showCustomAngle:");

@@ -61,13 +61,14 @@ TEST_F(DriveJudge, AHandleIsDraggedAlongTheRim) {
     };
     playWell("press showCustomAngle:\nsweep chromaView " + place(30) + " " + place(90) +
              " 5\nstate $/state.json\nrclick customAngle1Color 5 5\nmenu customAngle1Color useAsFirst:\n"
-             "state $/used.json\n");
+             "state $/used.json\ndrag customAngle2Color 5 5 origFirstColor 5 5\nstate $/dragged.json\n");
     EXPECT_EQ(text("customAngleDegrees"), "90");
     EXPECT_EQ(state()["secondColor"], seen["secondColor"]) << "nothing was picked";
     EXPECT_EQ(state()["alpha1"], 55.0);
     EXPECT_NE(state()["outlets"]["customAngle1Color"]["color"],
               seen["outlets"]["customAngle1Color"]["color"]);
     EXPECT_EQ(state("used.json")["firstColor"], state()["outlets"]["customAngle1Color"]["color"]);
+    EXPECT_EQ(state("dragged.json")["firstColor"], state()["outlets"]["customAngle2Color"]["color"]);
     playWell("press showCustomAngle:\nstate $/state.json\n");
     EXPECT_EQ(text("customAngleDegrees"), "30") << "a script begins as ever";
 }
