@@ -146,7 +146,8 @@ class TextContrast : public testing::WithParamInterface<const char*>, public Who
     void expectMenu(QMenu& menu, const std::string& where) {
         menu.popup(QPoint());
         for (QAction* item : menu.actions()) {
-            if (item->isSeparator()) continue;
+            const bool ofNoUse = !item->isEnabled(); // greyed by the style itself
+            if (item->isSeparator() || ofNoUse) continue;
             menu.setActiveAction(item);
             const QImage shown = menu.grab(menu.actionGeometry(item).adjusted(6, 4, -6, -4)).toImage();
 
