@@ -131,6 +131,8 @@ class View : public DragSource {
     virtual std::optional<Colour> colourAt(Point) { return std::nullopt; }
     virtual std::optional<Colour> colourInFocus() { return std::nullopt; }
 
+    virtual std::string helpAt(Point) const { return {}; } ///< of a tool tip; empty: there is none
+
     virtual bool acceptsColourDrags() const { return false; }
     virtual DragOperation draggingEntered(const DragInfo&) { return DragOperation::none; }
     virtual bool performDragOperation(const DragInfo&) { return false; }

@@ -12,6 +12,7 @@
 #include "qt/view_accessible.h"
 
 #include <QApplication>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
@@ -116,6 +117,18 @@ QRectF ViewWidget::toWidget(const Rect& r) const {
 Point ViewWidget::toView(QPointF p) const {
     if (!view_) return {p.x(), p.y()};
     return {p.x(), view_->isFlipped() ? p.y() : height() - p.y()};
+}
+
+bool ViewWidget::event(QEvent* event) try {
+    if (event->type() != QEvent::ToolTip || !view_) return QWidget::event(event);
+    const auto* asked = static_cast<QHelpEvent*>(event);
+    const std::string help = view_->helpAt(toView(asked->pos()));
+    if (help.empty()) return QWidget::event(event);
+    QToolTip::showText(asked->globalPos(), plainToolTip(toQt(help)), this);
+    return true;
+} catch (...) {
+    mishap();
+    return true;
 }
 
 /// A view in a scroll area stays at its own origin while the area moves the widget.

@@ -48,6 +48,7 @@ class ViewWidget : public QWidget, public ViewHost {
     Colour surround() const override;
 
   protected:
+    bool event(QEvent*) override;
     void paintEvent(QPaintEvent*) override;
     void resizeEvent(QResizeEvent*) override;
     void moveEvent(QMoveEvent*) override;

@@ -91,6 +91,8 @@ class SpyView : public View {
         lastDrop = info;
         return true;
     }
+    std::string help; ///< left of the middle
+    std::string helpAt(Point p) const override { return p.x < bounds().w / 2 ? help : ""; }
     Accessible accessible() const override { return told; }
 
   private:

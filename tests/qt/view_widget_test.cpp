@@ -3,13 +3,16 @@
 
 #include "qt/contrast.h"
 #include "qt/controls/list_scroll_area.h"
+#include "qt/controls/plain_text.h"
 #include "qt/raster_canvas.h"
 #include "qt/view_accessible.h"
 
 #include <QAccessible>
 #include <QApplication>
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QToolTip>
 
 using namespace chromalog;
 using namespace chromalog::test;
@@ -89,6 +92,19 @@ TEST_F(ViewWidgetTest, KeysComeWithTheirModifiersAndUnusedOnesGoOn) {
     QKeyEvent event(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
     QApplication::sendEvent(&widget, &event);
     EXPECT_FALSE(event.isAccepted());
+}
+
+TEST_F(ViewWidgetTest, ATipIsWhatTheViewSaysThere) {
+    show();
+    view.help = "A <b>name</b>";
+    const auto ask = [this](int x) {
+        QHelpEvent event(QEvent::ToolTip, {x, 10}, widget.mapToGlobal(QPoint(x, 10)));
+        QApplication::sendEvent(&widget, &event);
+        return QToolTip::text();
+    };
+    EXPECT_EQ(ask(80), "");
+    EXPECT_EQ(ask(10), plainToolTip("A <b>name</b>"));
+    QToolTip::hideText();
 }
 
 TEST_F(ViewWidgetTest, TheViewFollowsTheWidgetsSize) {
