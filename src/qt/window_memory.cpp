@@ -23,6 +23,7 @@ constexpr int kMostPixels = 32767; ///< of a window's side
 constexpr const char* kSize = "windowSize";
 constexpr const char* kPlace = "windowPlace";
 constexpr const char* kFolded = "folded";
+constexpr const char* kUnfolded = "unfolded"; ///< of what is folded at first
 constexpr const char* kGround = "surround";
 
 /// Two whole numbers; nothing for anything else.
@@ -74,18 +75,23 @@ void WindowMemory::restorePlace(const QJsonObject& settings) {
 }
 
 void WindowMemory::restoreFolds(const QJsonObject& settings) {
-    const QJsonArray folded = settings[kFolded].toArray();
-    for (QAction* item : foldItems(window_))
-        if (folded.contains(item->objectName())) item->setChecked(false);
+    const QJsonArray folded = settings[kFolded].toArray(), unfolded = settings[kUnfolded].toArray();
+    for (QAction* item : foldItems(window_)) {
+        const QString name = item->objectName();
+        if (!item->isChecked()) foldedAtFirst_.append(name);
+        item->setChecked(foldedAtFirst_.contains(name) ? unfolded.contains(name) : !folded.contains(name));
+    }
 }
 
 void WindowMemory::store() {
-    QJsonArray folded;
+    QJsonArray folded, unfolded;
     for (const QAction* item : foldItems(window_))
-        if (!item->isChecked()) folded.append(item->objectName());
+        if (const bool atFirst = foldedAtFirst_.contains(item->objectName()); atFirst == item->isChecked())
+            (atFirst ? unfolded : folded).append(item->objectName());
     QJsonObject settings{{kSize, arrayOf(window_.width(), window_.height())},
                          {kPlace, arrayOf(window_.x(), window_.y())},
-                         {kFolded, folded}};
+                         {kFolded, folded},
+                         {kUnfolded, unfolded}};
     if (const auto* surround = SurroundChoice::of(window_)) settings[kGround] = surround->chosen();
     changeSettings(path_, settings);
 }

@@ -38,10 +38,15 @@ class WindowMemoryTest : public DesktopTest {
             "<ui version=\"4.0\"><widget class=\"QDialog\" name=\"window\"><property name=\"geometry\">"
             "<rect><x>0</x><y>0</y><width>400</width><height>300</height></rect></property>"
             "<widget class=\"QWidget\" name=\"boxTones\"/>"
+            "<widget class=\"QWidget\" name=\"boxMore\"><property "
+            "name=\"visible\"><bool>false</bool></property>"
+            "</widget>"
             "<widget class=\"QMenu\" name=\"menu\"><action name=\"itemTones\"><property "
             "name=\"checkable\"><bool>true</bool></property><property name=\"checked\"><bool>true</bool>"
             "</property><property name=\"shows\" stdset=\"0\"><string>boxTones</string></property>"
-            "</action><addaction name=\"itemTones\"/></widget></widget></ui>");
+            "</action><action name=\"itemMore\"><property name=\"checkable\"><bool>true</bool></property>"
+            "<property name=\"shows\" stdset=\"0\"><string>boxMore</string></property></action>"
+            "<addaction name=\"itemTones\"/></widget></widget></ui>");
     }
 
     void writeSettings(const std::string& text) const { std::ofstream(path, std::ios::binary) << text; }
@@ -80,6 +85,22 @@ TEST_F(WindowMemoryTest, SizePlaceAndFoldsLast) {
     });
     open([](QDialog& window) { EXPECT_FALSE(box(window)->isHidden()); });
     EXPECT_THAT(filesBelow(folder.path()), ElementsAre("Quorvex/Chromalog-settings.json", "small.ui"));
+}
+
+TEST_F(WindowMemoryTest, WhatIsFoldedAtFirstStaysUnfoldedOnceItWas) {
+    const auto more = [](QDialog& window) { return window.findChild<QAction*>("itemMore"); };
+    const auto shown = [](QDialog& window) { return !window.findChild<QWidget*>("boxMore")->isHidden(); };
+    open([&](QDialog& window) {
+        EXPECT_FALSE(shown(window));
+        more(window)->trigger();
+        EXPECT_TRUE(shown(window));
+    });
+    open([&](QDialog& window) {
+        EXPECT_TRUE(shown(window));
+        EXPECT_FALSE(box(window)->isHidden());
+        more(window)->trigger();
+    });
+    open([&](QDialog& window) { EXPECT_FALSE(shown(window)); });
 }
 
 TEST_F(WindowMemoryTest, OtherSettingsStayAndAnUnchangedPickWritesNothing) {
