@@ -41,12 +41,15 @@ inline constexpr std::string_view fileLoaded =
 inline constexpr std::string_view fileAppended = "!Swatch File appended!";
 inline constexpr std::string_view paletteImported = "!Import!"; ///< a palette of any kind into a list
 
+inline constexpr std::string_view comparedAdded = "!Compared Swatches added!"; ///< out of a comparison
+inline constexpr std::string_view doublesRemoved = "!Near Doubles removed!";
+
 inline constexpr std::array all = {
-    loadSwatch,       loadSwatchFile,  appendSwatch, deleteSwatch,   sortAlpha,
-    sortHue,          colorChanged,    colorDeleted, colorMoved,     earlierLists,
-    paletteImported,  colorsAdded,     colorsPasted, rowsDeleted,    rowsMoved,
-    rowsCopiedAcross, rowsMovedAcross, sortRows,     sortBrightness, sortSaturation,
-    sortDifference,   sortReversed,    rowRenamed,   fileLoaded,     fileAppended};
+    loadSwatch,     loadSwatchFile, appendSwatch,   deleteSwatch,     sortAlpha,       sortHue,
+    colorChanged,   colorDeleted,   colorMoved,     earlierLists,     paletteImported, colorsAdded,
+    colorsPasted,   rowsDeleted,    rowsMoved,      rowsCopiedAcross, rowsMovedAcross, sortRows,
+    sortBrightness, sortSaturation, sortDifference, sortReversed,     rowRenamed,      fileLoaded,
+    fileAppended,   comparedAdded,  doublesRemoved};
 
 } // namespace undo_label
 

@@ -21,27 +21,37 @@ FCOStruct recordOf(const AddedColour& added) {
     return record;
 }
 
-std::string wordsFor(std::span<const AddedColour> added) {
-    return added.size() == 1 ? "Add a color" : "Add " + std::to_string(added.size()) + " colors";
+std::string wordsFor(std::size_t added) {
+    return added == 1 ? "Add a color" : "Add " + std::to_string(added) + " colors";
+}
+
+/// False and the limit alert where the list has no room for so many more.
+bool hasRoom(CSwatchListDelegate& delegate, const CSwatchList& list, std::size_t added) {
+    const std::size_t total = static_cast<std::size_t>(list.shownRows()) + added;
+    if (added == 0 || list.records().empty()) return false;
+    if (total <= static_cast<std::size_t>(kListCapacity)) return true;
+    delegate.desktop().runAlert(limitAlert(static_cast<int>(total)));
+    return false;
 }
 
 } // namespace
 
 bool addColours(CSwatchListDelegate& delegate, CSwatchList& list, std::span<const AddedColour> added,
                 std::string_view labelKey) {
-    const int before = list.shownRows();
-    const int total = before + static_cast<int>(added.size());
-    if (added.empty() || list.records().empty()) return false;
-    if (total > kListCapacity) {
-        delegate.desktop().runAlert(limitAlert(total));
-        return false;
-    }
+    if (!hasRoom(delegate, list, added.size())) return false;
     std::vector<FCOStruct> records; // all of them, or where memory runs out none
     for (const AddedColour& each : added)
         records.push_back(recordOf(each));
-    const std::string words = wordsFor(added);
+    return addRecords(delegate, list, records, labelKey);
+}
+
+bool addRecords(CSwatchListDelegate& delegate, CSwatchList& list, std::span<const FCOStruct> added,
+                std::string_view labelKey) {
+    if (!hasRoom(delegate, list, added.size())) return false;
+    const int before = list.shownRows(), total = before + static_cast<int>(added.size());
+    const std::string words = wordsFor(added.size());
     delegate.setUndoablePosition(labelKey);
-    std::ranges::copy(records, list.records().begin() + before);
+    std::ranges::copy(added, list.records().begin() + before);
     list.setNumberOfColors(static_cast<std::int16_t>(total));
     list.setSelectedColor(static_cast<std::int16_t>(total - 1));
     delegate.describeStep(words);

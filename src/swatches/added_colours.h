@@ -18,5 +18,7 @@ struct AddedColour {
 /// colour stays. False, the limit alert and no step where the list has no room for all of them; nothing where
 /// there are none.
 bool addColours(CSwatchListDelegate&, CSwatchList&, std::span<const AddedColour>, std::string_view labelKey);
+/// The same with whole records, as they are. They must not stand in the list's own array.
+bool addRecords(CSwatchListDelegate&, CSwatchList&, std::span<const FCOStruct>, std::string_view labelKey);
 
 } // namespace chromalog

@@ -19,6 +19,35 @@ Colour hitOrange() {
     return Colour::rgb(0.85, 0.35, 0);
 }
 
+/// Signs stand on a little ground of their own, left of the points of a search: a long name runs below. Their
+/// colours leave the grounds of light and dark lists by more than 3:1.
+void drawSign(Canvas& canvas, RowSign sign, Point middle) {
+    const double x = middle.x, y = middle.y;
+    canvas.setFill(Colour::rgb(1, 1, 1, 0.85));
+    canvas.fillRect({x - 7, y - 7, 14, 14});
+    Path path;
+    if (sign == RowSign::onlyHere) {
+        canvas.setFill(Colour::rgb(0.55, 0.25, 0));
+        path.moveTo({x, y - 5});
+        for (const Point p : {Point{x + 5, y}, Point{x, y + 5}, Point{x - 5, y}})
+            path.lineTo(p);
+        path.close();
+        canvas.fillPath(path);
+    } else if (sign == RowSign::inBoth) {
+        canvas.setFill(Colour::rgb(0, 0.4, 0.2));
+        canvas.fillRect({x - 5, y - 4, 10, 3});
+        canvas.fillRect({x - 5, y + 1, 10, 3});
+    } else {
+        canvas.setStroke(Colour::rgb(0.75, 0, 0.1));
+        canvas.setLineWidth(2.5);
+        path.moveTo({x - 4, y - 4});
+        path.lineTo({x + 4, y + 4});
+        path.moveTo({x - 4, y + 4});
+        path.lineTo({x + 4, y - 4});
+        canvas.strokePath(path);
+    }
+}
+
 /// Rows of which something can show in the clip.
 geometry::RowRange shownIn(const Canvas& canvas, const CSwatchList& list) {
     return geometry::rowsInClip(canvas.clipBounds(), list.frame().y, list.shownRows());
@@ -44,6 +73,7 @@ void ListMarks::draw(Canvas& canvas, const RowSelection& selection,
         canvas.fillRect({bounds.x, bounds.y + geometry::kRowPitch * row + 4, 3, 18});
         frame(row);
     });
+    drawSigns(canvas);
     if (isHit) drawHits(canvas, isHit);
     canvas.setStroke(Colour::rgb(0, 0.55, 0.2, strength_));
     canvas.setLineWidth(3);
@@ -64,6 +94,20 @@ void ListMarks::drawHits(Canvas& canvas, const std::function<bool(const FCOStruc
     for (int row = range.first; row < range.end; ++row)
         if (isHit(shown[static_cast<std::size_t>(row)]))
             canvas.fillRect({bounds.x + bounds.w - 5, bounds.y + geometry::kRowPitch * row + 5, 4, 16});
+}
+
+void ListMarks::drawSigns(Canvas& canvas) const {
+    const Rect bounds = list_.bounds();
+    const geometry::RowRange range = shownIn(canvas, list_);
+    for (int row = range.first; row < std::min(range.end, static_cast<int>(signs_.size())); ++row)
+        if (const RowSign sign = signs_[static_cast<std::size_t>(row)]; sign != RowSign::none)
+            drawSign(canvas, sign, {bounds.x + bounds.w - 14, bounds.y + geometry::kRowPitch * row + 13});
+}
+
+void ListMarks::showSigns(std::vector<RowSign> signs) {
+    if (signs == signs_) return;
+    signs_ = std::move(signs);
+    list_.setNeedsDisplay();
 }
 
 void ListMarks::showGap(std::optional<int> gap) {

@@ -60,9 +60,13 @@ std::string_view labelOf(SortKey key) {
 } // namespace
 
 void eraseRows(CSwatchListDelegate& delegate, CSwatchList& list, Rows rows) {
+    eraseRows(delegate, list, rows, undo_label::rowsDeleted, counted("Delete", rows.size()));
+}
+
+void eraseRows(CSwatchListDelegate& delegate, CSwatchList& list, Rows rows, std::string_view labelKey,
+               const std::string& words) {
     if (rows.empty()) return;
-    delegate.setUndoablePosition(undo_label::rowsDeleted);
-    const std::string words = counted("Delete", rows.size());
+    delegate.setUndoablePosition(labelKey);
     const std::size_t left = sizeOf(list) - rows.size();
     removeRows(list.shownRecords(), rows);
     setCount(list, left);

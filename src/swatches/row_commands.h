@@ -10,6 +10,8 @@ namespace chromalog {
 // before anything changes; what changes nothing records none. Rows are those of the list's shown ones.
 
 void eraseRows(CSwatchListDelegate&, CSwatchList&, Rows);
+/// The same under another label and other words.
+void eraseRows(CSwatchListDelegate&, CSwatchList&, Rows, std::string_view labelKey, const std::string& words);
 
 /// The first row's new index. Nothing where the rows stand there already.
 std::optional<int> moveRowsTo(CSwatchListDelegate&, CSwatchList&, Rows, int gap);

@@ -24,11 +24,13 @@ class RowGestures : public ListExtras {
 
     const RowSelection& selection() const { return selection_; }
     const ListMarks& marks() const { return marks_; }
+    void showSigns(std::vector<RowSign> signs) { marks_.showSigns(std::move(signs)); }
     /// What a command on rows takes: those selected together, else the list's own if it has a swatch.
     std::vector<int> rows() const;
 
     void selectAll();
-    void rename(); ///< opens an edit of the name in the list's own selected row
+    void selectOwnRow() { selection_.clear(); } ///< the list's own selected row alone
+    void rename();                              ///< opens an edit of the name in the list's own selected row
     void erase();
     void bringAcross(Across);                    ///< below the other list's own selected row
     void sort(SortKey, const Colour& reference); ///< the rows that are selected together, else all

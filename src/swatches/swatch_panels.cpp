@@ -132,6 +132,22 @@ void SwatchPanels::showRecord() {
         rows(panel->view).contentsChanged();
     }
     nearest.follow(one.view);
+    if (listsChanged) listsChanged();
+}
+
+void SwatchPanels::erase(SwatchPanel& panel, Rows gone, std::string_view labelKey, const std::string& words) {
+    eraseRows(*this, panel.view, gone, labelKey, words);
+    if (!gone.empty()) panel.view.setSelectedColor(static_cast<std::int16_t>(gone.front()));
+}
+
+void SwatchPanels::select(SwatchPanel& panel, int row, bool uses) {
+    if (row < 0 || row >= panel.view.shownRows()) return;
+    rows(panel.view).selectOwnRow();
+    panel.view.setSelectedColor(static_cast<std::int16_t>(row));
+    if (uses) panel.view.selectRow(panel.view.getSelected());
+    panel.view.setNeedsDisplay();
+    panel.view.announceChange();
+    panel.view.scrollToShow(row);
 }
 
 void SwatchPanels::showNearest(const Colour& secondColor) {

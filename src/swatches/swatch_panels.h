@@ -47,6 +47,7 @@ class SwatchPanels : CSwatchListDelegate {
     RowGestures& rows(const CSwatchList& list) { return &list == &one.view ? rowsOne_ : rowsTwo_; }
 
     std::function<Colour()> secondColour; ///< what lists are sorted by difference from
+    std::function<void()> listsChanged; ///< perhaps: the swatches of one of them, their names or their count
 
     std::vector<OutletEntry> table(); ///< under the names that interface files give them
     std::vector<ActionEntry> actions();
@@ -61,6 +62,13 @@ class SwatchPanels : CSwatchListDelegate {
     bool add(SwatchPanel& panel, std::span<const AddedColour> added, std::string_view labelKey) {
         return addColours(*this, panel.view, added, labelKey);
     }
+    /// Appends copies of whole records, as addRecords does.
+    bool addRecords(SwatchPanel& panel, std::span<const FCOStruct> added, std::string_view labelKey) {
+        return chromalog::addRecords(*this, panel.view, added, labelKey);
+    }
+    void erase(SwatchPanel&, Rows, std::string_view labelKey, const std::string& words); ///< by one step
+    /// Selects that row alone and brings it into view. `uses`: the swatch is taken as by a press on it.
+    void select(SwatchPanel&, int row, bool uses);
     void editSwatch(); ///< the selected swatch of list 1 becomes the first colour
     /// The selected swatch's name where the source is one of the lists.
     std::optional<std::string> selectedName(const DragSource*);
@@ -78,6 +86,7 @@ class SwatchPanels : CSwatchListDelegate {
     void setUndoablePosition(std::string_view label) override { delegate_.setUndoablePosition(label); }
     void contentsChanged(CSwatchList& list) override {
         if (&list == &one.view) nearest.follow(list);
+        if (listsChanged) listsChanged();
     }
     void describeStep(std::string_view words) override { delegate_.describeSteps(words, {}); }
     ListRecords list1Records() override { return one.records; }
