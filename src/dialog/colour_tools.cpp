@@ -6,22 +6,40 @@ ColourTools::ColourTools(ColourToolsParts parts)
     : parts_(std::move(parts)),
       judge_({parts_.colours, parts_.views.wheel, parts_.desktop, parts_.dialog, parts_.services,
               parts_.atHand,
-              [this](std::vector<OutletEntry> wells) { parts_.atHand.haveMoreWells(std::move(wells)); }}) {}
+              [this](std::vector<OutletEntry> wells) { parts_.atHand.haveMoreWells(std::move(wells)); }}) {
+    parts_.panels.listsChanged = [this] { listsChanged(); };
+}
 
 std::vector<OutletEntry> ColourTools::table() {
-    return judge_.table();
+    std::vector<OutletEntry> outlets = judge_.table();
+    for (const OutletEntry& outlet : neighbours_.table())
+        outlets.push_back(outlet);
+    return outlets;
 }
 
 std::vector<ActionEntry> ColourTools::actions() {
-    return judge_.actions();
+    std::vector<ActionEntry> actions = judge_.actions();
+    actions.push_back({"compareLists:", [this] { compare_.show(ComparisonView::onlyOne); }});
+    actions.push_back({"findNearDoubles:", [this] { compare_.show(ComparisonView::doublesOne); }});
+    actions.push_back({"showNearest:", [this] { nearestPanel_.show(); }});
+    return actions;
 }
 
 void ColourTools::start() {
     judge_.start();
 }
 
-void ColourTools::colourChanged(Cause) {
+void ColourTools::colourChanged(Cause cause) {
     judge_.colourChanged();
+    if (cause != Cause::firstColour && cause != Cause::harmonyMode) nearestPanel_.follow();
+    neighbours_.follow();
+}
+
+void ColourTools::listsChanged() {
+    nearest_.listsChanged();
+    compare_.listsChanged();
+    nearestPanel_.follow();
+    neighbours_.follow();
 }
 
 } // namespace chromalog

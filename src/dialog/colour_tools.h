@@ -1,6 +1,9 @@
 #pragma once
 
 #include "colour/working_colours.h"
+#include "comparison/compare_panel.h"
+#include "comparison/nearest_panel.h"
+#include "comparison/well_neighbours.h"
 #include "dialog/colour_views.h"
 #include "dialog/colours_at_hand.h"
 #include "judge/judge_tools.h"
@@ -28,7 +31,9 @@ struct ColourToolsParts {
 /// opens. A tool is a file of its own and a line here.
 class ColourTools {
   public:
-    explicit ColourTools(ColourToolsParts parts);
+    explicit ColourTools(ColourToolsParts);
+    ColourTools(const ColourTools&) = delete;
+    ColourTools& operator=(const ColourTools&) = delete;
 
     std::vector<OutletEntry> table();
     std::vector<ActionEntry> actions();
@@ -36,7 +41,13 @@ class ColourTools {
     void colourChanged(Cause); ///< after all else that follows a change of colour
 
   private:
+    void listsChanged();
+
     ColourToolsParts parts_;
+    ComparePanel compare_{parts_.desktop, parts_.dialog, parts_.panels};
+    NearestSwatches nearest_{parts_.panels};
+    NearestPanel nearestPanel_{parts_.desktop, parts_.dialog, parts_.colours, parts_.panels, nearest_};
+    HarmonyNeighbours neighbours_{parts_.colours, parts_.panels, nearest_};
     JudgeTools judge_;
 };
 

@@ -107,6 +107,8 @@ TEST_F(FormsTest, EveryActionHasItsControl) {
     for (const char* judged : {"showContrast:", "showCustomAngle:", "toggleGamutWarning:",
                                "usePrintableFirst:", "usePrintableSecond:"})
         EXPECT_EQ(actions.erase(judged), 1u) << judged;
+    for (const char* tool : {"compareLists:", "findNearDoubles:", "foldNearestUnder:", "showNearest:"})
+        EXPECT_EQ(actions.erase(tool), 1u) << tool;
     EXPECT_THAT(actions,
                 UnorderedElementsAreArray({"okPressed:",         "cancelPressed:",    "toggleSecondColor:",
                                            "useOfferedColor:",   "foldChart:",        "foldHarmonies:",
@@ -133,6 +135,9 @@ TEST_F(FormsTest, EveryActionHasItsControl) {
                 UnorderedElementsAreArray({"bringBackList1:", "bringBackList2:", "closeEarlierLists:"}));
     EXPECT_THAT(actionsIn("ImportPanel"),
                 UnorderedElementsAreArray({"importReplace:", "importAppend:", "importNew:", "closeImport:"}));
+    EXPECT_THAT(
+        actionsIn("ComparePanel"),
+        UnorderedElementsAreArray({"chooseComparison:", "compareAdd1:", "compareAdd2:", "removeDoubles:"}));
     EXPECT_THAT(actionsIn("ExportPanel"),
                 UnorderedElementsAreArray({"exportAll:", "exportSelected:", "closeExport:"}));
 }
@@ -158,13 +163,19 @@ TEST_F(FormsTest, ThePanelsHoldTheirOutlets) {
         EXPECT_THAT(namesIn("CustomAngle"), Contains(outlet));
     for (const char* outlet : {"libraryWindow", "libraryScroller", "libraryNote", "library"})
         EXPECT_THAT(namesIn("LibraryPanel"), Contains(outlet));
+    for (const char* outlet : {"compareWindow", "compareScroller", "compareDifference", "compareView",
+                               "compareOnlyOne", "compareOnlyTwo", "compareBoth", "compareDoublesOne",
+                               "compareDoublesTwo", "compareRemove", "compareRows"})
+        EXPECT_THAT(namesIn("ComparePanel"), Contains(outlet));
+    for (const char* outlet : {"nearestWindow", "nearestScroller", "nearestTo", "nearestNote", "nearestRows"})
+        EXPECT_THAT(namesIn("NearestPanel"), Contains(outlet));
     for (const char* outlet : {"exportWindow", "exportKinds", "exportAll", "exportSelected"})
         EXPECT_THAT(namesIn("ExportPanel"), Contains(outlet));
 }
 
 TEST_F(FormsTest, TheCompiledFormsLoadWithoutARemark) {
     for (const char* name : {"chromalogWindow", "ProtocolPanel", "SwatchPrintOptions", "EarlierLists",
-                             "ImportPanel", "ExportPanel", "LibraryPanel"}) {
+                             "ImportPanel", "ExportPanel", "LibraryPanel", "ComparePanel", "NearestPanel"}) {
         FormOwner owner;
         QFile file(interfaceFile(name));
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));

@@ -7,10 +7,12 @@ using namespace chromalog; // what is made from the interface files names our cl
 
 #include "ui_ContrastPanel.h"
 #include "ui_CustomAngle.h"
+#include "ui_ComparePanel.h"
 #include "ui_EarlierLists.h"
 #include "ui_ExportPanel.h"
 #include "ui_ImportPanel.h"
 #include "ui_LibraryPanel.h"
+#include "ui_NearestPanel.h"
 #include "ui_ProtocolPanel.h"
 #include "ui_SwatchPrintOptions.h"
 #include "ui_chromalogWindow.h"
@@ -32,10 +34,12 @@ constexpr struct {
     {"chromalogWindow", built<Ui::chromalogWindow>},
     {"ContrastPanel", built<Ui::contrastWindow>},
     {"CustomAngle", built<Ui::customAngleWindow>},
+    {"ComparePanel", built<Ui::compareWindow>},
     {"EarlierLists", built<Ui::earlierListsWindow>},
     {"ExportPanel", built<Ui::exportWindow>},
     {"ImportPanel", built<Ui::importWindow>},
     {"LibraryPanel", built<Ui::libraryWindow>},
+    {"NearestPanel", built<Ui::nearestWindow>},
     {"ProtocolPanel", built<Ui::protocolWindow>},
     {"SwatchPrintOptions", built<Ui::printOptionWindow>},
 };
