@@ -80,6 +80,18 @@ void stripDrag(benchmark::State& state) {
     drag(state, dialog);
 }
 
+/// With the panel of the nearest swatches, and with those under the wells.
+void stripDragWithNearest(benchmark::State& state) {
+    LongListsDialog dialog(static_cast<int>(state.range(0)));
+    dialog.open();
+    for (const char* item : {"itemNearestSwatches", "itemNearestUnder"})
+        dialog.window().findChild<QAction*>(item)->trigger();
+    dialog.paint();
+    drag(state, dialog);
+    if (!dialog.view("nearQuadri").isVisible() || !dialog.view("nearestRows").isVisible())
+        state.SkipWithError("not shown");
+}
+
 /// The arguments are the window's size.
 void openAtSize(LongListsDialog& dialog, const benchmark::State& state) {
     dialog.open();
@@ -156,6 +168,7 @@ BENCHMARK(stripDrag)
     ->UseRealTime();
 BENCHMARK(stripDragJudged)->ArgsProduct({{512}, {0, 1}})->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(wheelDragJudged)->ArgsProduct({{512}, {0, 1}})->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(stripDragWithNearest)->Arg(4999)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(stripDragInWindow) AT_ALL_WINDOWS;
 BENCHMARK(stripDragWithToneChart) AT_ALL_WINDOWS;
 

@@ -81,6 +81,7 @@ OPERATIONS = [
         plain("with none of it", "bench_dialog stripDragJudged/512/0")], bound=4 * MS),
     Operation("wheel event, contrast, angle and gamut shown", "dialog", "bench_dialog wheelDragJudged/512/1", [
         plain("with none of it", "bench_dialog wheelDragJudged/512/0")], bound=4 * MS),
+    Operation("strip event, nearest swatches shown", "dialog", "bench_dialog stripDragWithNearest/4999", bound=6 * MS),
     Operation("strip event, pointer at 250 Hz", "dialog", "pointer strip ns", bound=2 * MS),
     Operation("its frames an event", "dialog", "pointer strip frames", bound=1.02, unit="frames"),
     Operation("its events without a frame", "dialog", "pointer strip unshown", bound=0.02, unit="of all"),
@@ -111,6 +112,12 @@ OPERATIONS = [
         plain("indices, gather", "bench_lists sortByHuePlain/4999", 0.6)]),
     Operation("nearest swatch of 4,999", "lists", "bench_lists nearestOurs/4999", [
         plain("one by one", "bench_lists nearestPlain/4999", 1.1)]),
+
+    Operation("4,999 swatches beside 4,999", "lists", "bench_comparison compare/4999/2", bound=150 * MS),
+    Operation("the same up to 20", "lists", "bench_comparison compare/4999/20", bound=150 * MS),
+    Operation("near doubles among 4,999", "lists", "bench_comparison doubles/4999/2", bound=150 * MS),
+    Operation("nearest swatches after a move", "lists", "bench_comparison followed/4999", bound=2 * MS),
+    Operation("what they are found in, after an edit", "lists", "bench_comparison madeAnew/4999", bound=8 * MS),
 
     Operation("undo step after an edit", "history", "bench_history stepAfterOneEdit/4999", [
         limit("memcpy", "bench_history copyOfTheRecord", 1.3),

@@ -17,6 +17,11 @@ std::string titleOf(const std::string& words, std::optional<std::string> count) 
     return count ? words + ": " + *count : words;
 }
 
+/// "Add 5 to List 1", of none "Add to List 1"
+std::string titleOf(const std::string& verb, std::size_t count, const std::string& rest) {
+    return verb + (count > 0 ? " " + std::to_string(count) : "") + rest;
+}
+
 std::string doublesWords(std::size_t count) {
     return "Remove " + std::to_string(count) + (count == 1 ? " near double" : " near doubles");
 }
@@ -158,11 +163,11 @@ void ComparePanel::showCounts() {
 
 /// What stands in a list alone is offered to the other one.
 void ComparePanel::showButtons() {
-    const std::string count = std::to_string(taken().size());
+    const std::size_t count = taken().size();
     const bool any = !lines_.empty(), doubles = showsDoubles(view_);
-    compareAdd1->setTitle("Add " + count + " to List 1");
-    compareAdd2->setTitle("Add " + count + " to List 2");
-    compareRemove->setTitle("Remove " + count);
+    compareAdd1->setTitle(titleOf("Add", count, " to List 1"));
+    compareAdd2->setTitle(titleOf("Add", count, " to List 2"));
+    compareRemove->setTitle(titleOf("Remove", count, ""));
     compareAdd1->setEnabled(any && view_ != ComparisonView::onlyOne);
     compareAdd2->setEnabled(any && view_ != ComparisonView::onlyTwo);
     compareRemove->setEnabled(any);
@@ -191,8 +196,7 @@ ResultRow ComparePanel::line(int row) const {
     line.beside = shownColour(*counterpart);
     line.name +=
         (showsDoubles(view_) ? " doubles " : " = ") + macRomanToUtf8(zeroTerminatedName(*counterpart));
-    line.place = std::to_string(compared.row + 1) + (showsDoubles(view_) ? " of " : " = ") +
-                 std::to_string(compared.counterpart + 1);
+    line.place = placesText(compared.list, compared.row, other, compared.counterpart);
     line.difference = differenceText(compared.difference);
     return line;
 }

@@ -13,7 +13,7 @@ namespace {
 namespace geometry = swatch_geometry;
 
 constexpr double kPitch = geometry::kRowPitch;
-constexpr double kPlaceWidth = 74, kDifferenceWidth = 62; // points, at the right end
+constexpr double kPlaceWidth = 104, kDifferenceWidth = 62; // points, at the right end
 constexpr Size kDragImage{geometry::kPatchWidth, geometry::kPatchHeight};
 
 } // namespace
@@ -24,6 +24,11 @@ std::string differenceText(double difference) {
 
 std::string placeText(int list, int row) {
     return "List " + std::to_string(list + 1) + ": " + std::to_string(row + 1);
+}
+
+std::string placesText(int list, int row, int otherList, int otherRow) {
+    const auto place = [](int of, int at) { return std::to_string(of + 1) + ": " + std::to_string(at + 1); };
+    return place(list, row) + " = " + place(otherList, otherRow);
 }
 
 void ResultList::setRows(int count, std::function<ResultRow(int)> row) {
@@ -187,6 +192,13 @@ void ResultList::scrollToShow(int row) {
 
 std::optional<Rect> ResultList::focusMark() const {
     return has(own_) ? std::optional(rowRect(own_)) : std::nullopt;
+}
+
+std::string ResultList::helpAt(Point point) const {
+    const int row = accessibleRowAt(point);
+    if (!has(row)) return {};
+    const ResultRow line = row_(row);
+    return line.name + "\n" + line.place + (line.difference.empty() ? "" : ", ΔE " + line.difference);
 }
 
 Accessible ResultList::accessible() const {

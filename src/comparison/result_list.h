@@ -20,7 +20,9 @@ struct ResultRow {
 };
 
 std::string differenceText(double difference); ///< "2.31"
-std::string placeText(int list, int row);      ///< "List 1: 12", both counted from 0
+// Lists and rows are counted from 0.
+std::string placeText(int list, int row);                               ///< "List 1: 12"
+std::string placesText(int list, int row, int otherList, int otherRow); ///< "1: 12 = 2: 7"
 
 /// Lines of a result that a person can select, take and drag out. It keeps none of them: a line is asked for
 /// when it is painted.
@@ -51,6 +53,7 @@ class ResultList : public View {
     bool acceptsFocus() const override { return true; }
     bool keyDown(const KeyEvent&) override;
     std::optional<Rect> focusMark() const override;
+    std::string helpAt(Point) const override; ///< the whole line: a long name may be cut
 
     Accessible accessible() const override;
     int accessibleRowCount() const override { return count_; }

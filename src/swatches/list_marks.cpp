@@ -38,7 +38,7 @@ void drawSign(Canvas& canvas, RowSign sign, Point middle) {
         canvas.fillRect({x - 5, y - 4, 10, 3});
         canvas.fillRect({x - 5, y + 1, 10, 3});
     } else {
-        canvas.setStroke(Colour::rgb(0.75, 0, 0.1));
+        canvas.setStroke(Colour::rgb(0.6, 0, 0.2));
         canvas.setLineWidth(2.5);
         path.moveTo({x - 4, y - 4});
         path.lineTo({x + 4, y + 4});

@@ -63,9 +63,9 @@ TEST_F(ComparePanelTest, TellsCountsLinesAndMarks) {
         EXPECT_THAT(found(), ElementsAre("250 | List 2: 2"));
         choose(2);
         ASSERT_THAT(found(), SizeIs(3));
-        EXPECT_THAT(found()[0], HasSubstr("100 = 101 | 2 = 1, difference 0."));
-        EXPECT_EQ(found()[1], "200 = 200 | 3 = 3, difference 0.00");
-        EXPECT_THAT(found()[2], HasSubstr("201 = 200 | 4 = 3, difference 0."));
+        EXPECT_THAT(found()[0], HasSubstr("100 = 101 | 1: 2 = 2: 1, difference 0."));
+        EXPECT_EQ(found()[1], "200 = 200 | 1: 3 = 2: 3, difference 0.00");
+        EXPECT_THAT(found()[2], HasSubstr("201 = 200 | 2: 4 = 1: 3, difference 0."));
         EXPECT_EQ(controler->history().undoSteps(), 2) << "the two that filled the lists";
     });
 }
@@ -147,6 +147,7 @@ TEST_F(ComparePanelTest, TheResultIsAddedWholeByOneStep) {
         settle();
         EXPECT_THAT(found(), IsEmpty()) << "they stand in both now";
         EXPECT_FALSE(button("compareAdd2").enabled());
+        EXPECT_EQ(button("compareAdd2").title(), "Add to List 2");
         send("doUndo:");
         settle();
         EXPECT_THAT(names(2), ElementsAre("100"));
@@ -206,8 +207,9 @@ TEST_F(ComparePanelTest, NearDoublesAreShownFirstAndRemovedByOneStep) {
         EXPECT_EQ(button("compareRemove").title(), "Remove 3");
         EXPECT_TRUE(button("compareAdd1").hidden());
         ASSERT_THAT(found(), SizeIs(3));
-        EXPECT_THAT(found()[0], HasSubstr("101 doubles 100 | 3 of 1, difference 0."));
-        EXPECT_THAT(found()[1], HasSubstr("11 doubles 10 | 4 of 2, difference 0."));
+        EXPECT_THAT(found()[0], HasSubstr("101 doubles 100 | 1: 3 = 1: 1, difference 0."));
+        EXPECT_THAT(found()[1], HasSubstr("11 doubles 10 | 1: 4 = 1: 2, difference 0."));
+        EXPECT_THAT(rows().helpAt({50, 13}), HasSubstr("101 doubles 100\n1: 3 = 1: 1, ΔE 0."));
         EXPECT_EQ(signs(1), (Signs{kNone, kNone, kGoes, kGoes, kNone, kGoes}));
         EXPECT_THAT(signs(2), Each(kNone));
         const int steps = controler->history().undoSteps();

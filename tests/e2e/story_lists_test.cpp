@@ -52,6 +52,31 @@ TEST_F(StoryOfAList, AColourThatIsThereIsRefused) {
     EXPECT_EQ(letters(2), "R");
 }
 
+/// By the menu, the panel's own keys and its button; Escape closes the panel and not the dialog.
+TEST_F(StoryOfAList, NearDoublesAreRemovedAndTheNearestSwatchIsUsed) {
+    writeThree();
+    write("more.aco", read("three.aco")); // every swatch stands twice
+    playWell("dropfile swatch1 30 30 $/three.aco\npress appendSwatch1:\nchoose $/more.aco\nok\n");
+    prepare("press findNearDoubles:\nwait 200\n");
+    open();
+    click({"toolsMenuButton"});
+    choose("toolsMenu", "itemNearDoubles");
+    waitForWindow("Compare Lists");
+    const int sign = frames_.at("swatch1")[2] - 14;
+    waitForColour({"swatch1", sign, 22 * 3 + 13}, "#990033"); // the cross of the first that goes
+    click(panel("compareRemove"));
+    keys("Escape");
+    waitForWindow("Chromalog");
+    click({"toolsMenuButton"});
+    choose("toolsMenu", "itemNearestSwatches");
+    waitForWindow("Nearest Swatches");
+    keys("Home Return Escape"); // the blue one becomes the second colour
+    waitForWindow("Chromalog");
+    waitForColour({"origSecondColor"}, "#0000ff");
+    cancel();
+    EXPECT_EQ(letters(1), "RGB");
+}
+
 TEST_F(StoryOfAList, WhatIsFoundIsUsedByReturn) {
     startWith("three.aco");
     open();
