@@ -81,7 +81,7 @@ OPERATIONS = [
         plain("with none of it", "bench_dialog stripDragJudged/512/0")], bound=4 * MS),
     Operation("wheel event, contrast, angle and gamut shown", "dialog", "bench_dialog wheelDragJudged/512/1", [
         plain("with none of it", "bench_dialog wheelDragJudged/512/0")], bound=4 * MS),
-    Operation("strip event, nearest swatches shown", "dialog", "bench_dialog stripDragWithNearest/4999", bound=6 * MS),
+    Operation("strip event, nearest swatches shown", "dialog", "bench_dialog stripDragWithNearest/4999", bound=4 * MS),
     Operation("strip event, pointer at 250 Hz", "dialog", "pointer strip ns", bound=2 * MS),
     Operation("its frames an event", "dialog", "pointer strip frames", bound=1.02, unit="frames"),
     Operation("its events without a frame", "dialog", "pointer strip unshown", bound=0.02, unit="of all"),
