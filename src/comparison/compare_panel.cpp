@@ -57,7 +57,6 @@ void ComparePanel::load() {
     if (!form_) desktop_.log("failed to load the form ComparePanel");
     rows_.pressed = [this](int row) { select(row); };
     rows_.selectionChanged = [this] { showButtons(); };
-    compareDifference->setText(decimalText(within_, 2));
     compareDifference->whenEdited([this] { differenceTyped(); });
     compareWindow->whenClosed([this] { hide(); });
     compareWindow->attachAsChildOf(*dialog_);
@@ -67,6 +66,8 @@ void ComparePanel::show(ComparisonView view) {
     if (!form_) load();
     if (!compareWindow.connected()) return;
     compareWindow->makeKeyAndOrderFront();
+    compareDifference->setText(decimalText(within_, 2)); // also after one that could not be read
+    compareDifference->setFault("");
     compareView->selectRow(static_cast<int>(view));
     view_ = view;
     forget();
