@@ -33,10 +33,12 @@ void NearestPanel::follow() {
     found_ = nearest_.few(second, 0, kOfEach);
     for (const NearSwatch& swatch : nearest_.few(second, 1, kOfEach))
         found_.push_back(swatch);
+    if (found_.size() == before)
+        rows_.rowsChanged();
+    else
+        rows_.setRows(static_cast<int>(found_.size()), [this](int row) { return line(row); });
     nearestTo->setColor(second);
     nearestNote->setText(spokenText(second));
-    if (found_.size() == before) return rows_.rowsChanged();
-    rows_.setRows(static_cast<int>(found_.size()), [this](int row) { return line(row); });
 }
 
 ResultRow NearestPanel::line(int row) {

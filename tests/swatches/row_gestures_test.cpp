@@ -1,3 +1,5 @@
+#include "support/recording_canvas.h"
+#include "swatches/added_colours.h"
 #include "swatches/list_fixture.h"
 #include "swatches/list_menu.h"
 #include "swatches/row_gestures.h"
@@ -358,6 +360,47 @@ TEST_F(RowGesturesTest, TheRightButtonKeepsTheRowsThatItIsPressedIn) {
     EXPECT_THAT(together(rows1), ElementsAre(1, 2, 3));
     swatch1.rightMouseDown({row(5)});
     EXPECT_THAT(together(rows1), IsEmpty());
+}
+
+TEST_F(RowGesturesTest, SignsOfAComparisonDifferInShapeAndStandInTheirRows) {
+    using Kind = test::Primitive::Kind;
+    fillNumbered(swatch1, 5);
+    const auto drawn = [this](Rect clip = {0, 0, 200, 220}) {
+        test::RecordingCanvas canvas(true, clip);
+        rows1.drawMarks(canvas);
+        return canvas;
+    };
+    EXPECT_THAT(drawn().primitives, IsEmpty());
+    const int before = host1.redisplays;
+    rows1.showSigns({RowSign::none, RowSign::onlyHere, RowSign::inBoth, RowSign::goes, RowSign::none,
+                     RowSign::goes}); // the last past the list's end
+    EXPECT_EQ(host1.redisplays, before + 1);
+    const auto canvas = drawn();
+    const auto grounds = canvas.only(Kind::fillRect);
+    ASSERT_EQ(grounds.size(), 3u + 2) << "two bars beside three grounds";
+    EXPECT_EQ(grounds[0].rect, (Rect{179, 28, 14, 14})) << "row 1";
+    EXPECT_EQ(grounds[1].rect, (Rect{179, 50, 14, 14}));
+    EXPECT_EQ(canvas.only(Kind::fillPath).size(), 1u) << "the lozenge";
+    EXPECT_EQ(canvas.only(Kind::strokePath).size(), 1u) << "the cross";
+    EXPECT_THAT(drawn({0, 0, 200, 2}).only(Kind::strokePath), IsEmpty()) << "out of the clip";
+    rows1.showSigns({});
+    EXPECT_THAT(drawn().primitives, IsEmpty());
+}
+
+TEST_F(RowGesturesTest, RecordsAreAppendedAsTheyAreOrNotAtAll) {
+    fillNumbered(swatch1, 4998);
+    FCOStruct record = test::swatch("Odd", 0x123450000, -1, 7);
+    record.Ordre = 5;
+    const std::vector<FCOStruct> two{record, record};
+    EXPECT_TRUE(addRecords(*this, swatch1, two, "!Test!"));
+    EXPECT_EQ(swatch1.getNumberOfColors(), 5000);
+    EXPECT_EQ(std::memcmp(&swatch1.records()[4999], &record, sizeof record), 0);
+    EXPECT_THAT(labels, ElementsAre("!Test!"));
+    EXPECT_THAT(words, ElementsAre("Add 2 colors"));
+    EXPECT_FALSE(addRecords(*this, swatch1, two, "!Test!"));
+    EXPECT_EQ(platform.alerts.size(), 1u);
+    EXPECT_FALSE(addRecords(*this, swatch2, {}, "!Test!"));
+    EXPECT_EQ(labels.size(), 1u);
 }
 
 } // namespace
