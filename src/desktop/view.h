@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace chromalog {
 
@@ -138,9 +139,10 @@ class View : public DragSource {
     virtual bool performDragOperation(const DragInfo&) { return false; }
     virtual void draggingUpdated(const DragInfo&) {} ///< also once after it entered
     virtual void draggingExited() {}                 ///< it left, or was dropped
-    /// A drag that offers a file and no colour; only files of this machine are offered.
-    virtual bool acceptsFile(const std::string&) const { return false; }
-    virtual void fileDropped(const std::string&) {}
+    /// Drags that offer files and no colour; only files of this machine are offered.
+    virtual bool acceptsFiles() const { return false; }
+    /// `shift`: whether that key is held at the drop. False where none of them could be taken.
+    virtual bool filesDropped(const std::vector<std::string>&, bool /*shift*/) { return false; }
 
     virtual Accessible accessible() const { return {}; }
     virtual int accessibleRowCount() const { return 0; }

@@ -42,6 +42,9 @@ ChromalogControler::ChromalogControler(GlobalRecord& data, Desktop& desktop)
       tools_({atHand_, colours_, panels_, desktop, outlets_.chromalogWindow, data.pickerRecord->colorServices,
               [this](std::string_view label) { setUndoablePosition(label); }, views_}) {
     gChromalogControler = this;
+    panels_.importFiles = [this](SwatchPanel& panel, const std::vector<std::string>& paths) {
+        return exchange_.importDropped(panel, paths);
+    };
     loadForm();
     zeroInit();
     loadPrefs();

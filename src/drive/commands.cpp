@@ -79,6 +79,7 @@ void Commands::perform(const Command& c) {
         {Verb::dclick, &Commands::doubleClickAt},
         {Verb::clip, &Commands::clip},
         {Verb::dropfile, &Commands::dropFile},
+        {Verb::dropfiles, &Commands::dropFile},
         {Verb::press, &Commands::press},
         {Verb::drag, &Commands::drag},
         {Verb::sweep, &Commands::sweep},

@@ -157,9 +157,14 @@ void Commands::drop(const Command& c) {
 
 void Commands::dropFile(const Command& c) {
     const PointerTarget target = targetOf(reachableOutlet(c.text(0)), c.point(1));
+    QList<QUrl> files;
+    for (std::size_t i = 3; c.has(i); ++i)
+        files.append(QUrl::fromLocalFile(QFileInfo(toQt(c.text(i))).absoluteFilePath()));
     QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(QFileInfo(toQt(c.text(3))).absoluteFilePath())});
-    if (offer(data, target) == Qt::IgnoreAction)
+    data.setUrls(files);
+    // dropfile is older than Import: kept, with the key that loads a swatch file at once.
+    const auto held = c.verb == Verb::dropfile ? Qt::ShiftModifier : Qt::NoModifier;
+    if (offer(data, target, held) == Qt::IgnoreAction)
         throw CommandError{c.text(0) + " takes no file '" + c.text(3) + "'"};
 }
 

@@ -9,14 +9,14 @@
 
 namespace chromalog::drive {
 
-Qt::DropAction offer(const QMimeData& data, const PointerTarget& target) {
+Qt::DropAction offer(const QMimeData& data, const PointerTarget& target, Qt::KeyboardModifiers held) {
     if (!target.widget) return Qt::IgnoreAction;
     const QPoint near =
         target.at.toPoint(); // entering and moving know whole pixels alone, a drop the exact point
-    QDragEnterEvent enter(near, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QDragEnterEvent enter(near, Qt::CopyAction, &data, Qt::LeftButton, held);
     QApplication::sendEvent(target.widget, &enter);
     if (!enter.isAccepted() || !target.widget) return Qt::IgnoreAction;
-    QDragMoveEvent move(near, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QDragMoveEvent move(near, Qt::CopyAction, &data, Qt::LeftButton, held);
     QApplication::sendEvent(target.widget, &move);
     if (!target.widget) return Qt::IgnoreAction;
     if (!move.isAccepted()) {
@@ -24,7 +24,7 @@ Qt::DropAction offer(const QMimeData& data, const PointerTarget& target) {
         QApplication::sendEvent(target.widget, &leave);
         return Qt::IgnoreAction;
     }
-    QDropEvent drop(target.at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop(target.at, Qt::CopyAction, &data, Qt::LeftButton, held);
     QApplication::sendEvent(target.widget, &drop);
     return drop.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
 }

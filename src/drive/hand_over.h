@@ -11,8 +11,9 @@ namespace chromalog::drive {
 
 /// Offers the data to the widget as a drag does that enters it, moves to the point and is dropped there.
 /// Works the same on platforms without drags. The action that the target took; Qt::IgnoreAction where it
-/// refused.
-Qt::DropAction offer(const QMimeData&, const PointerTarget& target);
+/// refused. `held`: the keys.
+Qt::DropAction offer(const QMimeData&, const PointerTarget& target,
+                     Qt::KeyboardModifiers held = Qt::NoModifier);
 
 /// While it lives, a drag that begins is handed to the target at once instead of following the pointer.
 class HandOver {

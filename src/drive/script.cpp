@@ -11,8 +11,8 @@ namespace chromalog::drive {
 namespace {
 
 /// A command's words, a letter each: o outlet, t text, n number, i whole number from 0, s the same from 1, c
-/// colour, a the word "alt", m the word "shift" or "ctrl", p the words of a paper, + texts. What stands after
-/// ? may be left out.
+/// colour, a the word "alt", m the word "shift" or "ctrl", p the words of a paper. What stands after ? may
+/// be left out, what stands before + may be repeated.
 struct Row {
     Verb verb;
     std::string_view name;
@@ -31,9 +31,10 @@ constexpr Row kCommands[] = {
     {Verb::sweep, "sweep", "onnnns", "OUTLET X Y X2 Y2 STEPS"},
     {Verb::drop, "drop", "onnc?t", "OUTLET X Y COLOUR [TEXT]"},
     {Verb::dropfile, "dropfile", "onnt", "OUTLET X Y PATH"},
+    {Verb::dropfiles, "dropfiles", "onnt+", "OUTLET X Y PATH..."},
     {Verb::type, "type", "ot", "OUTLET TEXT"},
     {Verb::append, "append", "ot", "OUTLET TEXT"},
-    {Verb::clip, "clip", "+", "LINE..."},
+    {Verb::clip, "clip", "t+", "LINE..."},
     {Verb::key, "key", "t?o", "NAME [OUTLET]"},
     {Verb::set, "set", "on", "OUTLET VALUE"},
     {Verb::menu, "menu", "ot", "OUTLET ACTION"},
@@ -102,15 +103,16 @@ std::string wrongCount(const Row& row) {
 }
 
 std::optional<std::string> wrongWords(const Row& row, const std::vector<std::string>& words) {
-    if (row.words == "+") return words.empty() ? std::optional(wrongCount(row)) : std::nullopt;
     if (row.words == "p")
         return readPaper(words) ? std::nullopt : std::optional("no such paper: " + wrongCount(row));
-    const auto optional = row.words.find('?');
+    const auto optional = row.words.find_first_of("?+");
     const auto least = std::min(optional, row.words.size());
-    const auto most = optional == std::string_view::npos ? least : row.words.size() - 1;
+    const bool repeats = row.words.ends_with('+');
+    const auto most = repeats ? words.size() : optional == row.words.npos ? least : row.words.size() - 1;
     if (words.size() < least || words.size() > most) return wrongCount(row);
     for (std::size_t i = 0; i < words.size(); ++i)
-        if (auto wrong = wrongWord(row.words[i < least ? i : i + 1], words[i])) return wrong;
+        if (auto wrong = wrongWord(row.words[i < least ? i : repeats ? least - 1 : i + 1], words[i]))
+            return wrong;
     return std::nullopt;
 }
 

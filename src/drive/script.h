@@ -20,6 +20,7 @@ enum class Verb {
     sweep,
     drop,
     dropfile,
+    dropfiles,
     type,
     append,
     clip,

@@ -52,12 +52,20 @@ std::optional<ImportSource> PaletteExchange::read(const std::vector<std::string>
 }
 
 void PaletteExchange::importFiles(SwatchPanel& panel, const std::vector<std::string>& paths) {
+    if (const auto source = read(paths)) offer(panel, *source);
+}
+
+bool PaletteExchange::importDropped(SwatchPanel& panel, const std::vector<std::string>& paths) {
     const auto source = read(paths);
-    if (!source) return;
+    if (source) later_ = parts_.desktop.startTimer(0, [this, &panel, source] { offer(panel, *source); });
+    return source.has_value();
+}
+
+void PaletteExchange::offer(SwatchPanel& panel, const ImportSource& source) {
     const CmykToRgb ink = hostInk(parts_.services);
     const auto way =
-        ImportPanel(parts_.desktop, *source, rowsOf(panel), ink, nameOfInk(parts_.services)).run();
-    if (way) take(panel, *source, *way);
+        ImportPanel(parts_.desktop, source, rowsOf(panel), ink, nameOfInk(parts_.services)).run();
+    if (way) take(panel, source, *way);
 }
 
 LibraryPanel& PaletteExchange::library() {
@@ -91,7 +99,7 @@ void PaletteExchange::keepInLibrary(SwatchPanel& panel) {
 
 void PaletteExchange::importWhenShown(std::vector<std::string> paths) {
     if (paths.empty()) return;
-    atStart_ =
+    later_ =
         parts_.desktop.startTimer(0, [this, paths = std::move(paths)] { importFiles(parts_.one, paths); });
 }
 

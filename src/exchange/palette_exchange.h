@@ -31,6 +31,8 @@ class PaletteExchange {
     /// Shows what the files hold; where a person goes on, it is one step of undo. What cannot be read is said
     /// on the status line.
     void importFiles(SwatchPanel&, const std::vector<std::string>& paths);
+    /// The same once the drop is over, which the other program waits for; false where they cannot be read.
+    bool importDropped(SwatchPanel&, const std::vector<std::string>& paths);
     /// Files that were named before the dialog showed, into list 1; nothing where there are none.
     void importWhenShown(std::vector<std::string> paths);
     void exportList(SwatchPanel&);
@@ -50,11 +52,12 @@ class PaletteExchange {
     LibraryPanel& library();
     /// Nothing, and the status line says why, where one cannot be read.
     std::optional<ImportSource> read(const std::vector<std::string>& paths);
+    void offer(SwatchPanel&, const ImportSource&); ///< the panel, and what is chosen there
     void take(SwatchPanel&, const ImportSource&, ImportWay);
     void write(const Palette&, PaletteFormat, const std::string& path);
 
     PaletteExchangeParts parts_;
-    std::unique_ptr<Timer> atStart_;
+    std::unique_ptr<Timer> later_;
     std::unique_ptr<LibraryPanel> library_; ///< once it was asked for
     SwatchPanel* libraryLoadsInto_ = nullptr;
 };

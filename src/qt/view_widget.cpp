@@ -297,12 +297,13 @@ void ViewWidget::focusOutEvent(QFocusEvent* event) {
 
 namespace {
 
-/// The first of the files that the view takes; empty where there is none, or where a colour is offered.
-std::string fileFor(const View& view, const QMimeData& mime) {
-    if (mime.hasColor() || !mime.hasUrls()) return {};
+/// The files for a view that takes some; none where a colour is offered.
+std::vector<std::string> filesFor(const View& view, const QMimeData& mime) {
+    std::vector<std::string> files;
+    if (mime.hasColor() || !mime.hasUrls() || !view.acceptsFiles()) return files;
     for (const QUrl& url : mime.urls())
-        if (const std::string path = fromQt(url.toLocalFile()); view.acceptsFile(path)) return path;
-    return {};
+        if (std::string path = fromQt(url.toLocalFile()); !path.empty()) files.push_back(std::move(path));
+    return files;
 }
 
 } // namespace
@@ -310,9 +311,9 @@ std::string fileFor(const View& view, const QMimeData& mime) {
 void ViewWidget::dragEnterEvent(QDragEnterEvent* event) try {
     event->ignore();
     if (!view_) return;
-    draggedFile_ = fileFor(*view_, *event->mimeData());
+    draggedFiles_ = filesFor(*view_, *event->mimeData());
     dragged_ = dragInfoOf(*event, toView(event->position()));
-    if (draggedFile_.empty() && view_->draggingEntered(dragged_) != DragOperation::copy) return;
+    if (draggedFiles_.empty() && view_->draggingEntered(dragged_) != DragOperation::copy) return;
     event->setDropAction(Qt::CopyAction);
     event->accept();
 } catch (...) {
@@ -322,7 +323,7 @@ void ViewWidget::dragEnterEvent(QDragEnterEvent* event) try {
 void ViewWidget::dragMoveEvent(QDragMoveEvent* event) try {
     event->setDropAction(Qt::CopyAction);
     event->accept(); // only an entered drag gets here
-    if (view_ && draggedFile_.empty()) draggedOver(*event);
+    if (view_ && draggedFiles_.empty()) draggedOver(*event);
 } catch (...) {
     mishap();
 }
@@ -353,9 +354,9 @@ void ViewWidget::dropEvent(QDropEvent* event) try {
     if (!view_) return;
     dragIsOver();
     event->setDropAction(Qt::CopyAction);
-    if (!draggedFile_.empty()) {
-        event->accept();
-        return view_->fileDropped(draggedFile_);
+    if (!draggedFiles_.empty()) {
+        const bool shift = event->modifiers().testFlag(Qt::ShiftModifier);
+        return event->setAccepted(view_->filesDropped(draggedFiles_, shift));
     }
     event->setAccepted(view_->performDragOperation(dragInfoOf(*event, toView(event->position()))));
 } catch (...) {

@@ -10,6 +10,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace chromalog {
 
@@ -82,7 +83,7 @@ class ViewWidget : public QWidget, public ViewHost {
     bool doubled_ = false;  ///< the press was the second of a double click
     bool followingView_ = false;
     DragInfo dragged_;                       ///< the drag that is over the widget
-    std::string draggedFile_;                ///< empty where it carries a colour
+    std::vector<std::string> draggedFiles_;  ///< none where it carries a colour
     std::unique_ptr<DragScroll> dragScroll_; ///< made by the first drag
 };
 

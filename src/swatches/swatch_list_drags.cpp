@@ -46,14 +46,6 @@ DragOperation CSwatchList::draggingEntered(const DragInfo& info) {
     return info.pasteboard.colourType && info.sourceAllows ? DragOperation::copy : DragOperation::none;
 }
 
-bool CSwatchList::acceptsFile(const std::string& path) const {
-    constexpr std::string_view kExtension = ".aco";
-    if (path.size() <= kExtension.size()) return false;
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; };
-    return std::equal(kExtension.rbegin(), kExtension.rend(), path.rbegin(),
-                      [&](char a, char b) { return a == lower(b); });
-}
-
 bool CSwatchList::performDragOperation(const DragInfo& info) {
     if (extras().takesDrop(info)) return true;
     delegate_.setUndoablePosition(undo_label::colorDeleted); // whatever the drop then does: kept

@@ -46,7 +46,10 @@ class CSwatchListDelegate {
     }
     /// The hits of a search; what it does to names on its way is its own.
     virtual std::vector<FoundEntry> find(CSwatchList&, std::string_view text);
-    virtual void fileDropped(CSwatchList&, const std::string&) {} ///< the path of a swatch file
+    /// `shift`: whether that key is held. False where none of the files could be taken.
+    virtual bool filesDropped(CSwatchList&, const std::vector<std::string>& /*paths*/, bool /*shift*/) {
+        return false;
+    }
 };
 
 /// One swatch list as a column of rows: a patch, its name, a blue frame around the selected one. It owns no
@@ -109,8 +112,10 @@ class CSwatchList : public View {
     bool performDragOperation(const DragInfo&) override;
     void draggingUpdated(const DragInfo& info) override { extras().draggedOver(&info); }
     void draggingExited() override { extras().draggedOver(nullptr); }
-    bool acceptsFile(const std::string& path) const override;
-    void fileDropped(const std::string& path) override { delegate_.fileDropped(*this, path); }
+    bool acceptsFiles() const override { return true; }
+    bool filesDropped(const std::vector<std::string>& paths, bool shift) override {
+        return delegate_.filesDropped(*this, paths, shift);
+    }
     bool refuses(const Colour&) const; ///< a drop of it: a swatch is almost the same
     void deleteEntry();
     /// Inserts a swatch without a name, or appends it; false and the limit alert where the list is full.

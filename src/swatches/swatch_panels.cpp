@@ -1,7 +1,10 @@
 #include "swatches/swatch_panels.h"
 
 #include "record/name_text.h"
+#include "spaces/ascii_text.h"
 #include "swatches/list_menu.h"
+
+#include <algorithm>
 
 namespace chromalog {
 namespace {
@@ -12,6 +15,13 @@ SwatchPanel panel(CSwatchListDelegate& delegate, ListRecords records, std::int16
                   std::uint8_t (&name)[256], bool feedsFirstColor) {
     return {records, count, ListNameField(name, 257), feedsFirstColor, CSwatchList(delegate), {}, {}, {}, {},
             {},      {}};
+}
+
+/// By its name alone.
+bool isSwatchFile(std::string_view path) {
+    constexpr std::string_view kExtension = ".aco";
+    return path.size() > kExtension.size() &&
+           lowerCase(path.substr(path.size() - kExtension.size())) == kExtension;
 }
 
 } // namespace
@@ -105,9 +115,13 @@ std::vector<FoundEntry> SwatchPanels::find(CSwatchList& list, std::string_view t
     return findSwatches(list.records(), one.records, list.getNumberOfColors(), text, options);
 }
 
-/// A swatch file that a person drops on a list.
-void SwatchPanels::fileDropped(CSwatchList& list, const std::string& path) {
-    commands.takeFile(panelOf(list), path, FileWay::load);
+/// With Shift the first swatch file among them loads as by the list's button, in one step.
+bool SwatchPanels::filesDropped(CSwatchList& list, const std::vector<std::string>& paths, bool shift) {
+    SwatchPanel& panel = panelOf(list);
+    const auto swatches = std::ranges::find_if(paths, isSwatchFile);
+    if (!shift || swatches == paths.end()) return importFiles && importFiles(panel, paths);
+    commands.takeFile(panel, *swatches, FileWay::load);
+    return true;
 }
 
 void SwatchPanels::storeViewCounts() {

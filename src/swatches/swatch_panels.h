@@ -48,6 +48,8 @@ class SwatchPanels : CSwatchListDelegate {
 
     std::function<Colour()> secondColour; ///< what lists are sorted by difference from
     std::function<void()> listsChanged; ///< perhaps: the swatches of one of them, their names or their count
+    /// Takes files that are dropped on a list, of whatever kind; false where they cannot be read.
+    std::function<bool(SwatchPanel&, const std::vector<std::string>& paths)> importFiles;
 
     std::vector<OutletEntry> table(); ///< under the names that interface files give them
     std::vector<ActionEntry> actions();
@@ -94,7 +96,7 @@ class SwatchPanels : CSwatchListDelegate {
     Menu& menu(CSwatchList& list) override { return *panelOf(list).menu; }
     ListExtras& extras(const CSwatchList& list) override { return rows(list); }
     std::vector<FoundEntry> find(CSwatchList&, std::string_view text) override;
-    void fileDropped(CSwatchList&, const std::string& path) override;
+    bool filesDropped(CSwatchList&, const std::vector<std::string>& paths, bool shift) override;
     void offerMenus();
 
     Desktop& desktop_;

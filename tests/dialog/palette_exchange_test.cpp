@@ -24,6 +24,10 @@ class PaletteExchangeTest : public PickTest {
         std::ifstream file(path(name), std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
     }
+    std::vector<std::uint8_t> bytesOf(const std::string& name) const {
+        const std::string text = contents(name);
+        return {text.begin(), text.end()};
+    }
     static std::vector<std::string> names(ChromalogControler& c) {
         std::vector<std::string> names;
         for (int i = 0; i < c.panels().one.view.getNumberOfColors(); ++i)
@@ -136,6 +140,67 @@ TEST_F(PaletteExchangeTest, WhatIsNoPaletteIsSaidAndChangesNothing) {
         d.answerPanel(std::nullopt);
         EXPECT_EQ(c.history().undoSteps(), 0);
         EXPECT_EQ(d.forms.count("ImportPanel"), 0u);
+    });
+}
+
+TEST_F(PaletteExchangeTest, DroppedFilesOpenTheirImportOnceTheDropIsOver) {
+    write("b.hex", "#00ff00 Green\n");
+    pick([this](ChromalogControler& c, HeadlessDesktop& d) {
+        CSwatchList& list = c.panels().two.view;
+        EXPECT_TRUE(list.acceptsFiles());
+        EXPECT_TRUE(list.filesDropped({path("a.gpl"), path("b.hex")}, false));
+        EXPECT_EQ(d.forms.count("ImportPanel"), 0u) << "the other program waits for the end of the drop";
+        inPanel(
+            d, "ImportPanel", [&d] { d.advance(0.01); },
+            [&](HeadlessForm& panel) {
+                EXPECT_EQ(panel.outlet<HeadlessTextField>("importNote").text(), "a.gpl: 2 files, 3 colors");
+                EXPECT_EQ(c.history().undoSteps(), 0);
+                panel.send("importAppend:");
+            });
+        EXPECT_EQ(list.getNumberOfColors(), 3);
+        EXPECT_THAT(c.history().manager()->undoNames(), ElementsAre("!Import!"));
+        EXPECT_EQ(c.panels().one.view.getNumberOfColors(), 0);
+    });
+}
+
+TEST_F(PaletteExchangeTest, ADroppedSwatchFileLoadsAtOnceWithShiftAlone) {
+    const auto bytes =
+        rulesOf(PaletteFormat::aco).write(rulesOf(PaletteFormat::gpl).read(bytesOf("a.gpl")).palette);
+    write("a.ACO", {bytes.begin(), bytes.end()});
+    pick([this](ChromalogControler& c, HeadlessDesktop& d) {
+        CSwatchList& list = c.panels().one.view;
+        EXPECT_TRUE(list.filesDropped({path("a.gpl"), path("a.ACO")}, true));
+        EXPECT_THAT(c.history().manager()->undoNames(), ElementsAre("!Swatch File loaded!"));
+        EXPECT_EQ(list.getSwatchName(), "a.ACO");
+        d.advance(1);
+        EXPECT_EQ(d.forms.count("ImportPanel"), 0u);
+        EXPECT_TRUE(list.filesDropped({path("a.ACO")}, false));
+        inPanel(
+            d, "ImportPanel", [&d] { d.advance(0.01); },
+            [](HeadlessForm& panel) {
+                EXPECT_EQ(panel.outlet<HeadlessTextField>("importNote").text(),
+                          "a.ACO: Swatch file, 2 colors");
+            });
+        EXPECT_TRUE(list.filesDropped({path("a.gpl")}, true)) << "the key is about swatch files";
+        inPanel(
+            d, "ImportPanel", [&d] { d.advance(0.01); },
+            [](HeadlessForm& panel) { panel.send("importReplace:"); });
+        EXPECT_EQ(list.getSwatchName(), "a.gpl");
+    });
+}
+
+TEST_F(PaletteExchangeTest, ADroppedFileThatIsNoPaletteIsRefusedAndSaid) {
+    write("photo.jpg", "\xFF\xD8\xFF");
+    pick([this](ChromalogControler& c, HeadlessDesktop& d) {
+        for (const bool shift : {false, true})
+            for (const char* name : {"photo.jpg", "nowhere.gpl"}) {
+                d.statusLine().takeBack(StatusLine::About::files);
+                EXPECT_FALSE(c.panels().one.view.filesDropped({path("a.gpl"), path(name)}, shift));
+                EXPECT_THAT(d.statusLine().text(), HasSubstr(std::string(name) + " could not be read: "));
+                d.advance(1);
+            }
+        EXPECT_EQ(d.forms.count("ImportPanel"), 0u);
+        EXPECT_EQ(c.history().undoSteps(), 0);
     });
 }
 

@@ -113,6 +113,16 @@ TEST_F(DriveRows, AFileThatIsDroppedOnAListLoadsInOneStep) {
     EXPECT_THAT(elsewhere.err, HasSubstr("script:1: chromaView takes no file '"));
 }
 
+TEST_F(DriveRows, FilesThatAreDroppedWithoutAKeyOpenTheirImport) {
+    write("sky.gpl", std::string("GIMP Palette\n1 2 3\tNight\n"));
+    playWell("dropfiles swatch2 30 30 $/twelve.aco $/sky.gpl\nstate $/panel.json\npress importReplace:\n" +
+             std::string(kState));
+    EXPECT_EQ(state("panel.json")["outlets"]["importNote"]["text"], "twelve.aco: 2 files, 13 colors");
+    EXPECT_EQ(state("panel.json")["lists"][1]["viewCount"], 0);
+    EXPECT_EQ(state()["lists"][1]["viewCount"], 13);
+    EXPECT_EQ(labels(), (json{"!Import!"}));
+}
+
 TEST_F(DriveRows, AFileThatCannotBeReadChangesNothing) {
     playWell("dropfile swatch1 30 30 $/missing.aco\n" + std::string(kState), {"--option"});
     EXPECT_THAT(labels(), IsEmpty());
@@ -210,6 +220,7 @@ TEST_F(DriveRows, TheNewCommandsAreRefusedInAWrongPlace) {
         {"dclick swatch1 3\n", "script:1: dclick takes the words OUTLET X Y"},
         {"dclick nowhere 3 3\n", "script:1: unknown outlet 'nowhere'"},
         {"dropfile swatch1 3 3\n", "script:1: dropfile takes the words OUTLET X Y PATH"},
+        {"dropfiles swatch1 3 3\n", "script:1: dropfiles takes the words OUTLET X Y PATH..."},
         {"press loadSwatch1:\ndclick swatch1 3 3\n",
          "script:2: dclick is not allowed while a file panel is open"},
         {"press loadSwatch1:\ndropfile swatch1 3 3 x.aco\n",

@@ -150,33 +150,55 @@ TEST_F(ListsOnServer, ANameIsTypedWhereItStands) {
     EXPECT_EQ(undoNames().back(), "!Swatch renamed!");
 }
 
-TEST_F(ListsOnServer, AFileFromAnotherWindowLoadsWhereItIsDropped) {
-    FileWindow files(folder / "swatches.aco");
-    files.move(1700, 100);
-    files.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&files));
-    const auto target = row("swatch2", 4);
-    const auto always = [] { return true; };
-    const QPoint from = files.mapToGlobal(QPoint(30, 30));
-    const QWidget* list = desktop->widget("swatch2");
-    bool entered = false;
-    struct Watch : QObject {
-        bool& entered;
-        explicit Watch(bool& e) : entered(e) {}
-        bool eventFilter(QObject*, QEvent* e) override {
-            return entered |= e->type() == QEvent::DragMove, false;
-        }
-    } watch(entered);
-    desktop->widget("swatch2")->installEventFilter(&watch);
-    during(
-        {{always, {"mousedown", "1"}},
-         {always, to(from + QPoint(20, 5))},
-         {always, to(target - QPoint(3, 0))},
-         {always, to(target)},
-         {[&] { return entered; }, {"mouseup", "1"}}},
-        [from] { moveTo(from); }, [this] { return two().getNumberOfColors() == 40; });
+class FilesOnServer : public ListsOnServer {
+  protected:
+    /// Drags the file from another window onto list 2; what follows the drop is seen in `done`.
+    void dropFile(const std::function<bool()>& done) {
+        FileWindow files(folder / "swatches.aco");
+        files.move(1700, 100);
+        files.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&files));
+        const auto target = row("swatch2", 4);
+        const auto always = [] { return true; };
+        const QPoint from = files.mapToGlobal(QPoint(30, 30));
+        bool entered = false;
+        struct Watch : QObject {
+            bool& entered;
+            explicit Watch(bool& e) : entered(e) {}
+            bool eventFilter(QObject*, QEvent* e) override {
+                return entered |= e->type() == QEvent::DragMove, false;
+            }
+        } watch(entered);
+        desktop->widget("swatch2")->installEventFilter(&watch);
+        during(
+            {{always, {"mousedown", "1"}},
+             {always, to(from + QPoint(20, 5))},
+             {always, to(target - QPoint(3, 0))},
+             {always, to(target)},
+             {[&] { return entered; }, {"mouseup", "1"}}},
+            [from] { moveTo(from); }, done);
+    }
+};
+
+TEST_F(FilesOnServer, AFileFromAnotherWindowLoadsWhereItIsDroppedWithShift) {
+    tool({"keydown", "shift"});
+    dropFile([this] { return two().getNumberOfColors() == 40; });
+    tool({"keyup", "shift"});
     EXPECT_EQ(undoNames(), (std::vector<std::string>{"!Swatch File loaded!", "!Swatch File loaded!"}));
-    EXPECT_TRUE(list->isVisible());
+    EXPECT_FALSE(desktop->widget("importWindow"));
+}
+
+TEST_F(FilesOnServer, AFileFromAnotherWindowOpensItsImport) {
+    const auto button = [this] { return desktop->widget("importAppend"); };
+    QTimer press;
+    QObject::connect(&press, &QTimer::timeout, [&] {
+        if (!button() || !button()->isVisible() || !button()->window()->isActiveWindow()) return;
+        press.stop();
+        clickAt(button()->mapToGlobal(button()->rect().center()));
+    });
+    press.start(10);
+    dropFile([this] { return two().getNumberOfColors() == 40; });
+    EXPECT_EQ(undoNames(), (std::vector<std::string>{"!Swatch File loaded!", "!Import!"}));
 }
 
 TEST_F(ListsOnServer, ASearchLandsOnItsHitAndReturnTakesIt) {
