@@ -38,7 +38,8 @@ ChromalogControler::ChromalogControler(GlobalRecord& data, Desktop& desktop)
       exchange_({panels_.one, panels_.two, desktop, outlets_.chromalogWindow,
                  data.pickerRecord->colorServices,
                  [this](std::string_view label) { setUndoablePosition(label); },
-                 [this](std::string_view latest) { describeSteps(latest, {}); }}),
+                 [this](std::string_view latest) { describeSteps(latest, {}); },
+                 [this](const SwatchPanel& panel) { return panels_.rows(panel.view).rows(); }}),
       tools_({atHand_, colours_, panels_, desktop, outlets_.chromalogWindow, data.pickerRecord->colorServices,
               [this](std::string_view label) { setUndoablePosition(label); }, views_}) {
     gChromalogControler = this;

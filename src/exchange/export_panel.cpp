@@ -17,7 +17,7 @@ std::string rowOf(const PaletteFormatRules& rules, const Palette& list) {
 
 } // namespace
 
-ExportPanel::ExportPanel(Desktop& desktop, const Palette& list, bool hasSelection) : desktop_(desktop) {
+ExportPanel::ExportPanel(Desktop& desktop, const Palette& list, std::size_t selected) : desktop_(desktop) {
     form_ = desktop_.loadForm("ExportPanel", owner());
     if (!form_) desktop_.log("failed to load the form ExportPanel");
     exportWindow->whenClosed([this] { desktop_.stopModal(0); });
@@ -26,7 +26,9 @@ ExportPanel::ExportPanel(Desktop& desktop, const Palette& list, bool hasSelectio
         rows.push_back(rowOf(rules, list));
     exportKinds->setRows(rows);
     exportAll->setEnabled(!list.colours.empty());
-    exportSelected->setEnabled(hasSelection);
+    exportSelected->setEnabled(selected > 0);
+    exportAll->setTitle("Export all " + std::to_string(list.colours.size()) + "…");
+    exportSelected->setTitle("Export selected " + std::to_string(selected) + "…");
 }
 
 FormOwner ExportPanel::owner() {

@@ -18,7 +18,7 @@ struct ExportChoice {
 /// time.
 class ExportPanel {
   public:
-    ExportPanel(Desktop&, const Palette& list, bool hasSelection);
+    ExportPanel(Desktop&, const Palette& list, std::size_t selected); ///< how many rows of it are
     std::optional<ExportChoice> run(); ///< returns when it is closed; nothing: cancelled
 
   private:

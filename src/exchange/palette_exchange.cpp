@@ -127,8 +127,8 @@ void PaletteExchange::exportList(SwatchPanel& panel) {
     const std::string shown = panel.nameField->text();
     const std::string name = withoutExtension(fileNameOf(shown));
     Palette list = paletteOfSwatches(rowsOf(panel), name);
-    const std::vector<int> rows = selectedRows(panel);
-    const auto choice = ExportPanel(parts_.desktop, list, !rows.empty()).run();
+    const std::vector<int> rows = parts_.selectedRows(panel);
+    const auto choice = ExportPanel(parts_.desktop, list, rows.size()).run();
     if (!choice) return;
     if (choice->selectedOnly) {
         std::vector<PaletteColour> selected;

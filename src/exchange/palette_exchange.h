@@ -18,7 +18,8 @@ struct PaletteExchangeParts {
     Outlet<Window>& dialog; ///< carries the sheets
     ColorServicesProc services;
     std::function<void(std::string_view labelKey)> setUndoablePosition;
-    std::function<void(std::string_view latest)> describeStep; ///< what undoing the latest step does
+    std::function<void(std::string_view latest)> describeStep;        ///< what undoing the latest step does
+    std::function<std::vector<int>(const SwatchPanel&)> selectedRows; ///< of a list, in rising order
 };
 
 /// Palettes of every kind into a list, after a look at what they hold, and out of it. The buttons that load
@@ -40,13 +41,6 @@ class PaletteExchange {
     void keepInLibrary(SwatchPanel&);
 
     std::vector<ActionEntry> actions();
-
-    /// The rows of a list that are selected, in order; those of several replace it.
-    std::function<std::vector<int>(SwatchPanel&)> selectedRows = [](SwatchPanel& panel) {
-        const int row = panel.view.getSelected();
-        return row >= 0 && row < clampedCount(panel.view.getNumberOfColors()) ? std::vector{row}
-                                                                              : std::vector<int>();
-    };
 
   private:
     LibraryPanel& library();

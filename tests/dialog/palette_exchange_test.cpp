@@ -233,6 +233,33 @@ TEST_F(PaletteExchangeTest, AListGoesOutAsTheKindThatIsChosen) {
     });
 }
 
+TEST_F(PaletteExchangeTest, RowsThatAreSelectedTogetherGoOutTogether) {
+    write("four.hex", "#ff0000 Red\n#0000ff Blue\n#00ff00 Green\n#ffff00 Yellow\n");
+    pick([this](ChromalogControler& c, HeadlessDesktop& d) {
+        bringIn(
+            d, "four.hex", [](HeadlessForm& panel) { panel.send("importReplace:"); }, "importPalette2:");
+        CSwatchList& list = c.panels().two.view;
+        const auto press = [&list](int row, bool shift) {
+            MouseEvent event;
+            event.location = {50, 22.0 * row + 15};
+            event.shift = shift;
+            list.mouseDown(event);
+        };
+        press(1, false);
+        press(3, true);
+        inPanel(
+            d, "ExportPanel", [&d] { d.forms.at("chromalogWindow")->send("exportPalette2:"); },
+            [](HeadlessForm& panel) {
+                EXPECT_EQ(panel.outlet<HeadlessButton>("exportAll").title(), "Export all 4…");
+                EXPECT_EQ(panel.outlet<HeadlessButton>("exportSelected").title(), "Export selected 3…");
+                panel.outlet<HeadlessRowList>("exportKinds").selected = 8;
+                panel.send("exportSelected:");
+            });
+        d.answerPanel(path("out.hex"));
+        EXPECT_EQ(contents("out.hex"), "#0000ff Blue\n#00ff00 Green\n#ffff00 Yellow\n");
+    });
+}
+
 TEST_F(PaletteExchangeTest, AnEmptyListHasNothingToExport) {
     pick([](ChromalogControler&, HeadlessDesktop& d) {
         inPanel(
