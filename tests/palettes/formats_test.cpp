@@ -103,6 +103,19 @@ TEST(AcoPalette, WhereTheNamesEndEarlyTheFirstSectionCounts) {
     EXPECT_EQ(read.unread, 1u);
 }
 
+TEST(ActPalette, TheTransparentColourIsRead) {
+    const std::string table(768, '\x40');
+    const auto alphas = [&table](std::string_view tail) {
+        std::vector<double> all;
+        for (const PaletteColour& c : readAs(PaletteFormat::act, table + std::string(tail)).palette.colours)
+            all.push_back(c.alpha);
+        return all;
+    };
+    EXPECT_THAT(alphas("\0\3\0\1"sv), ElementsAre(1, 0, 1));
+    EXPECT_THAT(alphas("\0\2\xFF\xFF"sv), ElementsAre(1, 1));
+    EXPECT_THAT(alphas("\0\2\0\7"sv), ElementsAre(1, 1));
+}
+
 TEST(AcbPalette, NamesArePrefixNameAndPostfix) {
     const std::string text = "8BCB\0\1\0\0"s + "\0\0\0\x09\0$\0$\0$\0/\0t\0=\0B\0^\0R"s + "\0\0\0\2\0P\0 "s +
                              "\0\0\0\2\0 \0C"s + "\0\0\0\0\0\2\0\x9\0\0\0\x7"s + "\0\0\0\1\0\x37"s +

@@ -3,6 +3,7 @@
 #include "palettes/byte_reader.h"
 #include "palettes/component_codes.h"
 #include "palettes/palette_text.h"
+#include "palettes/shared_names.h"
 
 #include <algorithm>
 #include <optional>
@@ -80,6 +81,7 @@ ReadPalette readAcbPalette(Bytes file) {
     const auto space = spaceOfType(in.word());
     if (in.ended()) throw PaletteError("the color book ends before its colors");
     if (!space) throw PaletteError("the colors of this book are neither RGB nor CMYK nor Lab");
+    SharedNames shared;
     for (std::size_t i = 0; i < count; ++i) {
         PaletteColour colour;
         const std::string name = readText(in);
@@ -92,6 +94,7 @@ ReadPalette readAcbPalette(Bytes file) {
             break;
         }
         if (name.empty()) continue;
+        shared.take(prefix.size() + postfix.size());
         colour.name = prefix + name + postfix;
         colour.space = *space;
         takeBookBytes(bytes, colour);

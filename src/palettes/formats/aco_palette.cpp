@@ -2,6 +2,7 @@
 
 #include "palettes/byte_reader.h"
 #include "palettes/component_codes.h"
+#include "palettes/formats/swatch_groups.h"
 #include "palettes/palette_text.h"
 
 #include <algorithm>
@@ -79,8 +80,11 @@ ReadPalette readAcoPalette(Bytes file) {
         count = std::max(count, named);
     }
     ReadPalette read;
-    for (Record& record : records)
-        if (record.known) addColour(read.palette, std::move(record.colour));
+    std::vector<std::string> groups = swatchGroups(in.take(in.left()));
+    for (std::size_t i = 0; i < records.size(); ++i) {
+        if (i < groups.size()) records[i].colour.group = std::move(groups[i]);
+        if (records[i].known) addColour(read.palette, std::move(records[i].colour));
+    }
     read.unread = count - read.palette.colours.size();
     return read;
 }

@@ -15,10 +15,11 @@ constexpr unsigned kNoneTransparent = 0xFFFF;
 
 ReadPalette readActPalette(Bytes file) {
     if (file.size() != kTableSize && file.size() != kWithCount) throw PaletteError("this is no color table");
-    std::size_t count = kEntries;
+    std::size_t count = kEntries, transparent = kNoneTransparent;
     if (file.size() == kWithCount) {
         ByteReader tail(file.subspan(kTableSize));
         count = std::min<std::size_t>(tail.word(), kEntries);
+        transparent = tail.word();
     }
     ReadPalette read;
     ByteReader in(file);
@@ -26,6 +27,7 @@ ReadPalette readActPalette(Bytes file) {
         PaletteColour colour;
         for (std::size_t c = 0; c < 3; ++c)
             colour.components[c] = in.byte() / 255.0;
+        if (i == transparent) colour.alpha = 0;
         read.palette.colours.push_back(std::move(colour));
     }
     return read;

@@ -4,8 +4,8 @@
 
 namespace chromalog {
 
-/// Colour tables (.act): 256 RGB colours without names; four more bytes tell how many count. The index of a
-/// transparent colour is not read.
+/// Colour tables (.act): 256 RGB colours without names; four more bytes tell how many count, and which
+/// of them is transparent; that is read, and not written.
 ReadPalette readActPalette(Bytes file);
 std::vector<std::uint8_t> writeActPalette(const Palette&);
 

@@ -3,6 +3,7 @@
 #include "palettes/byte_reader.h"
 #include "palettes/component_codes.h"
 #include "palettes/palette_text.h"
+#include "palettes/shared_names.h"
 
 #include <algorithm>
 
@@ -102,6 +103,7 @@ ReadPalette readAsePalette(Bytes file) {
     in.longWord(); // blocks: not trusted
     ReadPalette read;
     std::string group;
+    SharedNames names;
     while (in.left() >= 2) {
         const unsigned kind = in.word();
         const std::size_t length = in.longWord();
@@ -111,6 +113,7 @@ ReadPalette readAsePalette(Bytes file) {
         else if (kind == kGroupEnd)
             group.clear();
         if (kind != kColour) continue;
+        names.take(group.size());
         PaletteColour colour;
         colour.group = group;
         if (readColour(block, colour))

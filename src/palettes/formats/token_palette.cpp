@@ -3,6 +3,7 @@
 #include "palettes/formats/token_groups.h"
 #include "palettes/formats/token_value.h"
 #include "palettes/palette_text.h"
+#include "palettes/shared_names.h"
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
@@ -13,7 +14,8 @@ namespace chromalog {
 namespace {
 
 constexpr std::size_t kDeepest = 64;
-constexpr int kMostHops = 16; // of aliases that lead to aliases
+constexpr std::size_t kLongestType = 16; // a type that is longer is none of colours
+constexpr int kMostHops = 16;            // of aliases that lead to aliases
 
 std::string joined(const std::vector<std::string>& keys, char separator) {
     std::string text;
@@ -62,6 +64,7 @@ class TokenReader {
     ReadPalette read_;
     std::vector<std::string> paths_;   ///< of the colours, by full stops
     std::vector<std::string> targets_; ///< of those that are aliases; else empty
+    SharedNames shared_;
     std::vector<Frame> frames_;
     std::vector<std::string> keys_; ///< of the open frames
     std::string key_;               ///< the latest
@@ -114,7 +117,7 @@ bool TokenReader::string(std::string& text) {
         frame.hasValue = true;
         frame.value.text = text;
     } else if (frame.kind == Kind::group && key_ == "$type") {
-        frame.type = text;
+        frame.type = text.substr(0, kLongestType);
     } else if (frame.kind == Kind::group && key_ == "$description" && frames_.size() == 1) {
         read_.palette.title = textOfBytes(text);
     } else if ((frame.kind == Kind::group || frame.kind == Kind::list) && text.starts_with('#') &&
@@ -156,6 +159,8 @@ void TokenReader::add(const TokenValue& value) {
         ++read_.unread;
         return;
     }
+    for (const std::string& key : keys_)
+        shared_.take(key.size());
     paths_.push_back(joined(keys_, '.'));
     targets_.push_back(value.isAlias() ? value.text.substr(1, value.text.size() - 2) : std::string());
     std::vector<std::string> groups(keys_.begin(), keys_.end() - 1);
