@@ -3,6 +3,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <spawn.h>
@@ -62,17 +63,32 @@ void runs(benchmark::State& state, std::vector<std::string> words) {
     }
 }
 
-void convertAFile(benchmark::State& state) {
+/// A file of 5,000 colours that a command makes a GIMP palette of.
+void converts(benchmark::State& state, std::vector<std::string> words) {
     const auto folder = std::filesystem::temp_directory_path();
     const std::string in = folder / "palettes_bench.ase", out = folder / "palettes_bench.gpl";
     const auto file = rulesOf(PaletteFormat::ase).write(fitted(PaletteFormat::gpl));
     std::ofstream(in, std::ios::binary)
         .write(reinterpret_cast<const char*>(file.data()), static_cast<std::streamsize>(file.size()));
-    runs(state, {CHROMALOG_PROGRAM, "convert", in, out});
+    words.insert(words.end(), {in, out});
+    runs(state, words);
     std::filesystem::remove(in);
     std::filesystem::remove(out);
 }
+
+void convertAFile(benchmark::State& state) {
+    converts(state, {CHROMALOG_PROGRAM, "convert"});
+}
 BENCHMARK(convertAFile)->UseRealTime();
+
+/// The packages that dev/cross_check installs.
+void convertByNode(benchmark::State& state) {
+    const std::string packages = CHROMALOG_PACKAGES;
+    if (!std::filesystem::exists(packages + "/node_modules/ase-utils"))
+        return state.SkipWithError("not installed");
+    converts(state, {"node", packages + "/convert.cjs"});
+}
+BENCHMARK(convertByNode)->UseRealTime();
 
 void execOfTrue(benchmark::State& state) {
     runs(state, {"true"});
@@ -80,7 +96,8 @@ void execOfTrue(benchmark::State& state) {
 BENCHMARK(execOfTrue)->UseRealTime();
 
 void execOfNode(benchmark::State& state) {
-    runs(state, {"sh", "-c", "command -v node >/dev/null || exit 0; exec node -e 0"});
+    if (std::system("command -v node >/dev/null") != 0) return state.SkipWithError("not installed");
+    runs(state, {"node", "-e", "0"});
 }
 BENCHMARK(execOfNode)->UseRealTime();
 

@@ -141,6 +141,7 @@ OPERATIONS = [
     *palettes("write", "written"),
     Operation("chromalog convert, exec to exit", "palettes", "bench_palettes convertAFile", [
         limit("exec of true", "bench_palettes execOfTrue"),
+        peer("ase-utils by node", "bench_palettes convertByNode", 0.5),
         peer("node, which does nothing", "bench_palettes execOfNode", 0.5)], bound=30 * MS),
     Operation("preferences written", "files", "bench_prefs preferencesWrite/4999/4999", [
         limit("write, rename", "bench_prefs plainWriteAndRename", 1.25)]),

@@ -11,6 +11,7 @@ ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__)
 BUILD = os.path.join(ROOT, "build-bench")
 OWN = ["pointer_bench", "write_lists", "label_window", "colour_dialog", "chromalog", "Chromalog"]
 UNITS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
+NOT_INSTALLED = "not installed"  # what a benchmark says of a peer
 WRITER = 'while :; do dd if=/dev/zero of="$0" bs=1M count=8 conv=fsync status=none; done'
 
 
@@ -53,9 +54,13 @@ def writer(folder):
 
 
 def samples_of(output):
-    """The time of every benchmark in what a program printed: the processor's, the clock's where it says so."""
+    """The time of every benchmark in what a program printed: the processor's, the clock's where it says so; None
+    of what is not installed."""
     found = {}
     for run in json.loads(output)["benchmarks"]:
+        if run.get("error_message") == NOT_INSTALLED:
+            found[run["name"].removesuffix("/real_time")] = None
+            continue
         if run.get("error_occurred"):
             raise Failed(f"{run['name']}: {run['error_message']}")
         name = run["name"].removesuffix("/real_time")
@@ -100,5 +105,7 @@ class Programs:
             with writer(self.folder) if beside_writer else contextlib.nullcontext():
                 found = self.run(name, self.wanted[name, beside_writer])
             for benchmark, value in found.items():
+                if value is None:
+                    continue
                 samples[f"{name} {benchmark}" + (" +writer" if beside_writer else "")] = value
         return samples
