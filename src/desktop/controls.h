@@ -129,8 +129,9 @@ class Window : public Control {
     virtual bool visible() const { return false; }
     virtual void makeKeyAndOrderFront() {}
     virtual void orderOut() {}
-    virtual void attachAsChildOf(Window&) {}          ///< floats above it, and works while it is modal
-    virtual void whenClosed(std::function<void()>) {} ///< by the close box or Escape
+    virtual void attachAsChildOf(Window&) {}            ///< floats above it, and works while it is modal
+    virtual void standBeside(Window&, bool /*left*/) {} ///< where the screen has room on either side of it
+    virtual void whenClosed(std::function<void()>) {}   ///< by the close box or Escape
 };
 
 } // namespace chromalog

@@ -18,7 +18,7 @@ PaletteLibrary libraryOf(const Desktop& desktop) {
 }
 
 LibraryPanel::LibraryPanel(Desktop& desktop, Window& dialog, std::function<void(const std::string&)> load)
-    : desktop_(desktop), library_(libraryOf(desktop)) {
+    : desktop_(desktop), dialog_(dialog), library_(libraryOf(desktop)) {
     view_.chosen = [this, load = std::move(load)](int row) {
         const std::string path = view_.entries()[static_cast<std::size_t>(row)].path;
         load(path);
@@ -37,7 +37,8 @@ FormOwner LibraryPanel::owner() {
             {}};
 }
 
-void LibraryPanel::show(const std::string& note) {
+void LibraryPanel::show(const std::string& note, bool left) {
+    if (!libraryWindow->visible()) libraryWindow->standBeside(dialog_, left);
     libraryNote->setText(note);
     libraryWindow->makeKeyAndOrderFront();
     refresh();

@@ -18,8 +18,8 @@ class LibraryPanel {
     /// `load` gets the path of the palette that was chosen.
     LibraryPanel(Desktop&, Window& dialog, std::function<void(const std::string& path)> load);
 
-    /// `note`: into which list a click loads.
-    void show(const std::string& note);
+    /// `note`: into which list a click loads; `left`: on which side of the dialog that list stands.
+    void show(const std::string& note, bool left);
     void refresh();
 
   private:
@@ -28,6 +28,7 @@ class LibraryPanel {
     void watch();
 
     Desktop& desktop_;
+    Window& dialog_;
     const PaletteLibrary library_;
     std::uint64_t state_ = 0;
     LibraryView view_;

@@ -80,7 +80,8 @@ LibraryPanel& PaletteExchange::library() {
 
 void PaletteExchange::showLibrary(SwatchPanel& panel) {
     libraryLoadsInto_ = &panel;
-    library().show(std::string("A click loads into list ") + (&panel == &parts_.one ? "1." : "2."));
+    const bool isFirst = &panel == &parts_.one;
+    library().show(isFirst ? "A click loads into list 1." : "A click loads into list 2.", isFirst);
 }
 
 void PaletteExchange::keepInLibrary(SwatchPanel& panel) {

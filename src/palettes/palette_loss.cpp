@@ -71,8 +71,8 @@ std::vector<std::string> lossLines(const PaletteLoss& loss, const std::string& i
     sayColours(loss.references, "left out: found in a color book only");
     for (std::size_t i = 0; i < kPaletteSpaces; ++i) {
         const bool isInk = i == static_cast<std::size_t>(PaletteSpace::cmyk);
-        sayColours(loss.converted[i],
-                   "converted from " + std::string(kSpaceNames[i]) + " to RGB" + (isInk ? " by " + ink : ""));
+        sayColours(loss.converted[i], "converted from " + std::string(kSpaceNames[i]) + " to RGB by " +
+                                          (isInk ? ink : "a formula"));
     }
     sayColours(loss.rounded, "rounded");
     sayNames(loss.namesLost, "lost");

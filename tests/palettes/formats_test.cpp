@@ -293,6 +293,9 @@ TEST(PaletteLoss, CountsEachKindAndSaysItInWords) {
                     "1 name cut short", "1 color with another alpha", "the palette's name is lost"));
     EXPECT_THAT(lossLines(lossOf(before, {{"Mine", {before.colours[2], before.colours[0]}}, {2, 0}}), ""),
                 testing::Contains("2 colors in another order"));
+    const Palette lab{{}, {inSpace(PaletteSpace::lab, {50, 0, 0})}};
+    EXPECT_THAT(lossLines(lossOf(lab, {{{}, {colour("", 7)}}, {0}}), "the host"),
+                ElementsAre("1 color converted from Lab to RGB by a formula"));
     EXPECT_TRUE(lossLines({}, "").empty());
 }
 

@@ -1,6 +1,7 @@
 // The dialog opens as a person left it, whatever the settings file holds.
 #include "qt/desktop_fixture.h"
 
+#include "qt/controls/window_control.h"
 #include "qt/settings_file.h"
 #include "qt/window_memory.h"
 
@@ -67,6 +68,17 @@ class WindowMemoryTest : public DesktopTest {
     static QAction* item(QDialog& window) { return window.findChild<QAction*>("itemTones"); }
     static QWidget* box(QDialog& window) { return window.findChild<QWidget*>("boxTones"); }
 };
+
+TEST(WindowPlace, APanelStandsBesideTheDialogWhereThereIsRoom) {
+    const QRect screen(0, 20, 1600, 900), dialog(250, 100, 1000, 600);
+    const QSize panel(240, 400);
+    EXPECT_EQ(placeBeside(dialog, panel, screen, true), QPoint(10, 100));
+    EXPECT_EQ(placeBeside(dialog, panel, screen, false), QPoint(1250, 100));
+    EXPECT_EQ(placeBeside(dialog.translated(-100, 0), panel, screen, true), QPoint(1150, 100))
+        << "on the other side";
+    EXPECT_EQ(placeBeside(dialog.translated(0, -90), panel, screen, true), QPoint(10, 20));
+    EXPECT_FALSE(placeBeside(screen, panel, screen, true));
+}
 
 TEST_F(WindowMemoryTest, SizePlaceAndFoldsLast) {
     open([](QDialog& window) {

@@ -50,7 +50,7 @@ QPoint besideOthers(const QWidget& panel, const QWidget& dialog, QPoint at, int 
 }
 
 /// Where its screen has room, to the right of the window that carries it; else over that window's right edge.
-void placeBeside(QWidget& panel, const QWidget& dialog) {
+void placeByDialog(QWidget& panel, const QWidget& dialog) {
     constexpr int gap = 8; // pixels
     const QRect around = dialog.frameGeometry(), free = dialog.screen()->availableGeometry();
     const int width = panel.sizeHint().width() + gap, most = free.right() - width;
@@ -66,7 +66,7 @@ void WindowControl::makeKeyAndOrderFront() {
     if (!widget_) return;
     const QWidget* dialog = widget_->parentWidget();
     if (!std::exchange(placed_, true) && dialog && widget_->property(kBeside).toBool())
-        placeBeside(*widget_, *dialog);
+        placeByDialog(*widget_, *dialog);
     widget_->show();
     widget_->raise();
     widget_->activateWindow();
@@ -83,6 +83,25 @@ void WindowControl::attachAsChildOf(Window& parent) {
     const bool shown = widget_->isVisible();
     widget_->setParent(above->dialog(), Qt::Tool | kDialogFlags);
     widget_->setVisible(shown);
+}
+
+std::optional<QPoint> placeBeside(const QRect& window, QSize size, const QRect& available, bool left) {
+    const int top = std::max(window.top(), available.top());
+    QPoint first(window.left() - size.width(), top), second(window.right() + 1, top);
+    if (!left) std::swap(first, second);
+    for (const QPoint place : {first, second})
+        if (available.contains(QRect(place, size))) return place;
+    return std::nullopt;
+}
+
+void WindowControl::standBeside(Window& other, bool left) {
+    const auto* beside = dynamic_cast<WindowControl*>(&other);
+    if (!widget_ || !beside || !beside->dialog()) return;
+    const QDialog& dialog = *beside->dialog();
+    const QSize frame = dialog.frameSize() - dialog.size(); // not known yet of a window that has not shown
+    const auto place = placeBeside(dialog.frameGeometry(), widget_->size() + frame,
+                                   dialog.screen()->availableGeometry(), left);
+    if (place) widget_->move(*place);
 }
 
 void MenuControl::popUp(const View& view, Point at) {

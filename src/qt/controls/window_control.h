@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QMenu>
 
+#include <optional>
 #include <vector>
 
 namespace chromalog {
@@ -29,6 +30,10 @@ class DialogWindow : public QDialog {
 constexpr Qt::WindowFlags kDialogFlags =
     Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
 
+/// The corner of a window of that size beside another, on the other side where there is no room; nothing
+/// where the screen has room on neither.
+std::optional<QPoint> placeBeside(const QRect& window, QSize size, const QRect& available, bool left);
+
 class WindowControl : public WidgetControl<Window, DialogWindow> {
   public:
     explicit WindowControl(DialogWindow*);
@@ -39,6 +44,7 @@ class WindowControl : public WidgetControl<Window, DialogWindow> {
     void makeKeyAndOrderFront() override;
     void orderOut() override;
     void attachAsChildOf(Window&) override;
+    void standBeside(Window&, bool left) override;
     void whenClosed(std::function<void()>) override;
 
   private:
