@@ -7,7 +7,7 @@ log=$build/setup.log
 tools_debian="g++ cmake ninja-build"
 libraries_debian="qt6-base-dev libqt6opengl6-dev qt6-tools-dev liblcms2-dev libcli11-dev
   nlohmann-json3-dev libexpat1-dev"
-at_run_time_debian="libgs-common fonts-liberation fonts-dejavu-core"
+at_run_time_debian="libgs-common fonts-liberation fonts-dejavu-core qt6-image-formats-plugins"
 for_tests_debian="libgtest-dev libgmock-dev libx11-dev xvfb openbox xdotool xauth poppler-utils qpdf
   cups-daemon cups-client dbus at-spi2-core python3-gi gir1.2-atspi-2.0 gir1.2-gtk-3.0
   adwaita-qt6"

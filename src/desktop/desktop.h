@@ -6,8 +6,10 @@
 #include "desktop/form.h"
 #include "desktop/panels.h"
 #include "desktop/pasteboard.h"
+#include "desktop/picture_reading.h"
 #include "desktop/printing.h"
 #include "desktop/status_line.h"
+#include "desktop/worker.h"
 
 #include <cstdint>
 #include <ctime>
@@ -58,6 +60,11 @@ class Desktop {
         then();
     }
     virtual void finishBackground() {} ///< returns when nothing of the kind is under way
+    /// Another thread for what may take a second: it holds up nothing of the above.
+    virtual std::unique_ptr<Worker> makeWorker() { return std::make_unique<Worker>(); }
+
+    /// A picture in a file of this machine; nothing is read before it is asked for.
+    virtual PictureSource pictureFile(const std::string& path) const { return {path, {}}; }
 
     virtual void playSound(std::string_view name) = 0; ///< nothing where the system does not have it
     virtual bool optionKeyHeld() const = 0;            ///< asked of the keyboard now

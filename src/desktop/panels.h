@@ -19,7 +19,8 @@ using PanelAnswer = std::function<void(std::optional<std::string> path)>;
 
 /// A sheet for one file, no directories.
 struct OpenPanel {
-    std::vector<std::string> types; ///< extensions without a dot
+    std::vector<std::string> types;    ///< extensions without a dot
+    std::string kind = "Swatch files"; ///< what they are, for people
 };
 
 /// A sheet for a name to save under; the panel asks before an existing file is replaced.

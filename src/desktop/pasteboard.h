@@ -2,7 +2,9 @@
 
 #include "base/colour.h"
 #include "base/geometry.h"
+#include "desktop/picture_reading.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -15,6 +17,8 @@ struct Pasteboard {
     std::optional<Colour> colour;
     std::optional<std::string> text; ///< UTF-8
     std::string name{};              ///< of the colour, within this process: no other program is told
+    /// Fetches the picture, or the file that may be one, at once: it can be large. Empty: there is none.
+    std::function<PictureSource()> picture{};
 };
 
 /// Something that drags start from. Compared by address, never asked for anything.

@@ -1,5 +1,8 @@
 #include "dialog/colour_tools.h"
 
+#include "history/undo_labels.h"
+#include "swatches/added_colours.h"
+
 namespace chromalog {
 
 ColourTools::ColourTools(ColourToolsParts parts)
@@ -22,6 +25,7 @@ std::vector<ActionEntry> ColourTools::actions() {
     actions.push_back({"compareLists:", [this] { compare_.show(ComparisonView::onlyOne); }});
     actions.push_back({"findNearDoubles:", [this] { compare_.show(ComparisonView::doublesOne); }});
     actions.push_back({"showNearest:", [this] { nearestPanel_.show(); }});
+    actions.push_back({"choosePicture:", [this] { showPictures(); }});
     return actions;
 }
 
@@ -40,6 +44,20 @@ void ColourTools::listsChanged() {
     compare_.listsChanged();
     nearestPanel_.follow();
     neighbours_.follow();
+}
+
+void ColourTools::showPictures() {
+    const auto add = [this](int list, const std::vector<TakenColour>& taken) {
+        std::vector<AddedColour> added;
+        for (const TakenColour& each : taken)
+            added.push_back({each.colour, each.name});
+        parts_.panels.add(list == 2 ? parts_.panels.two : parts_.panels.one, added, undo_label::colorsAdded);
+    };
+    const auto pick = [this](const Colour& colour) { parts_.colours.enterSecond(colour); };
+    if (!pictures_)
+        pictures_ =
+            std::make_unique<PicturePanel>(PicturePanelParts{parts_.desktop, *parts_.dialog, pick, add});
+    pictures_->show();
 }
 
 } // namespace chromalog

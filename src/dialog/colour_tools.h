@@ -7,9 +7,11 @@
 #include "dialog/colour_views.h"
 #include "dialog/colours_at_hand.h"
 #include "judge/judge_tools.h"
+#include "pictures/picture_panel.h"
 #include "swatches/swatch_panels.h"
 
 #include <functional>
+#include <memory>
 #include <string_view>
 #include <vector>
 
@@ -42,6 +44,7 @@ class ColourTools {
 
   private:
     void listsChanged();
+    void showPictures();
 
     ColourToolsParts parts_;
     ComparePanel compare_{parts_.desktop, parts_.dialog, parts_.panels};
@@ -49,6 +52,7 @@ class ColourTools {
     NearestPanel nearestPanel_{parts_.desktop, parts_.dialog, parts_.colours, parts_.panels, nearest_};
     HarmonyNeighbours neighbours_{parts_.colours, parts_.panels, nearest_};
     JudgeTools judge_;
+    std::unique_ptr<PicturePanel> pictures_; ///< once it was asked for
 };
 
 } // namespace chromalog

@@ -59,6 +59,7 @@ bool Player::midCommand() const {
 void Player::next() {
     if (midCommand()) return again();
     try {
+        if (dialog_.finishWork()) return again();
         checkWritten();
         if (answerPrompts()) return;
         if (finishing_ || playback_.ended()) return finish();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "desktop/worker.h"
+
 #include <QObject>
 
 #include <condition_variable>
@@ -11,7 +13,7 @@ namespace chromalog {
 
 /// One piece of work at a time on a thread of its own, which is made for the first one and joined as this
 /// goes. No signal of the process is handled on it.
-class BackgroundWork : public QObject {
+class BackgroundWork : public QObject, public Worker {
   public:
     BackgroundWork() = default;
     ~BackgroundWork() override;
@@ -20,8 +22,9 @@ class BackgroundWork : public QObject {
 
     /// After the work before has ended, and its `then` too. `work` throws nothing; `then` runs on this
     /// thread, from the event loop or from finish().
-    void begin(std::function<void()> work, std::function<void()> then);
-    void finish(); ///< returns when nothing is under way
+    void begin(std::function<void()> work, std::function<void()> then) override;
+    void finish();                                         ///< returns when nothing is under way
+    bool busy() const { return static_cast<bool>(then_); } ///< asked on the thread that begins
 
   protected:
     bool event(QEvent*) override;

@@ -1,6 +1,7 @@
 #include "qt/drags.h"
 
 #include "qt/convert.h"
+#include "qt/pictures/picture_mime.h"
 
 #include <QDrag>
 #include <QDropEvent>
@@ -46,6 +47,7 @@ Pasteboard pasteboardOf(const QMimeData* mime) {
     }
     out.text = textOf(*mime);
     out.textType = out.text.has_value();
+    out.picture = pictureIn(*mime);
     return out;
 }
 

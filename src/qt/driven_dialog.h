@@ -56,6 +56,9 @@ class DrivenDialog {
 
     /// Files that could not be written since this was last asked, as "PATH: why".
     virtual std::vector<std::string> takeNotWritten() = 0;
+    /// Waits for what the dialog does beside its event loop and a person would wait for; false where that is
+    /// nothing.
+    virtual bool finishWork() = 0;
 
     /// The selected row of a list, in the widget's coordinates: y down, perhaps out of its bounds.
     virtual Rect selectedRow(const QWidget& list) const = 0;

@@ -51,6 +51,10 @@ std::vector<std::string> DrivenQt::takeNotWritten() {
     return desktop_.statusLine().takeNotWritten();
 }
 
+bool DrivenQt::finishWork() {
+    return desktop_.finishWork();
+}
+
 Rect DrivenQt::selectedRow(const QWidget& list) const {
     const SwatchPanels& panels = controler_.panels();
     const SwatchPanel& panel = list.objectName() == "swatch2" ? panels.two : panels.one;

@@ -21,6 +21,7 @@ class DrivenQt : public DrivenDialog {
     std::optional<std::string>& nextPdf() override;
     PrintInfo& sharedPrintInfo() override;
     std::vector<std::string> takeNotWritten() override;
+    bool finishWork() override;
     Rect selectedRow(const QWidget& list) const override;
     std::optional<Size> viewSize(const QWidget&) const override;
     Bitmap viewPicture(const QWidget&) override;

@@ -6,6 +6,7 @@
 #include "qt/forms/built_forms.h"
 #include "qt/forms/form_window.h"
 #include "qt/panels/page_setup_sheet.h"
+#include "qt/pictures/picture_reader.h"
 #include "qt/qt_form.h"
 #include "qt/raster_canvas.h"
 #include "qt/settings_file.h"
@@ -213,6 +214,27 @@ std::unique_ptr<Timer> QtDesktop::startTimer(double seconds, std::function<void(
 
 void QtDesktop::inBackground(std::function<void()> work, std::function<void()> then) {
     background_.begin(std::move(work), std::move(then));
+}
+
+std::unique_ptr<Worker> QtDesktop::makeWorker() {
+    auto worker = std::make_unique<BackgroundWork>();
+    std::erase_if(workers_, [](const auto& each) { return each.isNull(); });
+    workers_.emplace_back(worker.get());
+    return worker;
+}
+
+bool QtDesktop::finishWork() {
+    bool waited = false;
+    for (const auto& worker : workers_)
+        while (worker && worker->busy()) {
+            waited = true;
+            worker->finish();
+        }
+    return waited;
+}
+
+PictureSource QtDesktop::pictureFile(const std::string& path) const {
+    return pictureAt(path);
 }
 
 void QtDesktop::playSound(std::string_view name) {

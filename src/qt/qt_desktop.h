@@ -60,6 +60,8 @@ class QtDesktop : public Desktop {
     std::unique_ptr<Timer> startTimer(double seconds, std::function<void()>) override;
     void inBackground(std::function<void()> work, std::function<void()> then) override;
     void finishBackground() override { background_.finish(); }
+    std::unique_ptr<Worker> makeWorker() override;
+    PictureSource pictureFile(const std::string& path) const override;
     void playSound(std::string_view name) override;
     bool optionKeyHeld() const override;
     std::string userName() const override;
@@ -87,6 +89,8 @@ class QtDesktop : public Desktop {
     FilePanels& panels() { return panels_; }
     Drags& drags() { return drags_; }
     PrintJobs& printJobs() { return printJobs_; }
+    /// Waits for all that workers do, and for what follows from it; false where they rest.
+    bool finishWork();
     QMessageBox* openAlert() const { return openAlert_; }              ///< the alert that waits, or null
     const std::vector<Alert>& alerts() const { return alerts_; }       ///< all that were shown
     const std::vector<std::string>& sounds() const { return sounds_; } ///< all that were asked for
@@ -113,6 +117,7 @@ class QtDesktop : public Desktop {
     ModalLoops modalLoops_;
     Mishaps mishaps_{modalLoops_, log_};
     BackgroundWork background_;
+    std::vector<QPointer<BackgroundWork>> workers_;
     Drags drags_;
     PrintJobs printJobs_{status_};
     Completions completions_;

@@ -62,6 +62,8 @@ QList<Section> sections() {
           {"Page Up, Page Down", "Strip and charts: ten steps"},
           {"Home, End", "Strip and charts: to the ends"},
           {"Space", "Chart: pick the same cell again"}}},
+        {"On a picture",
+         {{"Arrows", "Move by one pixel, with Shift by 16"}, {"Return", "Take the color for the second"}}},
         {"On a color",
          {{"Ctrl+C", "Copy, in a list and on the wheel and the charts too"},
           {"Ctrl+V", "First and second color, lists: paste a color or a text with colors"},

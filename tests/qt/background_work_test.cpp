@@ -96,4 +96,19 @@ TEST_F(BackgroundWorkTest, HasOneThreadThatHandlesNoSignal) {
     EXPECT_EQ(sigismember(&mask, SIGTERM), 0) << "here as before";
 }
 
+TEST_F(BackgroundWorkTest, AWorkerOfItsOwnHoldsNothingElseUp) {
+    QtDesktop desktop(settings());
+    auto worker = desktop.makeWorker();
+    worker->begin([this] { gate.acquire(); }, [this] { ended.push_back("picture"); });
+    desktop.inBackground([] {}, [this] { ended.push_back("store"); });
+    desktop.finishBackground();
+    EXPECT_THAT(ended, ElementsAre("store"));
+    gate.release();
+    EXPECT_TRUE(desktop.finishWork());
+    EXPECT_THAT(ended, ElementsAre("store", "picture"));
+    EXPECT_FALSE(desktop.finishWork());
+    worker.reset();
+    EXPECT_FALSE(desktop.finishWork());
+}
+
 } // namespace

@@ -109,6 +109,7 @@ TEST_F(FormsTest, EveryActionHasItsControl) {
         EXPECT_EQ(actions.erase(judged), 1u) << judged;
     for (const char* tool : {"compareLists:", "findNearDoubles:", "foldNearestUnder:", "showNearest:"})
         EXPECT_EQ(actions.erase(tool), 1u) << tool;
+    EXPECT_EQ(actions.erase("choosePicture:"), 1u);
     EXPECT_THAT(actions,
                 UnorderedElementsAreArray({"okPressed:",         "cancelPressed:",    "toggleSecondColor:",
                                            "useOfferedColor:",   "foldChart:",        "foldHarmonies:",
@@ -138,6 +139,10 @@ TEST_F(FormsTest, EveryActionHasItsControl) {
     EXPECT_THAT(
         actionsIn("ComparePanel"),
         UnorderedElementsAreArray({"chooseComparison:", "compareAdd1:", "compareAdd2:", "removeDoubles:"}));
+    EXPECT_THAT(actionsIn("PicturePanel"),
+                UnorderedElementsAreArray(
+                    {"openPicture:", "pastePicture:", "cancelPicture:", "pictureSquare:", "pictureOrder:",
+                     "takePictureColors:", "stepPictureColors:", "pictureToList1:", "pictureToList2:"}));
     EXPECT_THAT(actionsIn("ExportPanel"),
                 UnorderedElementsAreArray({"exportAll:", "exportSelected:", "closeExport:"}));
 }
@@ -169,13 +174,18 @@ TEST_F(FormsTest, ThePanelsHoldTheirOutlets) {
         EXPECT_THAT(namesIn("ComparePanel"), Contains(outlet));
     for (const char* outlet : {"nearestWindow", "nearestScroller", "nearestTo", "nearestNote", "nearestRows"})
         EXPECT_THAT(namesIn("NearestPanel"), Contains(outlet));
+    for (const char* outlet : {"pictureWindow", "picture", "pictureNote", "picturePlace", "pictureSquare",
+                               "pictureOrder", "pictureCount", "pictureCountStep", "takenScroller",
+                               "takenColors", "cancelPicture", "pictureToList1", "pictureToList2"})
+        EXPECT_THAT(namesIn("PicturePanel"), Contains(outlet));
     for (const char* outlet : {"exportWindow", "exportKinds", "exportAll", "exportSelected"})
         EXPECT_THAT(namesIn("ExportPanel"), Contains(outlet));
 }
 
 TEST_F(FormsTest, TheCompiledFormsLoadWithoutARemark) {
     for (const char* name : {"chromalogWindow", "ProtocolPanel", "SwatchPrintOptions", "EarlierLists",
-                             "ImportPanel", "ExportPanel", "LibraryPanel", "ComparePanel", "NearestPanel"}) {
+                             "ImportPanel", "ExportPanel", "LibraryPanel", "ComparePanel", "NearestPanel",
+                             "PicturePanel"}) {
         FormOwner owner;
         QFile file(interfaceFile(name));
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));

@@ -112,6 +112,14 @@ void HeadlessDesktop::beginSavePanel(const SavePanel& panel, Window&, PanelAnswe
     pendingAnswer_ = std::move(answer);
 }
 
+PictureSource HeadlessDesktop::pictureFile(const std::string& path) const {
+    const auto picture = pictures.find(path);
+    ReadPicture read = picture == pictures.end() ? ReadPicture{{}, path + ": none", {}} : picture->second;
+    return {path, [read = std::move(read)](const WorkProgress& progress) {
+                return progress(0.5) ? read : ReadPicture();
+            }};
+}
+
 void HeadlessDesktop::answerPanel(std::optional<std::string> path) {
     PanelAnswer answer = std::move(pendingAnswer_);
     pendingAnswer_ = nullptr;

@@ -70,6 +70,8 @@ class HeadlessDesktop : public Desktop {
     PrintOutcome printOutcome = PrintOutcome::printed;
     std::function<void()> onPrint; ///< while the print dialog is up
     std::tm clock{};
+    std::map<std::string, ReadPicture> pictures; ///< by path
+    std::map<std::string, double> kept;          ///< numbers, by name
 
     // What the test reads.
     std::map<std::string, HeadlessForm*> forms; ///< the latest of each name
@@ -120,6 +122,12 @@ class HeadlessDesktop : public Desktop {
     void keepNumber(std::string_view name, double value) override { numbers[std::string(name)] = value; }
     bool fades = false;
     bool animates() const override { return fades; }
+    PictureSource pictureFile(const std::string& path) const override;
+    double keptNumber(std::string_view name, double otherwise) const override {
+        const auto number = kept.find(std::string(name));
+        return number == kept.end() ? otherwise : number->second;
+    }
+    void keepNumber(std::string_view name, double value) override { kept[std::string(name)] = value; }
     Bitmap capture(View&) override { return nextCapture; }
     PrintInfo& sharedPrintInfo() override { return printInfo; }
     void runPageLayout(Window&) override { ++pageLayouts; }

@@ -13,6 +13,7 @@ using namespace chromalog; // what is made from the interface files names our cl
 #include "ui_ImportPanel.h"
 #include "ui_LibraryPanel.h"
 #include "ui_NearestPanel.h"
+#include "ui_PicturePanel.h"
 #include "ui_ProtocolPanel.h"
 #include "ui_SwatchPrintOptions.h"
 #include "ui_chromalogWindow.h"
@@ -40,6 +41,7 @@ constexpr struct {
     {"ImportPanel", built<Ui::importWindow>},
     {"LibraryPanel", built<Ui::libraryWindow>},
     {"NearestPanel", built<Ui::nearestWindow>},
+    {"PicturePanel", built<Ui::pictureWindow>},
     {"ProtocolPanel", built<Ui::protocolWindow>},
     {"SwatchPrintOptions", built<Ui::printOptionWindow>},
 };

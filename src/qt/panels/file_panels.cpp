@@ -144,7 +144,8 @@ void FilePanels::begin(const OpenPanel& panel, QWidget* parent, PanelAnswer answ
     QStringList patterns;
     for (const std::string& type : panel.types)
         patterns << "*." + toQt(type);
-    if (!patterns.isEmpty()) dialog->setNameFilter(QObject::tr("Swatch files (%1)").arg(patterns.join(' ')));
+    if (!patterns.isEmpty())
+        dialog->setNameFilter(QString("%1 (%2)").arg(toQt(panel.kind), patterns.join(' ')));
     show(dialog, panel.types.empty() ? std::string() : panel.types.front(), std::move(answer));
 }
 

@@ -1,0 +1,47 @@
+#include "qt/pictures/picture_mime.h"
+
+#include "pictures/picture_kind.h"
+#include "qt/convert.h"
+#include "qt/pictures/picture_reader.h"
+
+#include <QMimeData>
+#include <QPointer>
+#include <QUrl>
+
+namespace chromalog {
+namespace {
+
+constexpr const char* kName = "the pasted picture";
+
+QString fileIn(const QMimeData& mime) {
+    for (const QUrl& url : mime.urls())
+        if (const QString path = url.toLocalFile(); !path.isEmpty()) return path;
+    return {};
+}
+
+/// The first encoding that we read; empty where there is none.
+QString encodingIn(const QMimeData& mime) {
+    for (const PictureKind& kind : pictureKinds())
+        if (const QString type = toQt(kind.mime); mime.hasFormat(type)) return type;
+    return {};
+}
+
+PictureSource fetch(const QMimeData& mime) {
+    if (const QString path = fileIn(mime); !path.isEmpty()) return pictureAt(fromQt(path));
+    if (const QString type = encodingIn(mime); !type.isEmpty())
+        return {kName, [bytes = mime.data(type)](const WorkProgress& progress) {
+                    return readPictureBytes(kName, bytes, progress);
+                }};
+    return {kName, [image = qvariant_cast<QImage>(mime.imageData())](const WorkProgress& progress) {
+                return readPictureImage(kName, image, progress);
+            }};
+}
+
+} // namespace
+
+std::function<PictureSource()> pictureIn(const QMimeData& mime) {
+    if (fileIn(mime).isEmpty() && !mime.hasImage() && encodingIn(mime).isEmpty()) return {};
+    return [there = QPointer<const QMimeData>(&mime)] { return there ? fetch(*there) : PictureSource(); };
+}
+
+} // namespace chromalog
