@@ -149,6 +149,10 @@ OPERATIONS = [
         limit("write, rename", "bench_prefs plainWriteAndRename", 0.5)]),
     Operation("preferences written to disk", "files", "bench_prefs preferencesWriteToDisk/4999/4999", [
         peer("QSaveFile", "bench_save_file savePreferencesBytes")]),
+    Operation("12 colours of a 24-megapixel photo", "pictures", "bench_pictures coloursOfPhoto/0", [
+        limit("decoded", "bench_pictures decodePhoto/0")], bound=1000 * MS),
+    Operation("the same, turned and in Display P3", "pictures", "bench_pictures coloursOfPhoto/1", [
+        limit("decoded", "bench_pictures decodePhoto/1")], bound=1000 * MS),
     Operation("4,999 swatches printed", "print", "bench_print printList/4999", [
         plain("drawn plainly", "bench_print plainDrawing/4999", 2)]),
 ]
