@@ -143,8 +143,10 @@ void PicturePanel::read(const PictureSource& source) {
 
 void PicturePanel::hasRead(const std::string& name, const ReadPicture& read, const Picture& overview) {
     reading_.clear();
-    if (read.picture.empty()) wanted_.clear();
-    if (read.picture.empty()) return say(read.fault.empty() ? name + ": no picture" : read.fault);
+    if (read.picture.empty()) {
+        wanted_.clear();
+        return say(read.fault.empty() ? name + ": no picture" : read.fault);
+    }
     name_ = name;
     view_.setPicture(read.picture, overview);
     taken_.setColours({});
@@ -181,7 +183,8 @@ void PicturePanel::cancel() {
 
 void PicturePanel::addTo(int list) {
     if (work_.busy()) {
-        wanted_.push_back(list);
+        if (std::ranges::find(wanted_, list) == wanted_.end())
+            wanted_.push_back(list); // once, also by two clicks
         showState();
     } else if (!taken_.colours().empty()) {
         parts_.add(list, taken_.colours());
