@@ -2,6 +2,7 @@
 #include "qt/pictures/picture_reader.h"
 
 #include "qt/desktop_fixture.h"
+#include "support/png_file.h"
 
 #include <QBuffer>
 #include <QColorSpace>
@@ -96,20 +97,6 @@ QByteArray exif(int orientation) {
            QByteArray(6, '\0');
 }
 
-std::uint32_t crcOf(const QByteArray& bytes) {
-    std::uint32_t crc = 0xFFFFFFFF;
-    for (const char byte : bytes) {
-        crc ^= std::uint8_t(byte);
-        for (int bit = 0; bit < 8; ++bit)
-            crc = crc >> 1 ^ (crc & 1 ? 0xEDB88320 : 0);
-    }
-    return ~crc;
-}
-
-QByteArray pngChunk(const QByteArray& name, const QByteArray& contents) {
-    return number(std::uint32_t(contents.size()), 4) + name + contents + number(crcOf(name + contents), 4);
-}
-
 QByteArray webpChunk(const QByteArray& name, const QByteArray& contents) {
     return name + number(std::uint32_t(contents.size()), 4, true) + contents +
            QByteArray(contents.size() & 1, '\0');
@@ -121,7 +108,9 @@ QByteArray withExif(const QImage& image, const QByteArray& format, const QByteAr
         const QByteArray contents = QByteArray("Exif\0\0", 6) + block;
         return bytes.insert(2, "\xFF\xE1" + number(std::uint32_t(contents.size()) + 2, 2) + contents);
     }
-    if (format == "png") return bytes.insert(33, pngChunk("eXIf", block)); // after the header
+    if (format == "png")
+        return bytes.insert(
+            33, QByteArray::fromStdString(pngChunk("eXIf", block.toStdString()))); // after the header
     const QByteArray canvas = QByteArray("\x08\0\0\0", 4) +
                               number(std::uint32_t(image.width() - 1), 3, true) +
                               number(std::uint32_t(image.height() - 1), 3, true);
@@ -266,9 +255,7 @@ TEST_F(PictureReader, OnlyRegularFilesAreOpened) {
 
 /// A header alone, of that size.
 QByteArray headerOfPng(std::uint32_t width, std::uint32_t height) {
-    return QByteArray("\x89PNG\r\n\x1A\n") +
-           pngChunk("IHDR", number(width, 4) + number(height, 4) + QByteArray("\x08\x02\0\0\0", 5)) +
-           pngChunk("IDAT", "");
+    return QByteArray::fromStdString(pngHeader(width, height) + pngChunk("IDAT", ""));
 }
 
 TEST_F(PictureReader, TheHeaderIsCheckedBeforeAnythingIsDecoded) {
