@@ -35,8 +35,7 @@ TEST_F(PicturePanelTest, CtrlVTakesThePictureOfTheClipboard) {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
     desktop.widget("picture")->setFocus();
     QTest::keyClick(desktop.widget("picture"), Qt::Key_V, Qt::ControlModifier);
-    EXPECT_TRUE(desktop.finishWork());
-    EXPECT_EQ(note().toStdString(), "the pasted picture, 40 x 10 pixels");
+    EXPECT_TRUE(QTest::qWaitFor([this] { return note() == "the pasted picture, 40 x 10 pixels"; }));
     button("pictureToList1").click();
     EXPECT_EQ(count(), 1);
     EXPECT_EQ(controler->history().undoSteps(), 1);
