@@ -125,7 +125,7 @@ TEST_F(PicturePanels, TheOrderCanBeThatOfHues) {
     form().outlet<HeadlessRadioMatrix>("pictureOrder").selectRow(1);
     form().send("pictureOrder:");
     EXPECT_THAT(taken(), ElementsAre("red", "green", "blue"));
-    EXPECT_EQ(desktop.kept.at("pictureOrder"), 1);
+    EXPECT_EQ(desktop.numbers.at("pictureOrder"), 1);
 }
 
 TEST_F(PicturePanels, TheNumberOfColoursIsTypedOrStepped) {
@@ -151,17 +151,17 @@ TEST_F(PicturePanels, TheNumberOfColoursIsTypedOrStepped) {
     form().send("stepPictureColors:");
     EXPECT_EQ(count().text(), "3");
     EXPECT_EQ(taken().size(), 3u);
-    EXPECT_EQ(desktop.kept.at("pictureColors"), 3);
+    EXPECT_EQ(desktop.numbers.at("pictureColors"), 3);
 }
 
 TEST_F(PicturePanels, ChoicesAreFoundAgainUnlessTheyAreNone) {
-    desktop.kept = {{"pictureSquare", 2}, {"pictureOrder", 1}, {"pictureColors", 5}};
+    desktop.numbers = {{"pictureSquare", 2}, {"pictureOrder", 1}, {"pictureColors", 5}};
     open("four.png");
     EXPECT_EQ(form().outlet<HeadlessRadioMatrix>("pictureSquare").selectedRow(), 2);
     EXPECT_EQ(count().text(), "5");
     EXPECT_THAT(taken(), ElementsAre("red", "green", "blue"));
     panel_.reset();
-    desktop.kept = {{"pictureSquare", 1e300}, {"pictureOrder", -1}, {"pictureColors", 65}};
+    desktop.numbers = {{"pictureSquare", 1e300}, {"pictureOrder", -1}, {"pictureColors", 65}};
     open("four.png");
     EXPECT_EQ(form().outlet<HeadlessRadioMatrix>("pictureSquare").selectedRow(), 0);
     EXPECT_EQ(count().text(), "12");
@@ -181,7 +181,7 @@ TEST_F(PicturePanels, AClickPicksFromThePictureAndFromTheColours) {
     EXPECT_THAT(lists, ElementsAre());
     form().outlet<HeadlessRadioMatrix>("pictureSquare").selectRow(1);
     form().send("pictureSquare:");
-    EXPECT_EQ(desktop.kept.at("pictureSquare"), 1);
+    EXPECT_EQ(desktop.numbers.at("pictureSquare"), 1);
     EXPECT_EQ(form().outlet<HeadlessTextField>("picturePlace").text(), "x 3, y 0, #7f007f");
 }
 

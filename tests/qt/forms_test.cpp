@@ -183,9 +183,9 @@ TEST_F(FormsTest, ThePanelsHoldTheirOutlets) {
 }
 
 TEST_F(FormsTest, TheCompiledFormsLoadWithoutARemark) {
-    for (const char* name : {"chromalogWindow", "ProtocolPanel", "SwatchPrintOptions", "EarlierLists",
-                             "ImportPanel", "ExportPanel", "LibraryPanel", "ComparePanel", "NearestPanel",
-                             "PicturePanel"}) {
+    for (const char* name :
+         {"chromalogWindow", "ProtocolPanel", "SwatchPrintOptions", "EarlierLists", "ImportPanel",
+          "ExportPanel", "LibraryPanel", "ComparePanel", "NearestPanel", "PicturePanel"}) {
         FormOwner owner;
         QFile file(interfaceFile(name));
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));

@@ -71,7 +71,6 @@ class HeadlessDesktop : public Desktop {
     std::function<void()> onPrint; ///< while the print dialog is up
     std::tm clock{};
     std::map<std::string, ReadPicture> pictures; ///< by path
-    std::map<std::string, double> kept;          ///< numbers, by name
 
     // What the test reads.
     std::map<std::string, HeadlessForm*> forms; ///< the latest of each name
@@ -123,11 +122,6 @@ class HeadlessDesktop : public Desktop {
     bool fades = false;
     bool animates() const override { return fades; }
     PictureSource pictureFile(const std::string& path) const override;
-    double keptNumber(std::string_view name, double otherwise) const override {
-        const auto number = kept.find(std::string(name));
-        return number == kept.end() ? otherwise : number->second;
-    }
-    void keepNumber(std::string_view name, double value) override { kept[std::string(name)] = value; }
     Bitmap capture(View&) override { return nextCapture; }
     PrintInfo& sharedPrintInfo() override { return printInfo; }
     void runPageLayout(Window&) override { ++pageLayouts; }

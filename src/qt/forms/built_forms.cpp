@@ -5,9 +5,9 @@
 namespace chromalog {}
 using namespace chromalog; // what is made from the interface files names our classes without it
 
+#include "ui_ComparePanel.h"
 #include "ui_ContrastPanel.h"
 #include "ui_CustomAngle.h"
-#include "ui_ComparePanel.h"
 #include "ui_EarlierLists.h"
 #include "ui_ExportPanel.h"
 #include "ui_ImportPanel.h"
@@ -32,18 +32,12 @@ constexpr struct {
     std::string_view name;
     std::unique_ptr<DialogWindow> (*make)();
 } kForms[] = {
-    {"chromalogWindow", built<Ui::chromalogWindow>},
-    {"ContrastPanel", built<Ui::contrastWindow>},
-    {"CustomAngle", built<Ui::customAngleWindow>},
-    {"ComparePanel", built<Ui::compareWindow>},
-    {"EarlierLists", built<Ui::earlierListsWindow>},
-    {"ExportPanel", built<Ui::exportWindow>},
-    {"ImportPanel", built<Ui::importWindow>},
-    {"LibraryPanel", built<Ui::libraryWindow>},
-    {"NearestPanel", built<Ui::nearestWindow>},
-    {"PicturePanel", built<Ui::pictureWindow>},
-    {"ProtocolPanel", built<Ui::protocolWindow>},
-    {"SwatchPrintOptions", built<Ui::printOptionWindow>},
+    {"chromalogWindow", built<Ui::chromalogWindow>}, {"ContrastPanel", built<Ui::contrastWindow>},
+    {"CustomAngle", built<Ui::customAngleWindow>},   {"ComparePanel", built<Ui::compareWindow>},
+    {"EarlierLists", built<Ui::earlierListsWindow>}, {"ExportPanel", built<Ui::exportWindow>},
+    {"ImportPanel", built<Ui::importWindow>},        {"LibraryPanel", built<Ui::libraryWindow>},
+    {"NearestPanel", built<Ui::nearestWindow>},      {"PicturePanel", built<Ui::pictureWindow>},
+    {"ProtocolPanel", built<Ui::protocolWindow>},    {"SwatchPrintOptions", built<Ui::printOptionWindow>},
 };
 
 } // namespace
