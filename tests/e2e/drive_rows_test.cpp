@@ -220,13 +220,13 @@ TEST_F(DriveRows, TheNewCommandsAreRefusedInAWrongPlace) {
         {"dclick swatch1 3\n", "script:1: dclick takes the words OUTLET X Y"},
         {"dclick nowhere 3 3\n", "script:1: unknown outlet 'nowhere'"},
         {"dropfile swatch1 3 3\n", "script:1: dropfile takes the words OUTLET X Y PATH"},
-        {"dropfiles swatch1 3 3\n", "script:1: dropfiles takes the words OUTLET X Y PATH..."},
         {"press loadSwatch1:\ndclick swatch1 3 3\n",
          "script:2: dclick is not allowed while a file panel is open"},
         {"press loadSwatch1:\ndropfile swatch1 3 3 x.aco\n",
          "script:2: dropfile is not allowed while a file panel is open"},
         {"menu swatch1 deleteRows:\n", "script:1: no item of the open menu sends 'deleteRows:'"},
         {"menu swatch1 copyAcross:\n", "script:1: the menu item for 'copyAcross:' is disabled"},
+        {"dropfiles swatch1 3 3\n", "script:1: dropfiles takes the words OUTLET X Y PATH..."},
     };
     for (const Case& c : cases) {
         const auto result = play(c.script);
