@@ -1,5 +1,4 @@
 #include "support/recording_canvas.h"
-#include "swatches/added_colours.h"
 #include "swatches/list_fixture.h"
 #include "swatches/list_menu.h"
 #include "swatches/row_gestures.h"
@@ -385,22 +384,6 @@ TEST_F(RowGesturesTest, SignsOfAComparisonDifferInShapeAndStandInTheirRows) {
     EXPECT_THAT(drawn({0, 0, 200, 2}).only(Kind::strokePath), IsEmpty()) << "out of the clip";
     rows1.showSigns({});
     EXPECT_THAT(drawn().primitives, IsEmpty());
-}
-
-TEST_F(RowGesturesTest, RecordsAreAppendedAsTheyAreOrNotAtAll) {
-    fillNumbered(swatch1, 4998);
-    FCOStruct record = test::swatch("Odd", 0x123450000, -1, 7);
-    record.Ordre = 5;
-    const std::vector<FCOStruct> two{record, record};
-    EXPECT_TRUE(addRecords(*this, swatch1, two, "!Test!"));
-    EXPECT_EQ(swatch1.getNumberOfColors(), 5000);
-    EXPECT_EQ(std::memcmp(&swatch1.records()[4999], &record, sizeof record), 0);
-    EXPECT_THAT(labels, ElementsAre("!Test!"));
-    EXPECT_THAT(words, ElementsAre("Add 2 colors"));
-    EXPECT_FALSE(addRecords(*this, swatch1, two, "!Test!"));
-    EXPECT_EQ(platform.alerts.size(), 1u);
-    EXPECT_FALSE(addRecords(*this, swatch2, {}, "!Test!"));
-    EXPECT_EQ(labels.size(), 1u);
 }
 
 } // namespace
