@@ -95,7 +95,7 @@ void chromaticCircleView::addTool(WheelTool& tool) {
 
 /// The rest of a drag that the tool has taken goes nowhere: it began as no pick.
 void chromaticCircleView::removeTool(WheelTool& tool) {
-    std::erase(tools_, &tool);
+    if (std::erase(tools_, &tool) == 0) return;
     if (holding_ == &tool) holding_ = nullptr;
     setNeedsDisplay();
 }
