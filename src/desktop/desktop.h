@@ -8,6 +8,7 @@
 #include "desktop/pasteboard.h"
 #include "desktop/picture_reading.h"
 #include "desktop/printing.h"
+#include "desktop/screen_pick.h"
 #include "desktop/status_line.h"
 #include "desktop/worker.h"
 
@@ -93,6 +94,10 @@ class Desktop {
     virtual double keptNumber(std::string_view name, double otherwise) const { return (void)name, otherwise; }
     virtual void keepNumber(std::string_view name, double value) { (void)name, (void)value; }
     virtual bool animates() const { return false; } ///< whether marks may fade
+
+    /// Lets the person take colours from all that the screens show; `parent` stays where it is. Null where it
+    /// was answered at once, as where it cannot be done.
+    virtual std::unique_ptr<ScreenPick> pickFromScreen(Window& parent, ScreenAnswer) = 0;
 
     virtual Bitmap capture(View&) = 0; ///< the view's own picture at one pixel a point
 

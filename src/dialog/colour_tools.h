@@ -6,6 +6,7 @@
 #include "comparison/well_neighbours.h"
 #include "dialog/colour_views.h"
 #include "dialog/colours_at_hand.h"
+#include "dialog/screen_tool.h"
 #include "judge/judge_tools.h"
 #include "pictures/picture_panel.h"
 #include "swatches/swatch_panels.h"
@@ -53,6 +54,7 @@ class ColourTools {
     HarmonyNeighbours neighbours_{parts_.colours, parts_.panels, nearest_};
     JudgeTools judge_;
     std::unique_ptr<PicturePanel> pictures_; ///< once it was asked for
+    ScreenTool screen_{parts_.colours, parts_.panels, parts_.desktop, parts_.dialog};
 };
 
 } // namespace chromalog

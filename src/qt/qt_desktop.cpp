@@ -9,6 +9,7 @@
 #include "qt/pictures/picture_reader.h"
 #include "qt/qt_form.h"
 #include "qt/raster_canvas.h"
+#include "qt/screen/begin_screen_pick.h"
 #include "qt/settings_file.h"
 #include "qt/system_sound.h"
 #include "qt/view_accessible.h"
@@ -272,6 +273,10 @@ std::string QtDesktop::applicationsDirectory() const {
         return directory;
     }
     return userApplicationsDirectory();
+}
+
+std::unique_ptr<ScreenPick> QtDesktop::pickFromScreen(Window& parent, ScreenAnswer answer) {
+    return beginScreenPick(widgetOf(parent), std::move(answer));
 }
 
 Bitmap QtDesktop::capture(View& view) {

@@ -77,6 +77,7 @@ class QtDesktop : public Desktop {
     double keptNumber(std::string_view name, double otherwise) const override;
     void keepNumber(std::string_view name, double value) override;
     bool animates() const override;
+    std::unique_ptr<ScreenPick> pickFromScreen(Window& parent, ScreenAnswer) override;
     Bitmap capture(View&) override;
     PrintInfo& sharedPrintInfo() override { return printJobs_.info; }
     void runPageLayout(Window& parent) override;

@@ -33,6 +33,7 @@ const QList<Shortcut>& shortcuts() {
         {"Ctrl+O", "loadSwatch%1", "Load a swatch file into the list used last"},
         {"Ctrl+S", "saveSwatch%1", "Save the list used last"},
         {"Ctrl+F", "findColor%1", "Find in the list used last", false},
+        {"Ctrl+I", "pickFromScreen", "Pick a color from the screen"},
         {"Alt+1", "swatch1", "Go to list 1", false},
         {"Alt+2", "swatch2", "Go to list 2", false},
     };

@@ -125,7 +125,7 @@ TEST_F(FormsTest, EveryActionHasItsControl) {
                                            "deleteSwatch1:",     "deleteSwatch2:",    "jumpFirst:",
                                            "jumpSecond:",        "doUndo:",           "doRedo:",
                                            "showProtocolWindow", "setupPrintPage:",   "refreshNearest:",
-                                           "bringBackLists:",    "printFirstSwatch:", "printSecondSwatch:",
+                                           "bringBackLists:",    "pickFromScreen:",    "printFirstSwatch:", "printSecondSwatch:",
                                            "printToneOrDegrade:"}));
     EXPECT_THAT(actionsIn("ProtocolPanel"),
                 UnorderedElementsAreArray({"undoAction:", "redoAction:", "dumpUndo"}));

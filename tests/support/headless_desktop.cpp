@@ -151,6 +151,19 @@ std::string HeadlessDesktop::localized(std::string_view key) const {
     return found == translations.end() ? std::string(key) : found->second;
 }
 
+namespace {
+struct CountedScreenPick : ScreenPick {
+    explicit CountedScreenPick(std::shared_ptr<int> count) : underWay(std::move(count)) { ++*underWay; }
+    ~CountedScreenPick() override { --*underWay; }
+    const std::shared_ptr<int> underWay;
+};
+} // namespace
+
+std::unique_ptr<ScreenPick> HeadlessDesktop::pickFromScreen(Window&, ScreenAnswer answer) {
+    answerScreenPick = std::move(answer);
+    return std::make_unique<CountedScreenPick>(screenPicks);
+}
+
 PrintOutcome HeadlessDesktop::runPrintOperation(const PrintJob& job) {
     printedTitle = job.title;
     sheets.clear();

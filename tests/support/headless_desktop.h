@@ -83,6 +83,8 @@ class HeadlessDesktop : public Desktop {
     std::vector<std::vector<Primitive>> sheets; ///< of the latest print operation
     std::vector<std::int64_t> stops;
     int pageLayouts = 0;
+    ScreenAnswer answerScreenPick; ///< of the pick from the screen that was begun last
+    std::shared_ptr<int> screenPicks = std::make_shared<int>(0); ///< under way; may be kept
     StatusLine status;
     std::function<void(const Alert&)> onAlert; ///< called while the alert is up
 
@@ -122,6 +124,7 @@ class HeadlessDesktop : public Desktop {
     bool fades = false;
     bool animates() const override { return fades; }
     PictureSource pictureFile(const std::string& path) const override;
+    std::unique_ptr<ScreenPick> pickFromScreen(Window&, ScreenAnswer answer) override;
     Bitmap capture(View&) override { return nextCapture; }
     PrintInfo& sharedPrintInfo() override { return printInfo; }
     void runPageLayout(Window&) override { ++pageLayouts; }
