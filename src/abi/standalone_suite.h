@@ -11,6 +11,7 @@
 #define kStandaloneSuite "Chromalog Stand-alone Suite"
 #define kStandaloneSuiteVersion 1
 #define kStandaloneSuiteVersion2 2
+#define kStandaloneSuiteVersion3 3
 
 /* Texts belong to the host and stay valid until it ends. Keys and names must not be null. */
 typedef struct StandaloneSuite {
@@ -39,6 +40,15 @@ typedef struct StandaloneSuite2 {
     void (*atEnd)(void (*putAway)(void));
 } StandaloneSuite2;
 
+/* Version 3 begins with all of version 2. Where the option "pick" is given, a pick shows no dialog: the
+ * person takes colours from the screen, the offered colour stays, and the result is hostNoErr,
+ * hostUserCanceledErr, or errReportString with the reason why none can be taken. */
+typedef struct StandaloneSuite3 {
+    StandaloneSuite2 version2;
+    /* A colour that was taken, in 16-bit RGB; called for each, in order. */
+    void (*taken)(uint16_t red, uint16_t green, uint16_t blue);
+} StandaloneSuite3;
+
 CHROMALOG_ABI_ASSERT(offsetof(StandaloneSuite, callCount) == 8);
 CHROMALOG_ABI_ASSERT(offsetof(StandaloneSuite, misuseCount) == 16);
 CHROMALOG_ABI_ASSERT(offsetof(StandaloneSuite, misuse) == 24);
@@ -46,5 +56,7 @@ CHROMALOG_ABI_ASSERT(offsetof(StandaloneSuite, endWith) == 32);
 CHROMALOG_ABI_ASSERT(sizeof(StandaloneSuite) == 40);
 CHROMALOG_ABI_ASSERT(offsetof(StandaloneSuite2, atEnd) == 40);
 CHROMALOG_ABI_ASSERT(sizeof(StandaloneSuite2) == 48);
+CHROMALOG_ABI_ASSERT(offsetof(StandaloneSuite3, taken) == 48);
+CHROMALOG_ABI_ASSERT(sizeof(StandaloneSuite3) == 56);
 
 #endif

@@ -1,5 +1,6 @@
 #include "dialog/pick.h"
 
+#include "base/colour_text.h"
 #include "dialog/chromalog_controler.h"
 #include "dialog/globals.h"
 #include "record/allocate_globals.h"
@@ -83,9 +84,36 @@ class StandaloneHost {
     const AcquiredSuite<StandaloneSuite> one_;
 };
 
+/// A text as hosts show it: a length byte, then at most 255 characters.
+void reportError(PickerRecord& record, std::int16_t* result, std::string_view text) {
+    *result = errReportString;
+    if (!record.errorString) return;
+    const std::size_t length = std::min<std::size_t>(text.size(), 255);
+    record.errorString[0] = static_cast<unsigned char>(length);
+    std::copy_n(text.begin(), length, record.errorString + 1);
+}
+
+bool asksForScreen(const StandaloneSuite* host) {
+    return host && host->option && host->option("pick");
+}
+
+/// Colours from the screen, without the dialog, for the stand-alone host.
+void pickFromScreen(PickerRecord& record, std::int16_t* result, Platform& platform) {
+    const AcquiredSuite<StandaloneSuite3> host(sSPBasic, kStandaloneSuite, kStandaloneSuiteVersion3);
+    if (!host.get()) return;
+    const ScreenColours answer = platform.pickFromScreen();
+    if (!answer.problem.empty()) return reportError(record, result, answer.problem);
+    for (const Colour& colour : answer.colours) {
+        const RgbChannels rgb = channelsOf(colour);
+        host.get()->taken(rgb[0], rgb[1], rgb[2]);
+    }
+    if (answer.colours.empty()) *result = hostUserCanceledErr;
+}
+
 void pick(PickerRecord& record, std::intptr_t* data, std::int16_t* result, Platform& platform) {
     const StandaloneHost standalone(sSPBasic);
     if (const AtEnd atEnd = standalone.atEnd()) platform.staysLoaded(atEnd);
+    if (asksForScreen(standalone.suite())) return pickFromScreen(record, result, platform);
     const std::unique_ptr<Desktop> desktop = platform.makeDesktop(standalone.suite());
     if (!desktop) return; // no display: nothing changed
     gData = nullptr;

@@ -26,6 +26,8 @@ class Platform {
     virtual std::unique_ptr<Desktop> makeDesktop(const StandaloneSuite* standalone) = 0;
     /// The controller is complete, its modal loop starts next. Scripts attach here.
     virtual void dialogReady(Desktop&, ChromalogControler&) {}
+    /// Colours from the screen without the dialog; returns when the person is done.
+    virtual ScreenColours pickFromScreen() { return {{}, "There is no screen to pick from"}; }
     /// One line of the system's log where no desktop stands, or not the caller's.
     virtual void log(std::string_view) {}
 };

@@ -5,15 +5,18 @@
 #include "files/size_limit_signal.h"
 #include "qt/driven_qt.h"
 #include "qt/qt_desktop.h"
+#include "qt/screen/begin_screen_pick.h"
 #include "qt/search_habits.h"
 #include "qt/settings_file.h"
 #include "qt/window_memory.h"
 
 #include <QDialog>
+#include <QEventLoop>
 #include <QFontInfo>
 #include <QLocale>
 
 #include <algorithm>
+#include <optional>
 
 namespace chromalog {
 namespace {
@@ -52,6 +55,20 @@ std::unique_ptr<Desktop> QtPlatform::makeDesktop(const StandaloneSuite* standalo
     application_ = std::make_unique<ApplicationGuard>(atEnd_);
     QFontInfo(QApplication::font()).family(); // makes it look for them now
     return std::make_unique<QtDesktop>(settingsOf(standalone, readForm_));
+}
+
+ScreenColours QtPlatform::pickFromScreen() {
+    const DisplayProbe display;
+    if (!display.available()) return {{}, "There is no display to pick a color from"};
+    const ApplicationGuard application(atEnd_);
+    QEventLoop loop;
+    std::optional<ScreenColours> answer;
+    const auto underWay = beginScreenPick(nullptr, [&](ScreenColours colours) {
+        answer = std::move(colours);
+        loop.quit();
+    });
+    if (!answer) loop.exec();
+    return answer.value_or(ScreenColours());
 }
 
 void QtPlatform::log(std::string_view line) {

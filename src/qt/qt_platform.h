@@ -18,6 +18,7 @@ class QtPlatform : public Platform {
     void staysLoaded(AtEnd atEnd) override { atEnd_ = atEnd; }
     std::unique_ptr<Desktop> makeDesktop(const StandaloneSuite*) override;
     void dialogReady(Desktop&, ChromalogControler&) override;
+    ScreenColours pickFromScreen() override;
     void log(std::string_view line) override; ///< also on standard error
 
   private:

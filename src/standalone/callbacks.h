@@ -19,7 +19,7 @@ const PSBufferSuite1* bufferSuite1();
 const PSBufferSuite2* bufferSuite2();
 /// Version 1 to 4: fields of later versions are null.
 const PSUIHooksSuite* uiHooksSuite(int version);
-/// Version 2, which begins with version 1.
-const StandaloneSuite2* standaloneSuite();
+/// Version 3, which begins with the earlier ones.
+const StandaloneSuite3* standaloneSuite();
 
 } // namespace chromalog::standalone

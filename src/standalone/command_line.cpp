@@ -71,6 +71,26 @@ std::string completeRecover(const CLI::App& recover, RecoverRequest& request, co
     return named && request.folder.empty() ? "--data-dir: the name of the folder is empty" : "";
 }
 
+constexpr const char* kPick = "pick";
+
+/// Takes all options of the program; those of the dialog mean nothing to it.
+void addPick(CLI::App& app) {
+    CLI::App* pick =
+        app.add_subcommand(kPick, "Take colours from the screen and print them, without the dialog");
+    pick->fallthrough();
+    pick->add_flag_callback(
+        "--json", [] {}, "Print them as JSON");
+    pick->footer("A click takes a colour; with Shift it goes on, and each is printed. Escape takes none.\n\n"
+                 "Exit code: 0 a colour was taken; 1 none; 2 none can be.");
+}
+
+void completePick(const CLI::App& pick, CommandLine& line) {
+    line.fromScreen = pick.parsed();
+    if (!line.fromScreen) return;
+    line.given[kPick] = "1";
+    if (pick.count("--json") > 0) line.format = Format::json;
+}
+
 void addHostOptions(CLI::App& app, CommandLine& line, std::string& colour) {
     app.add_option(
            "--color", colour,
@@ -243,6 +263,7 @@ std::optional<CommandLine> parseCommandLine(int argc, const char* const* argv, i
     addFiles(app, files);
     RecoverRequest request;
     addRecover(app, request);
+    addPick(app);
     if (const auto ends = read(app, argc, argv)) {
         exitCode = *ends;
         return std::nullopt;
@@ -254,6 +275,7 @@ std::optional<CommandLine> parseCommandLine(int argc, const char* const* argv, i
         return std::nullopt;
     }
     readTables(line);
+    completePick(*app.get_subcommand(kPick), line);
     const auto parsed = readColour(colour, line.scale);
     const bool both = line.given.contains("accept") && line.given.contains("cancel");
     if (!parsed || both) {

@@ -23,6 +23,7 @@ struct CommandLine {
     int hostVersion = 16;
     int picks = 1;
     bool about = false;
+    bool fromScreen = false; ///< colours from the screen instead of picks
     bool verbose = false;
     std::optional<RecoverRequest> recover;    ///< instead of picks
     std::map<std::string, std::string> given; ///< every option that was given, by its long name; flags as "1"

@@ -19,7 +19,7 @@ Host::Host(std::unique_ptr<ColourConverter> converter) : colours(ledger, std::mo
     suites.offer(kPSBufferSuite, kPSBufferSuiteVersion2, bufferSuite2());
     for (int version = kPSUIHooksSuiteVersion1; version <= kPSUIHooksSuiteVersion4; ++version)
         suites.offer(kPSUIHooksSuite, version, uiHooksSuite(version));
-    for (const int version : {kStandaloneSuiteVersion, kStandaloneSuiteVersion2})
+    for (const int version : {kStandaloneSuiteVersion, kStandaloneSuiteVersion2, kStandaloneSuiteVersion3})
         suites.offer(kStandaloneSuite, version, standaloneSuite());
 }
 

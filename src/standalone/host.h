@@ -6,6 +6,8 @@
 #include "standalone/handle_heap.h"
 #include "standalone/suite_registry.h"
 
+#include <array>
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <optional>
@@ -38,7 +40,8 @@ class Host {
     bool offersProperties = true;
     std::map<std::string, std::string> options; ///< of the command line, for the host's own suite
     std::optional<int> endWith;                 ///< set by the plug-in: start no further pick, exit with this
-    std::vector<void (*)()> atEnd;              ///< set by the plug-in, whose functions they are
+    std::vector<std::array<std::uint16_t, 3>> taken; ///< from the screen, by the plug-in: 16-bit RGB
+    std::vector<void (*)()> atEnd;                   ///< set by the plug-in, whose functions they are
 
     void beginCall() { ledger.beginCall(); }
     /// Names everything that the plug-in left behind. `slot` is what it keeps between calls.

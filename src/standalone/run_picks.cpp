@@ -93,7 +93,20 @@ std::optional<int> failureOf(const Host& host, const HostRun::Answer& answer) {
     return std::nullopt;
 }
 
+int runScreenPick(const Host& host, HostRun& run, const CommandLine& line) {
+    const HostRun::Answer answer = run.pick(line.colour);
+    if (answer.result == hostUserCanceledErr) return exitAsOffered;
+    if (host.taken.empty()) {
+        say(answer.error.empty() ? "the plug-in takes no colours from the screen" : answer.error);
+        return exitBadArguments;
+    }
+    for (const auto& rgb : host.taken)
+        if (!print(formatColour(rgb, line.format))) return exitBadArguments;
+    return exitPicked;
+}
+
 int runPicks(Host& host, HostRun& run, const CommandLine& line) {
+    if (line.fromScreen) return runScreenPick(host, run, line);
     if (line.about) {
         run.about();
         return exitPicked;

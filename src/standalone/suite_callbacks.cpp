@@ -141,6 +141,12 @@ void atEnd(void (*putAway)()) {
     if (!putAway) return host.ledger.misuse("atEnd", "null function");
     if (!std::ranges::count(host.atEnd, putAway)) host.atEnd.push_back(putAway);
 }
+void taken(std::uint16_t red, std::uint16_t green, std::uint16_t blue) {
+    Host& host = Host::current();
+    host.ledger.count("taken");
+    host.suites.requireAcquired(kStandaloneSuite, "taken");
+    host.taken.push_back({red, green, blue});
+}
 
 } // namespace
 
@@ -161,8 +167,9 @@ const PSBufferSuite2* bufferSuite2() {
     return &suite;
 }
 
-const StandaloneSuite2* standaloneSuite() {
-    static constexpr StandaloneSuite2 suite{{option, callCount, misuseCount, misuse, endWith}, atEnd};
+const StandaloneSuite3* standaloneSuite() {
+    static constexpr StandaloneSuite3 suite{{{option, callCount, misuseCount, misuse, endWith}, atEnd},
+                                            taken};
     return &suite;
 }
 

@@ -41,7 +41,8 @@ static inline size_t abiLayout(size_t* values, size_t room) {
                              sizeof(SPBasicSuite),
                              sizeof(PSUIHooksSuite),
                              sizeof(StandaloneSuite),
-                             sizeof(StandaloneSuite2)};
+                             sizeof(StandaloneSuite2),
+                             sizeof(StandaloneSuite3)};
     const size_t count = sizeof layout / sizeof layout[0];
     for (size_t i = 0; i < count && i < room; ++i)
         values[i] = layout[i];

@@ -22,9 +22,9 @@ TEST(Abi, RecordsHaveTheSameLayoutInC11AndInCpp20) {
 }
 
 TEST(Abi, RecordsHaveThePublishedOffsetsAndSizes) {
-    const std::vector<size_t> published{0,  8,   16,  24,  32,  40,  48,  56,  64,  72,  80,  88,
-                                        96, 104, 112, 120, 128, 168, 176, 184, 208, 216, 224, 480,
-                                        24, 272, 56,  72,  24,  72,  32,  56,  56,  88,  40,  48};
+    const std::vector<size_t> published{0,   8,   16,  24,  32,  40,  48,  56,  64,  72,  80,  88, 96,
+                                        104, 112, 120, 128, 168, 176, 184, 208, 216, 224, 480, 24, 272,
+                                        56,  72,  24,  72,  32,  56,  56,  88,  40,  48,  56};
     EXPECT_EQ(layoutInC(), published);
 }
 

@@ -329,5 +329,22 @@ TEST_F(DriveColours, ArrowKeysWorkOnTheStrip) {
     EXPECT_LT(state("2.json")["luminosity"], 128 / 255.0);
 }
 
+TEST_F(DriveColours, APickFromTheScreenHoldsNoScriptUpWhereThereIsNone) {
+    playWell("state $/before.json\npress pickFromScreen:\nstate $/state.json\nkey Ctrl+I\n");
+    EXPECT_EQ(state()["status"], "There is no screen to pick from: the platform is offscreen");
+    EXPECT_EQ(state()["secondColor"], state("before.json")["secondColor"]);
+}
+
+TEST_F(DriveColours, APickFromAShellSaysInALineWhyThereCanBeNone) {
+    for (const char* display : {"offscreen", "xcb"}) {
+        environment_["QT_QPA_PLATFORM"] = display;
+        environment_["DISPLAY"] = "";
+        const auto result = runProgram(command({"pick", "--json"}), environment_);
+        EXPECT_EQ(result.exitCode, 2);
+        EXPECT_EQ(result.out, "");
+        EXPECT_THAT(result.err, testing::MatchesRegex("chromalog: There is no [^\n]*\n"));
+    }
+}
+
 } // namespace
 } // namespace chromalog::test

@@ -98,7 +98,7 @@ TEST_F(HostTest, SuitesAreFoundByNameAndVersion) {
     const std::pair<const char*, std::vector<int>> offered[]{{kSPBasicSuite, {4}},
                                                              {kPSUIHooksSuite, {1, 2, 3, 4}},
                                                              {kPSBufferSuite, {1, 2}},
-                                                             {kStandaloneSuite, {1, 2}}};
+                                                             {kStandaloneSuite, {1, 2, 3}}};
     for (const auto& [name, versions] : offered)
         for (int version = 0; version < 6; ++version) {
             const void* suite = nullptr;
@@ -172,6 +172,15 @@ TEST_F(HostTest, ThePlugInReadsOptionsAndCounters) {
     own->endWith(2);
     EXPECT_EQ(host.endWith, 2);
     basicSuite()->ReleaseSuite(kStandaloneSuite, kStandaloneSuiteVersion);
+}
+
+TEST_F(HostTest, ThePlugInHandsOverColoursInTheirOrder) {
+    const auto* own = acquire<StandaloneSuite3>(kStandaloneSuite, kStandaloneSuiteVersion3);
+    own->taken(1, 2, 65535);
+    own->taken(4, 5, 6);
+    EXPECT_EQ(host.taken, (std::vector<std::array<std::uint16_t, 3>>{{1, 2, 65535}, {4, 5, 6}}));
+    EXPECT_EQ(own->version2.version1.callCount("taken"), 2);
+    basicSuite()->ReleaseSuite(kStandaloneSuite, kStandaloneSuiteVersion3);
 }
 
 TEST_F(HostTest, MisusesCanBeReadWhileThePickRuns) {

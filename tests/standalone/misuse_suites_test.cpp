@@ -179,7 +179,7 @@ TEST(Misuse, WhatIsPutAwayAtTheEndIsNamed) {
     };
     const Mistake mistakes[]{
         {[](PickerRecord& r, std::intptr_t&) { give(r, nullptr); }, "atEnd: null function"},
-        {[](PickerRecord&, std::intptr_t&) { standaloneSuite()->atEnd([] {}); },
+        {[](PickerRecord&, std::intptr_t&) { standaloneSuite()->version2.atEnd([] {}); },
          "atEnd: called while " kStandaloneSuite " is not acquired"},
         {[](PickerRecord& r, std::intptr_t&) { give(r, [] { basicSuite()->IsEqual("a", "b"); }); },
          "IsEqual: called while no call of the plug-in runs"},
@@ -203,7 +203,7 @@ TEST(Misuse, NullNamesAndNullPixelsAreNamed) {
             EXPECT_EQ(hooks.GetLocalizedFileName(nullptr, &answer), hostParamErr);
             EXPECT_EQ(hooks.GetLocalizedFileName(someText(), nullptr), hostParamErr);
         });
-        EXPECT_EQ(standaloneSuite()->version1.callCount(nullptr), 0);
+        EXPECT_EQ(standaloneSuite()->version2.version1.callCount(nullptr), 0);
     };
     EXPECT_THAT(misusesOf(body),
                 ElementsAre("displayPixels: null pixels", "displayPixels: null rectangle",
@@ -230,7 +230,7 @@ TEST(Misuse, WholeNamesAndPixelsAreNone) {
 TEST(Misuse, TheRecordsOwnEventCallbackNeedsNoSuite) {
     const Body body = [](PickerRecord& record, std::intptr_t&) {
         record.processEvent(nullptr);
-        EXPECT_EQ(standaloneSuite()->version1.callCount("processEvent"), 1);
+        EXPECT_EQ(standaloneSuite()->version2.version1.callCount("processEvent"), 1);
     };
     EXPECT_THAT(misusesOf(body), IsEmpty());
     const Body hook = [](PickerRecord&, std::intptr_t&) { uiHooksSuite(1)->processEvent(nullptr); };
