@@ -330,7 +330,9 @@ TEST_F(DriveColours, ArrowKeysWorkOnTheStrip) {
 }
 
 TEST_F(DriveColours, APickFromTheScreenHoldsNoScriptUpWhereThereIsNone) {
-    playWell("state $/before.json\npress pickFromScreen:\nstate $/state.json\nkey Ctrl+I\n");
+    writeScript("state $/before.json\npress pickFromScreen:\nstate $/state.json\nkey Ctrl+I\n");
+    const auto result = runProgram(command({"--drive", file("script")}), environment_);
+    EXPECT_EQ(result.exitCode, 1) << result.err;
     EXPECT_EQ(state()["status"], "There is no screen to pick from: the platform is offscreen");
     EXPECT_EQ(state()["secondColor"], state("before.json")["secondColor"]);
 }
