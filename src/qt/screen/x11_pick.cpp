@@ -105,25 +105,24 @@ bool X11Pick::eventFilter(QObject*, QEvent* event) try {
     return true;
 }
 
-bool X11Pick::keyPressed(int key, bool repeated, bool shift) {
+void X11Pick::keyPressed(int key, bool repeated, bool shift) {
     switch (key) {
     case Qt::Key_Escape:
-        return end({}), true;
+        return end({});
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Space:
-        if (!repeated) take(shift);
-        return true;
+        return repeated ? void() : take(shift);
     case Qt::Key_Left:
-        return moveBy({-1, 0}), true;
+        return moveBy({-1, 0});
     case Qt::Key_Right:
-        return moveBy({1, 0}), true;
+        return moveBy({1, 0});
     case Qt::Key_Up:
-        return moveBy({0, -1}), true;
+        return moveBy({0, -1});
     case Qt::Key_Down:
-        return moveBy({0, 1}), true;
+        return moveBy({0, 1});
     default:
-        return false;
+        return;
     }
 }
 

@@ -29,7 +29,7 @@ class X11Pick : public QObject {
     void freeze(QWidget* dialog);
     bool grab();
     void pointedAt(QPointF global);
-    bool keyPressed(int key, bool repeated, bool shift); ///< whether it means something here
+    void keyPressed(int key, bool repeated, bool shift);
     void moveBy(QPoint);
     void aimAt(QPoint);
     void take(bool goesOn);
