@@ -36,6 +36,15 @@ bool isAllZero(std::span<const std::uint8_t> bytes) {
     return bytes[0] == 0 && std::memcmp(bytes.data(), bytes.data() + 1, bytes.size() - 1) == 0;
 }
 
+/// Pages that nobody wrote stay the system's.
+void clear(std::span<std::uint8_t> bytes) {
+    constexpr std::size_t kPiece = 4096;
+    for (std::size_t at = 0; at < bytes.size(); at += kPiece) {
+        const auto piece = bytes.subspan(at, std::min(kPiece, bytes.size() - at));
+        if (!isAllZero(piece)) std::ranges::fill(piece, std::uint8_t{0});
+    }
+}
+
 } // namespace
 
 std::string applicationDataDirectory(std::string_view applicationsDirectory) {
@@ -70,7 +79,7 @@ bool readPreferences(GlobalRecord& record, PreferencesStore& store) {
     if (isAllZero(image)) {
         if (store.read(image)) return true;
         const int why = errno;
-        std::ranges::fill(image, std::uint8_t{0});
+        clear(image);
         errno = why;
         return false;
     }
