@@ -59,7 +59,8 @@ void PluginModule::unload() {
 
 std::string PluginModule::besideProgram() {
     const fs::path folder = fs::absolute(programPath()).parent_path();
-    for (const fs::path& candidate : {folder / kModuleFile, folder / "../lib/chromalog" / kModuleFile}) {
+    for (const fs::path& candidate :
+         {folder / kModuleFile, folder / CHROMALOG_MODULE_FROM_PROGRAM / kModuleFile}) {
         std::error_code ignored;
         if (fs::exists(candidate, ignored)) return candidate.string();
     }
