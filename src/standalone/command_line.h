@@ -1,6 +1,6 @@
 #pragma once
 
-#include "standalone/host_colour.h"
+#include "standalone/picker.h"
 #include "standalone/recover.h"
 
 #include <map>
@@ -8,8 +8,6 @@
 #include <string>
 
 namespace chromalog::standalone {
-
-enum class ServicesKind { lcms, closed, none, error };
 
 /// What the user asked for.
 struct CommandLine {
