@@ -26,14 +26,14 @@ std::string homeFolder() {
 
 std::string userApplicationsDirectory() {
 #ifdef __APPLE__
-    constexpr const char* kBelowHome = "/Library/Application Support";
+    constexpr const char* kBelowHome = "/Applications"; // and not "Application Support": kept
 #else
     const std::string data = environment("XDG_DATA_HOME");
     if (data.starts_with('/')) return data + "/applications"; // a relative one counts for nothing
-    constexpr const char* kBelowHome = "/.local/share";
+    constexpr const char* kBelowHome = "/.local/share/applications";
 #endif
     const std::string home = homeFolder();
-    return home.empty() ? home : home + kBelowHome + "/applications";
+    return home.empty() ? home : home + kBelowHome;
 }
 
 } // namespace chromalog
