@@ -1,5 +1,6 @@
 #include "files/replace_file.h"
 
+#include "files/flush.h"
 #include "files/size_limit_signal.h"
 #include "files/temporary_file.h"
 
@@ -129,7 +130,7 @@ bool writeInPlace(const std::string& file, std::span<const std::uint8_t> data, s
     if (!writeAll(open.get(), data.first(head), 0)) return false;
     if (before > data.size() && !setLength(open.get(), data.size())) return false;
     if (zeros > 0 && !setLength(open.get(), data.size() + zeros)) return false;
-    if (flush == Flush::toDisk && ::fsync(open.get()) != 0) return false;
+    if (flush == Flush::toDisk && flushToDisk(open.get()) != 0) return false;
     return open.close();
 }
 

@@ -1,5 +1,7 @@
 #include "files/temporary_file.h"
 
+#include "files/flush.h"
+
 #include <cstdio>
 #include <ctime>
 #include <memory>
@@ -74,7 +76,7 @@ TemporaryFile::~TemporaryFile() {
 }
 
 bool TemporaryFile::takePlace(Flush flush, FileIdentity* taken) {
-    if (flush == Flush::toDisk && ::fsync(file_.get()) != 0) return false;
+    if (flush == Flush::toDisk && flushToDisk(file_.get()) != 0) return false;
     if (!named_ && !giveName()) return false;
     const Descriptor descriptor(::fcntl(file_.get(), F_DUPFD_CLOEXEC, 0)); // with the lock
     if (!file_.close() || ::rename(name_.c_str(), target_.c_str()) != 0) return false;
@@ -106,7 +108,7 @@ void removeStaleTemporaries(const std::string& folder) {
 
 void flushFolder(const std::string& folder) {
     const Descriptor open(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (open.isOpen()) ::fsync(open.get());
+    if (open.isOpen()) flushToDisk(open.get());
 }
 
 } // namespace chromalog
