@@ -1,5 +1,6 @@
 #include "qt/application_guard.h"
 
+#include "qt/host_process.h"
 #include "qt/log_ring.h"
 #include "qt/mishap.h"
 #include "qt/screen_devices.h"
@@ -233,6 +234,7 @@ std::unique_ptr<QApplication> makeApplication() {
     const std::string numeric = std::setlocale(LC_NUMERIC, nullptr);
     const char* const launch = "DESKTOP_STARTUP_ID"; // the toolkit removes it
     const std::string launched(environment(launch));
+    standAsideInHost();
     auto application = std::make_unique<Application>(argc, argv);
     application->setQuitOnLastWindowClosed(false);
     std::setlocale(LC_NUMERIC, numeric.c_str());

@@ -36,7 +36,7 @@ std::optional<std::string> textOf(const QMimeData& mime) {
 
 } // namespace
 
-Pasteboard pasteboardOf(const QMimeData* mime) {
+Pasteboard pasteboardOf(const QMimeData* mime, SystemBoard board) {
     if (!mime) return {};
     if (const auto* ours = dynamic_cast<const ColourMime*>(mime)) return ours->pasteboard();
     Pasteboard out;
@@ -44,6 +44,9 @@ Pasteboard pasteboardOf(const QMimeData* mime) {
     if (out.colourType) {
         const QColor colour = qvariant_cast<QColor>(mime->colorData());
         if (colour.isValid()) out.colour = fromQt(colour);
+    } else if (const auto colour = SystemColours::on(board)) {
+        out.colourType = true;
+        out.colour = fromQt(*colour);
     }
     out.text = textOf(*mime);
     out.textType = out.text.has_value();
@@ -56,7 +59,7 @@ DragInfo dragInfoOf(const QDropEvent& event, Point location) {
     info.location = location;
     if (const auto* ours = dynamic_cast<const ColourMime*>(event.mimeData())) info.source = ours->source();
     info.sourceAllows = event.possibleActions() != Qt::IgnoreAction;
-    info.pasteboard = pasteboardOf(event.mimeData());
+    info.pasteboard = pasteboardOf(event.mimeData(), SystemBoard::drag);
     return info;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/pasteboard.h"
+#include "qt/system_colours.h"
 
 #include <QMimeData>
 
@@ -28,8 +29,9 @@ class ColourMime : public QMimeData {
     const DragSource* source_;
 };
 
-/// What mime data carries: our own exactly, a foreign colour by its 16-bit channels, checked.
-Pasteboard pasteboardOf(const QMimeData*);
+/// What mime data carries: our own exactly, a foreign colour by its 16-bit channels, checked. `board` is
+/// where it comes from.
+Pasteboard pasteboardOf(const QMimeData*, SystemBoard board = SystemBoard::general);
 
 DragInfo dragInfoOf(const QDropEvent&, Point location);
 

@@ -102,7 +102,7 @@ std::unique_ptr<Form> QtDesktop::loadForm(std::string_view name, const FormOwner
 void QtDesktop::adoptHostWindow(QWidget& window) {
     if (hostWindow_ == 0) return;
     window.winId(); // makes the window handle
-    QWindow* host = QWindow::fromWinId(static_cast<WId>(hostWindow_));
+    QWindow* host = QWindow::fromWinId(hostWindow_);
     if (!host) return;
     window.windowHandle()->setTransientParent(host);
     QObject::connect(&window, &QObject::destroyed, host, &QObject::deleteLater);
@@ -290,6 +290,9 @@ void QtDesktop::runPageLayout(Window& parent) {
 void QtDesktop::rememberFiles(const std::string& settingsPath) {
     fileHabits_.rememberIn(settingsPath);
     settingsPath_ = settingsPath;
+#ifdef Q_OS_MACOS
+    panels_.beNative(); // sheets of the dialog
+#endif
     forPerson_ = true;
 }
 

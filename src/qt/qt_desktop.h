@@ -5,6 +5,7 @@
 #include "qt/controls/plain_text.h"
 #include "qt/drags.h"
 #include "qt/form_reading.h"
+#include "qt/host_process.h"
 #include "qt/log_ring.h"
 #include "qt/mishap.h"
 #include "qt/modal_loops.h"
@@ -48,7 +49,7 @@ class QtDesktop : public Desktop {
     ~QtDesktop() override;
 
     std::unique_ptr<Form> loadForm(std::string_view name, const FormOwner&) override;
-    void setHostWindow(std::intptr_t window) override { hostWindow_ = window; }
+    void setHostWindow(std::intptr_t window) override { hostWindow_ = hostWindow(window); }
     std::int64_t runModal(Window&) override;
     void stopModal(std::int64_t code) override;
     void runAlert(const Alert&) override;
@@ -119,6 +120,7 @@ class QtDesktop : public Desktop {
     Mishaps mishaps_{modalLoops_, log_};
     BackgroundWork background_;
     std::vector<QPointer<BackgroundWork>> workers_;
+    SystemColours systemColours_;
     Drags drags_;
     PrintJobs printJobs_{status_};
     Completions completions_;
@@ -128,8 +130,8 @@ class QtDesktop : public Desktop {
     QPointer<QMessageBox> openAlert_;
     std::vector<Alert> alerts_;
     std::vector<std::string> sounds_;
-    mutable Pasteboard pasteboard_; ///< the clipboard as last read
-    std::intptr_t hostWindow_ = 0;  ///< as the window system names it
+    mutable Pasteboard pasteboard_;  ///< the clipboard as last read
+    WId hostWindow_ = hostWindow(0); ///< as the window system names it
     bool modalRan_ = false;
     bool forPerson_ = false;
     std::string settingsPath_; ///< empty where nothing is remembered

@@ -1,7 +1,5 @@
 #include "qt/screen_devices.h"
 
-#if defined(__linux__)
-
 #include <QStringList>
 
 #include <fcntl.h>
@@ -49,5 +47,3 @@ bool hasScreenDevice(const QString& entry) {
 }
 
 } // namespace chromalog
-
-#endif

@@ -29,7 +29,8 @@ void deleteWithoutTraces(QFileDialog* panel) {
 /// nothing to do with what stands in the field, and would win over it.
 class TypedPanel : public QFileDialog {
   public:
-    TypedPanel(QWidget* parent, const QString& title) : QFileDialog(parent, title) {
+    TypedPanel(QWidget* parent, const QString& title, bool native) : QFileDialog(parent, title) {
+        if (native) return;
         setOption(QFileDialog::DontUseNativeDialog); // its fields are there from now on
         name_ = findChild<QLineEdit*>("fileNameEdit");
         rows_ = findChild<QListView*>("listView");
@@ -72,8 +73,12 @@ class TypedPanel : public QFileDialog {
 /// file that is written.
 class SaveDialog : public TypedPanel {
   public:
-    SaveDialog(QWidget* parent, QString extension)
-        : TypedPanel(parent, QObject::tr("Save")), extension_(std::move(extension)) {}
+    SaveDialog(QWidget* parent, QString extension, bool native)
+        : TypedPanel(parent, QObject::tr("Save"), native), extension_(std::move(extension)) {
+        if (!native) return;
+        setDefaultSuffix(extension_);
+        setNameFilter("*." + extension_); // else the system's panel takes any other
+    }
 
   protected:
     QString meant() const override {
@@ -138,7 +143,7 @@ void FilePanels::show(QFileDialog* panel, const std::string& kind, PanelAnswer a
 
 void FilePanels::begin(const OpenPanel& panel, QWidget* parent, PanelAnswer answer) {
     records_.push_back({"open", panel.types, parent ? fromQt(parent->objectName()) : "", ""});
-    auto* dialog = new TypedPanel(parent, QObject::tr("Open"));
+    auto* dialog = new TypedPanel(parent, QObject::tr("Open"), native_);
     dialog->setAcceptMode(QFileDialog::AcceptOpen);
     dialog->setFileMode(QFileDialog::ExistingFile);
     QStringList patterns;
@@ -151,7 +156,7 @@ void FilePanels::begin(const OpenPanel& panel, QWidget* parent, PanelAnswer answ
 
 void FilePanels::begin(const SavePanel& panel, QWidget* parent, PanelAnswer answer) {
     records_.push_back({"save", {}, parent ? fromQt(parent->objectName()) : "", panel.suggestedName});
-    auto* dialog = new SaveDialog(parent, toQt(panel.extension));
+    auto* dialog = new SaveDialog(parent, toQt(panel.extension), native_);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setFileMode(QFileDialog::AnyFile);
     if (!panel.suggestedName.empty()) dialog->selectFile(toQt(panel.suggestedName));

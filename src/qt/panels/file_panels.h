@@ -27,6 +27,9 @@ class FilePanels {
   public:
     explicit FilePanels(FileHabits& habits) : habits_(habits) {}
     ~FilePanels();
+    void beNative() {
+        native_ = true;
+    } ///< for a person: the system's own panels; a script types into the toolkit's
     void begin(const OpenPanel&, QWidget* parent, PanelAnswer);
     void begin(const SavePanel&, QWidget* parent, PanelAnswer);
 
@@ -38,6 +41,7 @@ class FilePanels {
     void show(QFileDialog*, const std::string& kind, PanelAnswer);
 
     FileHabits& habits_;
+    bool native_ = false;
     QPointer<QFileDialog> open_;
     QPointer<QFileDialog> answered_; ///< kept until it is safe to delete: it is still inside its own signal
     std::vector<PanelRecord> records_;
