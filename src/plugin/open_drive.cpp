@@ -12,7 +12,8 @@ namespace {
 
 bool isAskedFor(const StandaloneSuite& suite) {
     const auto given = [&suite](const char* option) { return suite.option(option) != nullptr; };
-    return std::ranges::any_of(std::initializer_list{"drive", "screenshot", "accept", "cancel"}, given);
+    constexpr const char* kAsks[] = {"drive", "screenshot", "accept", "cancel"};
+    return std::ranges::any_of(kAsks, given);
 }
 
 /// Beside this module, whatever the loader searches.
