@@ -2,6 +2,7 @@
 #include "qt/desktop_fixture.h"
 
 #include "qt/log_ring.h"
+#include "qt/panels/file_panels.h"
 #include "qt/panels/print_jobs.h"
 #include "qt/string_table.h"
 
@@ -94,6 +95,23 @@ TEST_F(ServicesTest, SoundsAreRememberedWhetherOrNotTheSystemHasThem) {
     QtDesktop desktop{settings()};
     desktop.playSound("Frog");
     EXPECT_THAT(desktop.sounds(), ElementsAre("Frog"));
+}
+
+TEST_F(ServicesTest, TheSystemsOwnPanelIsToldTheExtension) {
+    QWidget window;
+    FileHabits habits;
+    FilePanels panels(habits);
+    const auto openPanel = [&]() -> const QFileDialog& {
+        panels.begin(SavePanel{.suggestedName = "warm", .extension = "aco"}, &window, [](auto) {});
+        return *panels.current();
+    };
+    EXPECT_TRUE(openPanel().testOption(QFileDialog::DontUseNativeDialog)) << "a script types into its fields";
+    panels.beNative();
+    const QFileDialog& native = openPanel();
+    EXPECT_FALSE(native.testOption(QFileDialog::DontUseNativeDialog));
+    EXPECT_EQ(native.defaultSuffix(), "aco");
+    EXPECT_EQ(native.nameFilters(), QStringList("*.aco"));
+    EXPECT_EQ(native.windowModality(), Qt::WindowModal) << "a sheet";
 }
 
 TEST_F(ServicesTest, TheClockShowsLocalTime) {
