@@ -19,5 +19,9 @@ set(CPACK_DEBIAN_PACKAGE_SUGGESTS "xdg-desktop-portal")
 
 install_compressed(debian/changelog.in changelog ${CMAKE_INSTALL_DATADIR}/doc/chromalog)
 install(FILES debian/copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/chromalog)
+if(TARGET chromalog-gimp) # a package of its own
+  install(FILES ${CMAKE_CURRENT_BINARY_DIR}/changelog.gz debian/copyright
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/chromalog-gimp COMPONENT gimp EXCLUDE_FROM_ALL)
+endif()
 
 include(CPack)

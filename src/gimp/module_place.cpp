@@ -9,8 +9,9 @@ std::string modulePath() {
     namespace fs = std::filesystem;
     std::error_code ignored;
     const fs::path beside = fs::read_symlink("/proc/self/exe", ignored).parent_path();
-    for (const fs::path& folder : {beside, fs::path(CHROMALOG_MODULE_FOLDER), fs::path("/usr/lib/chromalog"),
-                                   fs::path("/usr/local/lib/chromalog")})
+    for (const fs::path& folder :
+         {beside, fs::path(CHROMALOG_MODULE_FOLDER), fs::path("/usr/" CHROMALOG_MODULE_DIR),
+          fs::path("/usr/local/" CHROMALOG_MODULE_DIR)})
         if (const fs::path module = folder / "Chromalog.so"; fs::exists(module, ignored))
             return module.string();
     throw std::runtime_error("Chromalog is not installed: there is no Chromalog.so");
