@@ -48,7 +48,6 @@ Rect LibraryView::rowRect(int row) const {
 
 void LibraryView::drawRect(Canvas& canvas) {
     const Rect clip = canvas.clipBounds();
-    const bool onDark = surround().brightness() < 0.5;
     for (int row = 0; row < accessibleRowCount(); ++row) {
         const Rect rect = rowRect(row);
         if (rect.y > clip.y + clip.h || rect.y + rect.h < clip.y) continue;
@@ -60,7 +59,7 @@ void LibraryView::drawRect(Canvas& canvas) {
             canvas.fillRect({rect.x + kMargin + width * static_cast<double>(i), rect.y + kMargin + kName + 4,
                              width, kStrip});
         }
-        canvas.setFill(onDark ? Colour::rgb(1, 1, 1) : Colour());
+        canvas.setFill(Colour()); // on the lists' own light ground, on dark desktops too
         canvas.drawText({rect.x + kMargin, rect.y + kMargin + kName - 3},
                         entries_[static_cast<std::size_t>(row)].label, Font{}, rect.w - 2 * kMargin);
     }
