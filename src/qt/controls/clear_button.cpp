@@ -53,7 +53,7 @@ void addClearButton(QLineEdit& field) {
     QObject::connect(clear, &QAction::triggered, &field, [&field] {
         guarded([&] {
             field.clear();
-            emit field.textEdited(QString()); // a person's edit
+            Q_EMIT field.textEdited(QString()); // a person's edit
         });
     });
 }

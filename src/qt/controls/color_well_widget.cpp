@@ -104,13 +104,13 @@ void ColorWellWidget::mouseMoveEvent(QMouseEvent* event) try {
 
 void ColorWellWidget::mouseReleaseEvent(QMouseEvent* event) try {
     if (event->button() != Qt::LeftButton || !std::exchange(pressed_, false)) return;
-    if (isPressable() && rect().contains(event->position().toPoint())) emit clicked();
+    if (isPressable() && rect().contains(event->position().toPoint())) Q_EMIT clicked();
 } catch (...) {
     mishap();
 }
 
 void ColorWellWidget::keyPressEvent(QKeyEvent* event) try {
-    if (event->key() == Qt::Key_Space && isPressable()) return emit clicked();
+    if (event->key() == Qt::Key_Space && isPressable()) return Q_EMIT clicked();
     if (event->matches(QKeySequence::Copy)) return copyAsHex();
     QWidget::keyPressEvent(event);
 } catch (...) {

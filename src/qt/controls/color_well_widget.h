@@ -35,10 +35,10 @@ class ColorWellWidget : public QWidget, public DragSource {
 
     bool isPressable() const { return property("action").isValid(); }
 
-  public slots:
+  public Q_SLOTS:
     void copyAsHex();
 
-  signals:
+  Q_SIGNALS:
     void clicked(); ///< of one that is pressable
 
   protected:

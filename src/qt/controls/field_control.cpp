@@ -76,7 +76,7 @@ bool FieldControl::returnPressed() {
 bool FieldControl::escapePressed() {
     if (!onReturn_ || widget_->text().isEmpty()) return false;
     widget_->clear();
-    emit widget_->textEdited(QString());
+    Q_EMIT widget_->textEdited(QString());
     return true;
 }
 

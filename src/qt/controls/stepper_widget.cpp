@@ -47,7 +47,7 @@ void StepperWidget::step(int direction) {
     if (next > maximum_) next = wraps_ ? minimum_ : maximum_;
     if (next < minimum_) next = wraps_ ? maximum_ : minimum_;
     value_ = next;
-    emit stepped();
+    Q_EMIT stepped();
 }
 
 void StepperWidget::keyPressEvent(QKeyEvent* event) try {

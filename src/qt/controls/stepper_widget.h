@@ -25,7 +25,7 @@ class StepperWidget : public QWidget {
     void stepForwards() { step(1); } ///< nothing while disabled
     void stepBackwards() { step(-1); }
 
-  signals:
+  Q_SIGNALS:
     void stepped(); ///< by a person
 
   protected:

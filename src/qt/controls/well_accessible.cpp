@@ -31,7 +31,7 @@ class WellAccessible : public QAccessibleWidget {
         return {};
     }
     void doAction(const QString& name) override try {
-        if (well_->isPressable() && name == pressAction()) return emit well_->clicked();
+        if (well_->isPressable() && name == pressAction()) return Q_EMIT well_->clicked();
         QAccessibleWidget::doAction(name);
     } catch (...) {
         mishap();

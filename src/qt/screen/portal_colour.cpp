@@ -67,7 +67,7 @@ class PortalColour::Request : public QObject {
         QDBusConnection::disconnectFromBus(token_);
     }
 
-  private slots:
+  private Q_SLOTS:
     void response(uint code, const QVariantMap& results) {
         guarded([&] {
             begun_.clear(); // closed by the portal
