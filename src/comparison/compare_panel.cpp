@@ -229,6 +229,10 @@ void ComparePanel::removeDoubles() {
     for (const ComparedRow& compared : taken())
         gone.push_back(compared.row);
     panels_.erase(*panels_.both()[list], gone, undo_label::doublesRemoved, doublesWords(gone.size()));
+    desktop_.statusLine().say(StatusLine::About::colours,
+                              std::to_string(gone.size()) +
+                                  (gone.size() == 1 ? " near double was" : " near doubles were") +
+                                  " removed from list " + std::to_string(list + 1) + ".");
 }
 
 } // namespace chromalog

@@ -27,13 +27,13 @@ std::string titleOf(const std::string& verb, const ImportPlan& plan) {
 
 } // namespace
 
-ImportPanel::ImportPanel(Desktop& desktop, const ImportSource& source, ConstListRecords rows,
-                         const CmykToRgb& convert, std::string ink)
+ImportPanel::ImportPanel(Desktop& desktop, const ImportSource& source, const std::string& into,
+                         ConstListRecords rows, const CmykToRgb& convert, std::string ink)
     : desktop_(desktop) {
     form_ = desktop_.loadForm("ImportPanel", owner());
     if (!form_) desktop_.log("failed to load the form ImportPanel");
     importWindow->whenClosed([this] { desktop_.stopModal(0); });
-    show(source, rows, convert, ink);
+    show(source, into, rows, convert, ink);
 }
 
 FormOwner ImportPanel::owner() {
@@ -50,12 +50,12 @@ FormOwner ImportPanel::owner() {
              {"closeImport:", [this] { desktop_.stopModal(0); }}}};
 }
 
-void ImportPanel::show(const ImportSource& source, ConstListRecords rows, const CmykToRgb& convert,
-                       const std::string& ink) {
+void ImportPanel::show(const ImportSource& source, const std::string& into, ConstListRecords rows,
+                       const CmykToRgb& convert, const std::string& ink) {
     const ImportPlan all = planImport(source.palette, ImportWay::replace, rows, convert);
     const ImportPlan appended = planImport(source.palette, ImportWay::append, rows, convert);
     const ImportPlan fresh = planImport(source.palette, ImportWay::onlyNew, rows, convert);
-    importNote->setText(source.name + ": " + source.description);
+    importNote->setText(source.name + ": " + source.description + ", into " + into);
     importLoss->setText(lossText(source, all.loss, ink));
     patches_.setColours(coloursOf(all.swatches.palette));
     importReplace->setTitle(titleOf("Replace by", all));

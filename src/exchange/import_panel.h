@@ -14,13 +14,15 @@ namespace chromalog {
 /// A fresh one for every time.
 class ImportPanel {
   public:
-    /// `rows`: the list as it stands.
-    ImportPanel(Desktop&, const ImportSource&, ConstListRecords rows, const CmykToRgb&, std::string ink);
+    /// `into`: what the list is called; `rows`: it as it stands.
+    ImportPanel(Desktop&, const ImportSource&, const std::string& into, ConstListRecords rows,
+                const CmykToRgb&, std::string ink);
     std::optional<ImportWay> run(); ///< returns when it is closed; nothing: cancelled
 
   private:
     FormOwner owner();
-    void show(const ImportSource&, ConstListRecords rows, const CmykToRgb&, const std::string& ink);
+    void show(const ImportSource&, const std::string& into, ConstListRecords rows, const CmykToRgb&,
+              const std::string& ink);
     void choose(ImportWay);
 
     Desktop& desktop_;

@@ -63,8 +63,9 @@ bool PaletteExchange::importDropped(SwatchPanel& panel, const std::vector<std::s
 
 void PaletteExchange::offer(SwatchPanel& panel, const ImportSource& source) {
     const CmykToRgb ink = hostInk(parts_.services);
-    const auto way =
-        ImportPanel(parts_.desktop, source, rowsOf(panel), ink, nameOfInk(parts_.services)).run();
+    const auto way = ImportPanel(parts_.desktop, source, &panel == &parts_.one ? "list 1" : "list 2",
+                                 rowsOf(panel), ink, nameOfInk(parts_.services))
+                         .run();
     if (way) take(panel, source, *way);
 }
 

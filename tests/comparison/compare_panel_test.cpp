@@ -219,6 +219,7 @@ TEST_F(ComparePanelTest, NearDoublesAreShownFirstAndRemovedByOneStep) {
         send("removeDoubles:", "ComparePanel");
         EXPECT_EQ(controler->history().undoSteps(), steps + 1);
         EXPECT_THAT(names(1), ElementsAre("100", "10", "200"));
+        EXPECT_EQ(desktop->statusLine().text(), "3 near doubles were removed from list 1.");
         settle();
         EXPECT_FALSE(button("compareRemove").enabled());
         send("doUndo:");

@@ -66,7 +66,8 @@ class PaletteExchangeTest : public PickTest {
 TEST_F(PaletteExchangeTest, ThePanelTellsWhatComesBeforeAnythingChanges) {
     pick([this](ChromalogControler& c, HeadlessDesktop& d) {
         bringIn(d, "a.gpl", [](HeadlessForm& panel) {
-            EXPECT_EQ(panel.outlet<HeadlessTextField>("importNote").text(), "a.gpl: GIMP palette, 2 colors");
+            EXPECT_EQ(panel.outlet<HeadlessTextField>("importNote").text(),
+                      "a.gpl: GIMP palette, 2 colors, into list 1");
             EXPECT_EQ(panel.outlet<HeadlessTextView>("importLoss").text(), "1 name changed\n");
             EXPECT_EQ(panel.outlet<HeadlessButton>("importReplace").title(), "Replace by 2");
         });
@@ -153,7 +154,8 @@ TEST_F(PaletteExchangeTest, DroppedFilesOpenTheirImportOnceTheDropIsOver) {
         inPanel(
             d, "ImportPanel", [&d] { d.advance(0.01); },
             [&](HeadlessForm& panel) {
-                EXPECT_EQ(panel.outlet<HeadlessTextField>("importNote").text(), "a.gpl: 2 files, 3 colors");
+                EXPECT_EQ(panel.outlet<HeadlessTextField>("importNote").text(),
+                          "a.gpl: 2 files, 3 colors, into list 2");
                 EXPECT_EQ(c.history().undoSteps(), 0);
                 panel.send("importAppend:");
             });
@@ -179,7 +181,7 @@ TEST_F(PaletteExchangeTest, ADroppedSwatchFileLoadsAtOnceWithShiftAlone) {
             d, "ImportPanel", [&d] { d.advance(0.01); },
             [](HeadlessForm& panel) {
                 EXPECT_EQ(panel.outlet<HeadlessTextField>("importNote").text(),
-                          "a.ACO: Swatch file, 2 colors");
+                          "a.ACO: Swatch file, 2 colors, into list 1");
             });
         EXPECT_TRUE(list.filesDropped({path("a.gpl")}, true)) << "the key is about swatch files";
         inPanel(

@@ -141,7 +141,7 @@ TEST_F(DriveFiles, PalettesThatAreNamedWaitForAChoice) {
              "menu swatch1 exportPalette1:\nset exportKinds 3\nchoose $/out.gpl\npress exportAll:\n",
              {file("two.aco"), file("three.aco")});
     const json panel = state("panel.json");
-    EXPECT_EQ(panel["outlets"]["importNote"]["text"], "two.aco: 2 files, 5 colors");
+    EXPECT_EQ(panel["outlets"]["importNote"]["text"], "two.aco: 2 files, 5 colors, into list 1");
     EXPECT_EQ(panel["lists"][0]["viewCount"], 0);
     EXPECT_EQ(state("after.json")["lists"][0]["viewCount"], 5);
     EXPECT_THAT(contents(file("out.gpl")), StartsWith("GIMP Palette\nName: two\n"));

@@ -113,6 +113,25 @@ TEST_F(ModalTest, TheCloseBoxIsOneClose) {
     EXPECT_EQ(closes, 1);
 }
 
+TEST_F(ModalTest, ReturnPressesTheFocusedButtonWhereNoneIsTheDefault) {
+    for (const bool hasDefault : {false, true}) {
+        DialogWindow panel(nullptr);
+        QPushButton first(&panel), second(&panel);
+        int presses[2] = {};
+        QObject::connect(&first, &QPushButton::clicked, [&] { ++presses[0]; });
+        QObject::connect(&second, &QPushButton::clicked, [&] { ++presses[1]; });
+        for (QPushButton* button : {&first, &second})
+            button->setAutoDefault(false);
+        first.setDefault(hasDefault);
+        panel.show();
+        second.setFocus();
+        QTest::keyClick(&second, Qt::Key_Return);
+        QTest::keyClick(&second, Qt::Key_Enter);
+        EXPECT_EQ(presses[0], hasDefault ? 2 : 0);
+        EXPECT_EQ(presses[1], hasDefault ? 0 : 2);
+    }
+}
+
 TEST_F(ModalTest, AFloatingPanelWorksWhileTheDialogIsModal) {
     panel = load("dialog", panelWindow);
     panelWindow->attachAsChildOf(*window);

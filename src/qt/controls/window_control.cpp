@@ -6,6 +6,7 @@
 
 #include <QAbstractButton>
 #include <QKeyEvent>
+#include <QPushButton>
 #include <QScreen>
 
 #include <algorithm>
@@ -23,10 +24,24 @@ void DialogWindow::reject() {
     closing_ = false;
 }
 
+namespace {
+
+/// Whether Return presses one button, wherever the focus is.
+bool hasDefault(const QDialog& dialog) {
+    const auto buttons = dialog.findChildren<QPushButton*>();
+    return std::any_of(buttons.begin(), buttons.end(),
+                       [](const QPushButton* button) { return button->isDefault(); });
+}
+
+} // namespace
+
 void DialogWindow::keyPressEvent(QKeyEvent* event) try {
     if (event->matches(QKeySequence::Cancel))
         for (auto* button : findChildren<QAbstractButton*>())
             if (button->property("pressedByEscape").toBool()) return button->click();
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (auto* focused = qobject_cast<QAbstractButton*>(focusWidget()); enter && focused && !hasDefault(*this))
+        return focused->click();
     QDialog::keyPressEvent(event);
 } catch (...) {
     mishap();
@@ -73,7 +88,11 @@ void WindowControl::makeKeyAndOrderFront() {
 }
 
 void WindowControl::orderOut() {
-    if (widget_) widget_->hide();
+    if (!widget_) return;
+    if (widget_->isVisible())
+        widget_->move(
+            widget_->pos()); // else it comes back lower by its frame, which is not known before it shows
+    widget_->hide();
 }
 
 /// A window below a modal one in the tree of windows is not blocked by it.
