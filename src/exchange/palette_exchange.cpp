@@ -115,6 +115,7 @@ void PaletteExchange::take(SwatchPanel& panel, const ImportSource& source, Impor
     std::ranges::copy(ready, panel.records.begin() + static_cast<std::ptrdiff_t>(plan.start));
     panel.storedCount = static_cast<std::int16_t>(plan.start + plan.swatches.from.size());
     panel.view.setNumberOfColors(panel.storedCount);
+    panel.view.setScrollSize();
     if (way == ImportWay::replace) {
         panel.storeName(stored);
         panel.view.setName(source.name);

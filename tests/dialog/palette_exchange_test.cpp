@@ -103,6 +103,23 @@ TEST_F(PaletteExchangeTest, EachWayIsOneStepOfUndo) {
     });
 }
 
+TEST_F(PaletteExchangeTest, EveryRowThatCameCanBeScrolledTo) {
+    std::string many;
+    for (int i = 10; i < 99; ++i)
+        many += "#0000" + std::to_string(i) + " n\n";
+    write("many.hex", many);
+    write("more.hex", many + "#ffffff White\n");
+    pick([this](ChromalogControler& c, HeadlessDesktop& d) {
+        const CSwatchList& list = c.panels().one.view;
+        bringIn(d, "many.hex", [](HeadlessForm& panel) { panel.send("importReplace:"); });
+        EXPECT_EQ(list.frame().h, 22.0 * 90);
+        bringIn(d, "more.hex", [](HeadlessForm& panel) { panel.send("importNew:"); });
+        EXPECT_EQ(list.frame().h, 22.0 * 91);
+        bringIn(d, "more.hex", [](HeadlessForm& panel) { panel.send("importAppend:"); });
+        EXPECT_EQ(list.frame().h, 22.0 * 181);
+    });
+}
+
 TEST_F(PaletteExchangeTest, AFullListTakesNoMore) {
     std::string many = "GIMP Palette\n";
     for (int i = 0; i < 5001; ++i)
