@@ -53,11 +53,11 @@ QMessageBox* replaceQuestion() {
     auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     const QWidget* asker = box ? box->parentWidget() : nullptr;
     const bool panel = qobject_cast<const QFileDialog*>(asker) || qobject_cast<const QPrintDialog*>(asker);
-    return panel ? box : nullptr;
+    return panel && box->button(QMessageBox::Yes) ? box : nullptr;
 }
 
 void agree(QMessageBox& question) {
-    if (QAbstractButton* yes = question.button(QMessageBox::Yes)) click(middleOf(*yes));
+    click(middleOf(*question.button(QMessageBox::Yes)));
 }
 
 QPrintDialog* openPrintDialog() {

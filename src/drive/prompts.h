@@ -23,8 +23,8 @@ QString textOf(const QMessageBox&); ///< in one line
 /// vanish between the choice and the reading, make such answers possible.
 void answer(QFileDialog&, const QString& path);
 
-/// The question of a file panel or print dialog whether to replace a file; null where it does not ask. A
-/// script that names a file means it.
+/// The question of a file panel or print dialog whether to replace a file; null where it does not ask, or
+/// only tells that it finds no such file. A script that names a file means it.
 QMessageBox* replaceQuestion();
 void agree(QMessageBox&);
 

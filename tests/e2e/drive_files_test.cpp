@@ -59,6 +59,17 @@ TEST_F(DriveFiles, AFileThatCannotBeWrittenEndsTheScript) {
         endsWithCodeTwo(std::string(command) + " $/folder.aco\n", 1, "folder.aco: ");
 }
 
+/// The toolkit's panel takes it for several names, finds none, and says so in a box of its own.
+TEST_F(DriveFiles, ANameThatThePanelDoesNotFindIsAnAlert) {
+    write("a\"b.aco", std::string("any"));
+    const std::string chosen = "choose '$/a\"b.aco'\npress loadSwatch1:\n";
+    const auto refused = play(chosen + "press killSwatch2:\n");
+    EXPECT_EQ(refused.exitCode, 2);
+    EXPECT_THAT(refused.err, HasSubstr("script:3: press is not allowed while an alert is open: "));
+    playWell("answer\n" + chosen + "choose cancel\nstate $/state.json\n");
+    EXPECT_EQ(state()["lists"][0]["viewCount"], 0);
+}
+
 /// Whole or not at all: an older picture stays.
 TEST_F(DriveFiles, APictureOnAFullDiskIsAnError) {
     fs::create_directory(file("full"));
