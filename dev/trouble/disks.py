@@ -108,7 +108,7 @@ def full_tmpfs(programs, spare):
             filling = os.path.join(disk, "filling")
             fill(filling, disk, spare)
             code, _, err = finish(place.play(session.SCRIPT))
-            session.after_failures(place, code, err, in_time=True)
+            session.after_failures(place, code, err, traced=False)
             os.remove(filling)
             session.next_session(place)
     return None
