@@ -1,5 +1,6 @@
 // A long session reads and writes many files: none may stay open.
 #include "files/file_io.h"
+#include "files/system_calls.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -48,6 +49,14 @@ TEST_F(OpenFiles, AreAsManyAfterAHundredWrites) {
         ASSERT_FALSE(writeDataToFileAtURL(folder / "pipe", std::vector<std::uint8_t>(100)));
     }
     EXPECT_EQ(openDescriptors(), before);
+}
+
+TEST_F(OpenFiles, AreClosedInProgramsThatTheHostStarts) {
+    test::forgetCalls();
+    ASSERT_TRUE(readDataFromFileAtURL(folder / "file"));
+    ASSERT_TRUE(writeDataToFileAtURL(folder / "file", std::vector<std::uint8_t>(100)));
+    EXPECT_GT(test::callsOf("open"), 1);
+    EXPECT_EQ(test::callsOf("open, inherited"), 0);
 }
 
 } // namespace

@@ -90,6 +90,7 @@ int open(const char* path, int flags, ...) {
     va_start(more, flags);
     const mode_t mode = va_arg(more, mode_t); // where none was given it is not used
     va_end(more);
+    if (!(flags & O_CLOEXEC)) ++chromalog::test::counts()["open, inherited"];
     PASS_ON(open, path, path, flags, mode);
 }
 int close(int fd) {

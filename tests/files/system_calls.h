@@ -20,7 +20,9 @@ class FailingCall {
 /// From now on the call of that number (counted from 0) ends the process before it is made, as a kill does.
 void killAtCall(int number);
 
-int callsOf(const char* name); ///< since forgetCalls, those that failed too
+/// Since forgetCalls, those that failed too. "open, inherited": of files that programs would inherit that the
+/// process starts.
+int callsOf(const char* name);
 void forgetCalls();
 
 } // namespace chromalog::test

@@ -82,6 +82,12 @@ TEST_F(WritePlaces, WritingOverOnAFullDiskLeavesTheOldContents) {
     EXPECT_EQ(code, 0);
 }
 
+TEST_F(WritePlaces, WritingOverWaitsForTheDisk) {
+    ASSERT_TRUE(write("file", bytesFrom(1, 5000)));
+    const FailingCall broken("fsync", EIO);
+    EXPECT_EQ(writeAsNobody(0555, bytesFrom(7, 300)), 1);
+}
+
 TEST_F(WritePlaces, OnlyTheFoldersRefusalLeadsToWritingOver) {
     ASSERT_TRUE(write("file", bytesFrom(1, 5000)));
     for (const int error : {ENOSPC, EIO, EDQUOT, EROFS}) {

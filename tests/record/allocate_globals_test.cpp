@@ -77,6 +77,17 @@ TEST_F(AllocateGlobalsTest, EveryByteOfANewRecordIsCleared) {
     EXPECT_LE(set, 2 * static_cast<std::ptrdiff_t>(sizeof(void*))) << "the two pointers alone";
 }
 
+TEST_F(AllocateGlobalsTest, APageIsClearedWhereOnlyItsMiddleHoldsSomething) {
+    untouched = true;
+    handles.lockProc = [](Handle h, std::uint8_t) {
+        std::fill_n(*h + 5 * 4096 + 1000, 100, '\1');
+        return *h;
+    };
+    const auto* bytes = reinterpret_cast<const unsigned char*>(allocate());
+    ASSERT_TRUE(bytes);
+    EXPECT_EQ(std::count(bytes, bytes + sizeof(GlobalRecord), 1), 0);
+}
+
 /// In pages of the system.
 long resident() {
     std::ifstream counts("/proc/self/statm");
@@ -130,8 +141,15 @@ TEST_F(AllocateGlobalsTest, ARefusedLockOfAnEarlierRecordKeepsIt) {
 
 TEST_F(AllocateGlobalsTest, MissingHandleProceduresGiveNothing) {
     EXPECT_EQ(AllocateGlobals(&result, &record, nullptr, 1, &data, [](GlobalRecord*) {}), nullptr);
-    handles.lockProc = nullptr;
-    EXPECT_EQ(allocate(), nullptr);
+    const auto without = [this](auto procedure) {
+        handles = procs();
+        handles.*procedure = nullptr;
+        return allocate();
+    };
+    EXPECT_EQ(without(&HandleProcs::newProc), nullptr);
+    EXPECT_EQ(without(&HandleProcs::disposeProc), nullptr);
+    EXPECT_EQ(without(&HandleProcs::lockProc), nullptr);
+    EXPECT_EQ(without(&HandleProcs::unlockProc), nullptr);
 }
 
 } // namespace

@@ -43,6 +43,20 @@ TEST(HostConversion, AHostErrorIsReturnedAndTheComponentsStay) {
     EXPECT_EQ(c, (Components{1, 2, 3, 4}));
 }
 
+TEST(HostConversion, TheGamutIsToldWhereTheHostHasSetIt) {
+    const auto silent = [](ColorServicesInfo* info) -> std::int16_t { return info->resultInGamut = 1, 0; };
+    const auto telling = [](ColorServicesInfo* info) -> std::int16_t {
+        info->resultGamutInfoValid = 1;
+        return 0;
+    };
+    Components c{1, 2, 3, 4};
+    std::optional<bool> inGamut = true;
+    EXPECT_EQ(HostCSConvertColor(silent, 0, 2, c.data(), inGamut), 0);
+    EXPECT_EQ(inGamut, std::nullopt);
+    EXPECT_EQ(HostCSConvertColor(telling, 0, 2, c.data(), inGamut), 0);
+    EXPECT_EQ(inGamut, false);
+}
+
 TEST(HostConversion, TheArgumentBlockIsComplete) {
     Components c{10, 20, 30, 40};
     EXPECT_EQ(HostCSConvertColor(echo, 0, 0, c.data()), 0);

@@ -38,6 +38,14 @@ TEST(Gamut, AColourInsideStays) {
     }
 }
 
+TEST(Gamut, AColourOutsideIsMappedAndNotClipped) {
+    const Rgb outside{1.2, -0.2, 0.1};
+    const Rgb mapped = mappedToSrgb(outside);
+    EXPECT_TRUE(inSrgb(mapped, 0));
+    EXPECT_NEAR(mapped.red, mappedToSrgb(oklchOf(outside)).red, 1e-12);
+    EXPECT_GT(difference(oklabOf(mapped), oklabOf(clippedToSrgb(outside))), 0.02) << "for once it shows";
+}
+
 TEST(Gamut, LightnessEndsAtWhiteAndBlack) {
     EXPECT_EQ(mappedToSrgb(Oklch{1, 0.3, 20}), (Rgb{1, 1, 1}));
     EXPECT_EQ(mappedToSrgb(Oklch{7, 0.3, 20}), (Rgb{1, 1, 1}));
