@@ -117,7 +117,8 @@ TEST_F(DriveRows, FilesThatAreDroppedWithoutAKeyOpenTheirImport) {
     write("sky.gpl", std::string("GIMP Palette\n1 2 3\tNight\n"));
     playWell("dropfiles swatch2 30 30 $/twelve.aco $/sky.gpl\nstate $/panel.json\npress importReplace:\n" +
              std::string(kState));
-    EXPECT_EQ(state("panel.json")["outlets"]["importNote"]["text"], "twelve.aco: 2 files, 13 colors, into list 2");
+    EXPECT_EQ(state("panel.json")["outlets"]["importNote"]["text"],
+              "twelve.aco: 2 files, 13 colors, into list 2");
     EXPECT_EQ(state("panel.json")["lists"][1]["viewCount"], 0);
     EXPECT_EQ(state()["lists"][1]["viewCount"], 13);
     EXPECT_EQ(labels(), (json{"!Import!"}));
