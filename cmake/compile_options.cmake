@@ -22,3 +22,9 @@ elseif(CMAKE_SYSTEM_NAME STREQUAL "Linux")
     $<$<BOOL:${CHROMALOG_HAS_CF_PROTECTION}>:-fcf-protection>)
   add_link_options(-Wl,-z,relro -Wl,-z,now -Wl,-z,noexecstack)
 endif()
+if(NOT CHROMALOG_SANITIZE)
+  # What tells debuggers of sources names no folder of whoever built it. A plain release holds no path at all.
+  set(with_symbols $<CONFIG:RelWithDebInfo,MinSizeRel>)
+  add_compile_options($<${with_symbols}:-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.>
+    $<${with_symbols}:-ffile-prefix-map=${PROJECT_BINARY_DIR}=./build>)
+endif()

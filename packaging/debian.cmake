@@ -24,4 +24,7 @@ if(TARGET chromalog-gimp) # a package of its own
     DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/chromalog-gimp COMPONENT gimp EXCLUDE_FROM_ALL)
 endif()
 
+# What is packed has the version's day, whenever that happens.
+set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_BINARY_DIR}/package_day.cmake)
+file(WRITE ${CPACK_PROJECT_CONFIG_FILE} "set(ENV{SOURCE_DATE_EPOCH} ${CHROMALOG_RELEASE_SECONDS})\n")
 include(CPack)

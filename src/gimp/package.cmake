@@ -1,5 +1,6 @@
 # The Debian package of the plug-in alone: cpack --config build/CPackGimp.cmake. It holds the component gimp.
 file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/CPackGimp.cmake @ONLY CONTENT [[
+set(ENV{SOURCE_DATE_EPOCH} @CHROMALOG_RELEASE_SECONDS@) # what is packed has the version's day
 set(CPACK_GENERATOR DEB)
 set(CPACK_CMAKE_GENERATOR "@CMAKE_GENERATOR@")
 set(CPACK_PACKAGE_NAME chromalog-gimp)
