@@ -7,8 +7,8 @@ _chromalog() {
         [nearest]='--cmyk-profile --from --help -n'
         [pick]='--help --json'
         [recover]='--data-dir --help --list'
-        [open]='--about --accept --books --cancel --cmyk-profile --color --color-services
-            --component-scale --data-dir --drive --fail --format --help --host-version --option --picks
+        [open]='--about --accept --books --cancel --clipboard --cmyk-profile --color
+            --color-services --component-scale --data-dir --drive --fail --format --help --host-version --option --picks
             --plugin --screenshot --verbose --version'
     )
     COMPREPLY=()

@@ -50,6 +50,7 @@ class Desktop {
 
     virtual const Pasteboard& generalPasteboard() const = 0;
     virtual void setGeneralPasteboard(const Pasteboard&) = 0;
+    virtual void returned(const Colour&) {} ///< what OK gives the host, while the dialog has the focus
     virtual void beginDrag(const DragRequest&) = 0; ///< from a mouseDragged of the source
 
     virtual std::unique_ptr<Timer> startTimer(double seconds, std::function<void()>) = 0;

@@ -237,8 +237,9 @@ void ChromalogControler::okPressed() {
         toggleSecondColor();
         return;
     }
-    returnColour(*data_.pickerRecord,
-                 returnsSecond(data_) ? colours_.getSecondColor() : colours_.getFirstColor());
+    const Colour& colour = returnsSecond(data_) ? colours_.getSecondColor() : colours_.getFirstColor();
+    returnColour(*data_.pickerRecord, colour);
+    desktop_.returned(colour);
     desktop_.stopModal(0); // first: the pick ends also where the lists cannot be saved
     savePrefs(Flush::toDisk);
 }

@@ -3,6 +3,7 @@
 #include "qt/host_process.h"
 #include "qt/log_ring.h"
 #include "qt/mishap.h"
+#include "qt/returned_colour.h"
 #include "qt/screen_devices.h"
 
 #include <QClipboard>
@@ -224,6 +225,7 @@ struct Kept {
 Kept* kept = nullptr; // not owned: a host that exits without ending its run leaves it to the system
 
 void endKept() {
+    if (kept) guarded([] { ReturnedColour::holdToItsEnd(); });
     delete std::exchange(kept, nullptr);
 }
 
@@ -243,10 +245,11 @@ std::unique_ptr<QApplication> makeApplication() {
 }
 
 /// Takes back what others see of the application. False where they may still ask this process for the
-/// clipboard: its contents are handed over only as the application ends.
+/// clipboard: its contents are handed over only as the application ends. The colour that OK returned is held
+/// longer, by the kept application.
 bool leavesTheDesktop() {
     QClipboard& clipboard = *QGuiApplication::clipboard();
-    if (clipboard.ownsClipboard()) return false;
+    if (clipboard.ownsClipboard() && !ReturnedColour::isHeld()) return false;
     if (clipboard.ownsSelection()) clipboard.clear(QClipboard::Selection);
     for (QWidget* window : QApplication::topLevelWidgets())
         window->hide();

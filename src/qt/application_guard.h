@@ -33,7 +33,8 @@ class DisplayProbe {
 class ApplicationGuard {
   public:
     /// Where the host calls back at the end of its run, the application is kept until then, for the picks to
-    /// come; what others see of it (windows, the clipboard) ends with the guard all the same.
+    /// come; what others see of it (windows, the clipboard) ends with the guard all the same, but for the
+    /// colour that OK returned (returned_colour.h).
     explicit ApplicationGuard(void (*atEnd)(void (*putAway)()) = nullptr);
     ~ApplicationGuard();
     ApplicationGuard(const ApplicationGuard&) = delete;

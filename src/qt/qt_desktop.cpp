@@ -9,6 +9,7 @@
 #include "qt/pictures/picture_reader.h"
 #include "qt/qt_form.h"
 #include "qt/raster_canvas.h"
+#include "qt/returned_colour.h"
 #include "qt/screen/begin_screen_pick.h"
 #include "qt/settings_file.h"
 #include "qt/system_sound.h"
@@ -171,6 +172,11 @@ const Pasteboard& QtDesktop::generalPasteboard() const {
 
 void QtDesktop::setGeneralPasteboard(const Pasteboard& pasteboard) {
     QGuiApplication::clipboard()->setMimeData(new ColourMime(pasteboard));
+}
+
+/// The pick ends also where there is no memory for a copy.
+void QtDesktop::returned(const Colour& colour) {
+    if (settings_.copyReturned) guarded([&] { ReturnedColour::copy(colour); });
 }
 
 void QtDesktop::beginDrag(const DragRequest& request) {

@@ -36,6 +36,7 @@ struct QtDesktopSettings {
     ReadForm readForm = nullptr;            ///< reads them; has to be there where the folder is
     std::vector<std::string> filesToImport; ///< named after the program
     bool logToSystem = false;
+    bool copyReturned = false;       ///< the colour that OK returns goes to the clipboard
     bool optionWhileOpening = false; ///< the Option key counts as held until the first modal loop runs
 
     /// From CHROMALOG_DATA_DIR, CHROMALOG_BOOKS, CHROMALOG_FORMS and CHROMALOG_LOG.
@@ -57,6 +58,7 @@ class QtDesktop : public Desktop {
     void beginSavePanel(const SavePanel&, Window& parent, PanelAnswer) override;
     const Pasteboard& generalPasteboard() const override;
     void setGeneralPasteboard(const Pasteboard&) override;
+    void returned(const Colour&) override;
     void beginDrag(const DragRequest&) override;
     std::unique_ptr<Timer> startTimer(double seconds, std::function<void()>) override;
     void inBackground(std::function<void()> work, std::function<void()> then) override;

@@ -38,6 +38,7 @@ QtDesktopSettings settingsOf(const StandaloneSuite* standalone, ReadForm readFor
     if (const char* folder = standalone->option("data-dir")) settings.dataDirectory = folder;
     if (const char* folder = standalone->option("books")) settings.booksDirectory = folder;
     if (const char* files = standalone->option("import")) settings.filesToImport = linesOf(files);
+    settings.copyReturned = standalone->option("clipboard") != nullptr;
     settings.optionWhileOpening = standalone->option("option") != nullptr;
     return settings;
 }

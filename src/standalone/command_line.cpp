@@ -134,6 +134,9 @@ void addPluginOptions(CLI::App& app) {
         "--cancel", [] {}, "Press Cancel as soon as the dialog shows");
     app.add_flag_callback(
         "--option", [] {}, "As if the Option key were held while the picker opens");
+    app.add_flag_callback(
+        "--clipboard", [] {},
+        "Copy the colour that OK returns, and stay without a window until another program copies something");
     app.add_option("--screenshot", "Write a picture of the dialog")
         ->check(kPictureFile)
         ->type_name("FILE.png");

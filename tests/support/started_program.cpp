@@ -52,6 +52,10 @@ bool StartedProgram::runs() {
     return process_ > 0;
 }
 
+void StartedProgram::signal(int number) const {
+    if (process_ > 0) kill(process_, number);
+}
+
 int StartedProgram::wait() {
     int status = 0;
     if (process_ > 0 && waitpid(process_, &status, 0) == process_) ended(status);

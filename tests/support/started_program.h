@@ -18,8 +18,9 @@ class StartedProgram {
     StartedProgram(const StartedProgram&) = delete;
     StartedProgram& operator=(const StartedProgram&) = delete;
 
-    bool runs(); ///< whether it has not ended yet
-    int wait();  ///< its exit code, once it has ended; 128 + signal where a signal ended it
+    bool runs();                   ///< whether it has not ended yet
+    void signal(int number) const; ///< nothing where it has ended
+    int wait();                    ///< its exit code, once it has ended; 128 + signal where a signal ended it
 
   private:
     void ended(int status);
