@@ -21,12 +21,14 @@ using PanelAnswer = std::function<void(std::optional<std::string> path)>;
 struct OpenPanel {
     std::vector<std::string> types;    ///< extensions without a dot
     std::string kind = "Swatch files"; ///< what they are, for people
+    std::string title{};               ///< what for; empty: "Open"
 };
 
 /// A sheet for a name to save under; the panel asks before an existing file is replaced.
 struct SavePanel {
     std::string suggestedName;
     std::string extension; ///< replaces what was typed, so that the panel asks about the file that is written
+    std::string title{};   ///< what for; empty: "Save"
 };
 
 } // namespace chromalog

@@ -34,10 +34,11 @@ std::string withoutExtension(std::string_view name) {
 } // namespace
 
 void PaletteExchange::chooseFile(SwatchPanel& panel) {
-    parts_.desktop.beginOpenPanel({readableTypes()}, *parts_.dialog,
-                                  [this, &panel](std::optional<std::string> path) {
-                                      if (path) importFiles(panel, {*path});
-                                  });
+    OpenPanel open{readableTypes()};
+    open.title = &panel == &parts_.two ? "Import into list 2" : "Import into list 1";
+    parts_.desktop.beginOpenPanel(open, *parts_.dialog, [this, &panel](std::optional<std::string> path) {
+        if (path) importFiles(panel, {*path});
+    });
 }
 
 std::optional<ImportSource> PaletteExchange::read(const std::vector<std::string>& paths) {
@@ -144,7 +145,8 @@ void PaletteExchange::exportList(SwatchPanel& panel) {
         if (path && !path->empty()) write(list, format, *path);
     };
     const std::string suggested = name.empty() ? name : name + "." + extension;
-    parts_.desktop.beginSavePanel({suggested, extension}, *parts_.dialog, answer);
+    const char* title = &panel == &parts_.two ? "Export list 2" : "Export list 1";
+    parts_.desktop.beginSavePanel({suggested, extension, title}, *parts_.dialog, answer);
 }
 
 void PaletteExchange::write(const Palette& list, PaletteFormat format, const std::string& path) {

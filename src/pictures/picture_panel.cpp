@@ -108,6 +108,7 @@ void PicturePanel::hide() {
 void PicturePanel::choose() {
     OpenPanel panel{pictureExtensions()};
     panel.kind = "Pictures";
+    panel.title = "Open picture";
     parts_.desktop.beginOpenPanel(panel, *pictureWindow, [this](std::optional<std::string> path) {
         if (path) read(parts_.desktop.pictureFile(*path));
     });

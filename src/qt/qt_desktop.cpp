@@ -296,9 +296,7 @@ void QtDesktop::runPageLayout(Window& parent) {
 void QtDesktop::rememberFiles(const std::string& settingsPath) {
     fileHabits_.rememberIn(settingsPath);
     settingsPath_ = settingsPath;
-#ifdef Q_OS_MACOS
-    panels_.beNative(); // sheets of the dialog
-#endif
+    panels_.beNative();
     forPerson_ = true;
 }
 

@@ -89,7 +89,13 @@ void ListCommands::chooseSwatchFile(SwatchPanel& panel, Way way) {
     const auto answer = [this, &panel, way](std::optional<std::string> path) {
         if (path) swatchFileChosen(panel, way, *path);
     };
-    parts_.desktop.beginOpenPanel({{"aco", "ACO"}}, *parts_.dialog, answer);
+    OpenPanel open{{"aco", "ACO"}};
+    const bool second = &panel == &parts_.two;
+    if (way.verb == "Append")
+        open.title = second ? "Append to list 2" : "Append to list 1";
+    else
+        open.title = second ? "Load into list 2" : "Load into list 1";
+    parts_.desktop.beginOpenPanel(open, *parts_.dialog, answer);
     panel.view.setNeedsDisplay(); // before the person has chosen
 }
 
@@ -152,7 +158,8 @@ void ListCommands::saveSwatch(SwatchPanel& panel) {
     // Not the view's name, which an undo leaves: the file of another list would be replaced.
     const std::string shown = panel.nameField->text();
     const std::string name(fileNameOf(shown)); // stored names may hold anything
-    const SavePanel save{name.empty() ? name : acoPath(name), "aco"};
+    const SavePanel save{name.empty() ? name : acoPath(name), "aco",
+                         &panel == &parts_.two ? "Save list 2" : "Save list 1"};
     parts_.desktop.beginSavePanel(save, *parts_.dialog, answer);
 }
 
@@ -160,7 +167,9 @@ void ListCommands::loadASE() {
     const auto answer = [this](std::optional<std::string> path) {
         if (path) bookChosen(*path);
     };
-    parts_.desktop.beginOpenPanel({{"acb", "ACB"}}, *parts_.dialog, answer);
+    OpenPanel open{{"acb", "ACB"}};
+    open.title = "Load color book into list 1";
+    parts_.desktop.beginOpenPanel(open, *parts_.dialog, answer);
     parts_.one.view.setNeedsDisplay();
 }
 

@@ -56,6 +56,24 @@ class ListActions : public PickTest {
     HeadlessDesktop* desktop = nullptr;
 };
 
+TEST_F(ListActions, FilePanelsSayWhatTheyAreFor) {
+    dialog([&] {
+        const std::pair<const char*, const char*> opened[] = {
+            {"loadSwatch1:", "Load into list 1"},        {"loadSwatch2:", "Load into list 2"},
+            {"appendSwatch1:", "Append to list 1"},      {"appendSwatch2:", "Append to list 2"},
+            {"loadASE:", "Load color book into list 1"}, {"importPalette1:", "Import into list 1"},
+            {"importPalette2:", "Import into list 2"}};
+        for (const auto& [action, title] : opened) {
+            send(action);
+            EXPECT_EQ(desktop->openPanels.back().title, title) << action;
+        }
+        for (const char* list : {"1", "2"}) {
+            send(std::string("saveSwatch") + list + ":");
+            EXPECT_EQ(desktop->savePanels.back().title, std::string("Save list ") + list);
+        }
+    });
+}
+
 TEST_F(ListActions, UndoAfterALoadBringsBackListCountAndNameAndRedoTheLoadedOne) {
     dialog([&] {
         EXPECT_FALSE(enabled("undoButton") || enabled("redoButton"));

@@ -131,14 +131,18 @@ TEST_F(HeldClipboard, GivesTheColourUntilAnotherProgramCopies) {
 
 TEST_F(HeldClipboard, ASecondPickTakesOverFromTheFirst) {
     start({"--clipboard", "--accept", "--color", "#102030"});
-    StartedProgram second({CHROMALOG_PROGRAM, "--data-dir", file("other"), "--clipboard", "--drive",
-                           (writeScript("type firstR 1\npress okPressed:\n"), file("script"))},
-                          environment_);
+    writeScript("type firstR 1\npress okPressed:\n");
+    const int out = ::open(file("second").c_str(), O_WRONLY | O_CREAT, 0600);
+    StartedProgram second(
+        {CHROMALOG_PROGRAM, "--data-dir", file("other"), "--clipboard", "--drive", file("script")},
+        environment_, out);
+    close(out);
     endsQuietly(0);
     EXPECT_THAT(neighbour_->paste("UTF8_STRING"), testing::StartsWith("#01"));
     EXPECT_TRUE(second.runs());
     neighbour_->copySomething();
     EXPECT_EQ(second.wait(), 0);
+    EXPECT_THAT(read("second"), testing::StartsWith("#01"));
 }
 
 TEST_F(HeldClipboard, IsLeftAloneByCancelAndWithoutTheOption) {

@@ -93,7 +93,7 @@ TEST_F(StoryOfAList, ASortedListIsSaved) {
     open();
     click({"sortAlpha1"});
     click({"saveSwatch1"});
-    waitForWindow("Save");
+    waitForWindow("Save list 1");
     keys("ctrl+a");
     type(file("sorted.aco") + "\n");
     waitForWindow("Chromalog");
@@ -105,7 +105,7 @@ TEST_F(StoryOfAList, ASortedListIsSaved) {
 TEST_F(StoryOfAList, AFileIsLoadedIntoTheListUsedLast) {
     open();
     keys("alt+2 ctrl+o");
-    waitForWindow("Open");
+    waitForWindow("Load into list 2");
     type(file("three.aco") + "\n");
     waitForWindow("Chromalog");
     cancel();

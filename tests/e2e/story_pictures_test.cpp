@@ -25,7 +25,7 @@ TEST_F(StoryOfPictures, APhotoIsPickedFromAndItsColoursAreTakenAndUndone) {
     const json seen = state("frames.json");
     open();
     click({"choosePicture"});
-    waitForWindow("Open");
+    waitForWindow("Open picture");
     type(file("wheel.png") + "\n");
     waitForWindow("Picture");
     click(panel("pictureToList1")); // perhaps before the colours are there

@@ -119,7 +119,7 @@ class TypedPanels : protected DialogOnServer, public testing::Test {
 
 TEST_F(TypedPanels, ASwatchFileIsOpened) {
     perform("press loadSwatch1:");
-    act({{"Open", path("swatches.aco")}});
+    act({{"Load into list 1", path("swatches.aco")}});
     waitForHands();
     EXPECT_EQ(rows(1), 40);
     expectNothingIsLeft();
@@ -127,9 +127,9 @@ TEST_F(TypedPanels, ASwatchFileIsOpened) {
 
 TEST_F(TypedPanels, AFileThatDoesNotExistIsAskedForAgain) {
     perform("press loadSwatch2:");
-    act({{"Open", path("missing.aco")},
+    act({{"Load into list 2", path("missing.aco")},
          {"", "key Return", true},
-         {"Open", "key ctrl+a " + path("swatches.aco")}});
+         {"Load into list 2", "key ctrl+a " + path("swatches.aco")}});
     waitForHands();
     EXPECT_TRUE(asked);
     EXPECT_EQ(rows(2), 40);
@@ -139,7 +139,7 @@ TEST_F(TypedPanels, AFileThatDoesNotExistIsAskedForAgain) {
 TEST_F(TypedPanels, ABookIsOpened) {
     std::filesystem::copy_file(folder / "swatches.aco", folder / "book.acb"); // its name is what counts
     perform("press loadASE:");
-    act({{"Open", path("book.acb")}});
+    act({{"Load color book into list 1", path("book.acb")}});
     waitForHands();
     EXPECT_EQ(qobject_cast<QLabel*>(desktop->widget("swatch1Name"))->text(), "book.acb");
     expectNothingIsLeft();
@@ -148,7 +148,7 @@ TEST_F(TypedPanels, ABookIsOpened) {
 TEST_F(TypedPanels, AListIsSavedAndReplaced) {
     for (const bool replaces : {false, true}) {
         perform("press saveSwatch1:");
-        std::vector<Step> steps{{"Save", "key ctrl+a " + path("saved.aco")}};
+        std::vector<Step> steps{{"Save list 1", "key ctrl+a " + path("saved.aco")}};
         if (replaces) steps.push_back({"", "key alt+y", true});
         act(steps);
         waitForHands();

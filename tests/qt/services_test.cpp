@@ -11,6 +11,7 @@
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QDoubleSpinBox>
+#include <QLineEdit>
 #include <QLocale>
 #include <QPixmapCache>
 #include <QPointer>
@@ -97,21 +98,23 @@ TEST_F(ServicesTest, SoundsAreRememberedWhetherOrNotTheSystemHasThem) {
     EXPECT_THAT(desktop.sounds(), ElementsAre("Frog"));
 }
 
-TEST_F(ServicesTest, TheSystemsOwnPanelIsToldTheExtension) {
+TEST_F(ServicesTest, APersonsPanelIsOursWhereTheDesktopHasNone) {
     QWidget window;
     FileHabits habits;
     FilePanels panels(habits);
     const auto openPanel = [&]() -> const QFileDialog& {
-        panels.begin(SavePanel{.suggestedName = "warm", .extension = "aco"}, &window, [](auto) {});
+        panels.begin(SavePanel{.suggestedName = "warm", .extension = "aco", .title = "Save list 1"}, &window,
+                     [](auto) {});
         return *panels.current();
     };
     EXPECT_TRUE(openPanel().testOption(QFileDialog::DontUseNativeDialog)) << "a script types into its fields";
     panels.beNative();
-    const QFileDialog& native = openPanel();
-    EXPECT_FALSE(native.testOption(QFileDialog::DontUseNativeDialog));
-    EXPECT_EQ(native.defaultSuffix(), "aco");
-    EXPECT_EQ(native.nameFilters(), QStringList("*.aco"));
-    EXPECT_EQ(native.windowModality(), Qt::WindowModal) << "a sheet";
+    const QFileDialog& persons = openPanel();
+    EXPECT_FALSE(persons.testOption(QFileDialog::DontUseNativeDialog));
+    EXPECT_NE(persons.findChild<QLineEdit*>("fileNameEdit"), nullptr);
+    EXPECT_EQ(persons.defaultSuffix(), "") << "ours puts the extension in place itself";
+    EXPECT_EQ(persons.windowModality(), Qt::WindowModal) << "a sheet";
+    EXPECT_EQ(persons.windowTitle(), "Save list 1");
 }
 
 TEST_F(ServicesTest, TheClockShowsLocalTime) {

@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QListView>
+#include <QMessageBox>
 #include <QSettings>
 #include <QSignalBlocker>
 
@@ -24,21 +25,40 @@ void deleteWithoutTraces(QFileDialog* panel) {
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, before);
 }
 
+} // namespace
+
 /// Takes a path as it was typed. On the way there the toolkit selects rows that match, and can shorten the
 /// path of a file to the bare name of its row; where it reads a folder late, a row stays selected that has
 /// nothing to do with what stands in the field, and would win over it.
 class TypedPanel : public QFileDialog {
   public:
     TypedPanel(QWidget* parent, const QString& title, bool native) : QFileDialog(parent, title) {
-        if (native) return;
-        setOption(QFileDialog::DontUseNativeDialog); // its fields are there from now on
-        name_ = findChild<QLineEdit*>("fileNameEdit");
-        rows_ = findChild<QListView*>("listView");
-        if (!name_ || !rows_) return;
-        connect(name_, &QLineEdit::textChanged, this,
-                [this](const QString& text) { guarded([&] { nameChanged(text); }); });
-        for (const QAbstractItemView* view : findChildren<QAbstractItemView*>())
-            connect(view, &QAbstractItemView::pressed, this, [this] { path_.clear(); });
+        if (!native) setOption(QFileDialog::DontUseNativeDialog);
+        findFields();
+    }
+    /// A desktop that promised a panel may fail to show it: the toolkit then makes its own.
+    void setVisible(bool visible) override try {
+        QFileDialog::setVisible(visible);
+        findFields();
+    } catch (...) {
+        mishap();
+    }
+    bool isDesktopsOwn() const { return !name_; }
+    /// What was chosen; empty: nothing.
+    virtual QString chosen() const { return selectedFiles().value(0); }
+    /// Once it has gone: whether what was chosen may be written. May ask the person.
+    virtual bool mayWrite() const { return true; }
+    void suggest(const QString& name) {
+        suggested_ = name;
+        if (!name.isEmpty()) selectFile(name);
+    }
+    /// The desktop's own panel would begin where it found the suggested name.
+    void goTo(const QString& folder) {
+        setDirectory(folder);
+        if (isDesktopsOwn() && !suggested_.isEmpty()) selectFile(suggested_);
+    }
+    QString folder() const {
+        return isDesktopsOwn() ? QFileInfo(chosen()).absolutePath() : directory().absolutePath();
     }
     void accept() override try {
         const QString path = meant();
@@ -57,6 +77,17 @@ class TypedPanel : public QFileDialog {
     QString name() const { return name_ ? name_->text() : QString(); }
 
   private:
+    /// Nothing where the desktop's own panel stands for this one: it has no fields then.
+    void findFields() {
+        if (name_) return;
+        name_ = findChild<QLineEdit*>("fileNameEdit");
+        rows_ = findChild<QListView*>("listView");
+        if (!name_ || !rows_) return;
+        connect(name_, &QLineEdit::textChanged, this,
+                [this](const QString& text) { guarded([&] { nameChanged(text); }); });
+        for (const QAbstractItemView* view : findChildren<QAbstractItemView*>())
+            connect(view, &QAbstractItemView::pressed, this, [this] { path_.clear(); });
+    }
     void nameChanged(const QString& text) {
         if (text.contains('/'))
             path_ = text;
@@ -67,17 +98,40 @@ class TypedPanel : public QFileDialog {
     QLineEdit* name_ = nullptr;
     QListView* rows_ = nullptr;
     QString path_; ///< the path that was typed last, as long as it is meant
+    QString suggested_;
 };
 
+namespace {
+
+/// Whether the person lets the file be replaced.
+bool mayReplace(QWidget* over, const QString& path, const QString& title) {
+    QMessageBox box(
+        QMessageBox::Warning, title,
+        QObject::tr("%1 already exists.\nDo you want to replace it?").arg(QFileInfo(path).fileName()),
+        QMessageBox::Yes | QMessageBox::No, over);
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(QMessageBox::No);
+    return box.exec() == QMessageBox::Yes;
+}
+
 /// Puts the extension in place before the panel asks about an existing file: the question is then about the
-/// file that is written.
+/// file that is written. The desktop's own panel asks of itself, about the name as it was typed; where the
+/// extension makes another of it, that is asked for here, and No ends without a file.
 class SaveDialog : public TypedPanel {
   public:
-    SaveDialog(QWidget* parent, QString extension, bool native)
-        : TypedPanel(parent, QObject::tr("Save"), native), extension_(std::move(extension)) {
-        if (!native) return;
-        setDefaultSuffix(extension_);
-        setNameFilter("*." + extension_); // else the system's panel takes any other
+    SaveDialog(QWidget* parent, const QString& title, QString extension, bool native)
+        : TypedPanel(parent, title, native), extension_(std::move(extension)) {
+        // Else the desktop's own takes any other. A default suffix would hide which name it has asked about.
+        if (isDesktopsOwn()) setNameFilter("*." + extension_);
+    }
+    QString chosen() const override {
+        const QString path = TypedPanel::chosen();
+        return !isDesktopsOwn() || path.isEmpty() ? path : withExtension(path, extension_);
+    }
+    bool mayWrite() const override {
+        const QString path = chosen();
+        return path == TypedPanel::chosen() || !QFileInfo::exists(path) ||
+               mayReplace(parentWidget(), path, windowTitle());
     }
 
   protected:
@@ -120,19 +174,19 @@ void FilePanels::closeOn(const QWidget* parent) {
     if (answered_ && answered_->parentWidget() == parent) deleteWithoutTraces(answered_);
 }
 
-void FilePanels::show(QFileDialog* panel, const std::string& kind, PanelAnswer answer) {
+void FilePanels::show(TypedPanel* panel, const std::string& kind, PanelAnswer answer) {
     deleteWithoutTraces(open_); // a window has one sheet
     deleteWithoutTraces(answered_);
     open_ = panel;
     panel->setWindowModality(Qt::WindowModal);
-    if (const QString folder = habits_.folderOf(kind); !folder.isEmpty()) panel->setDirectory(folder);
+    if (const QString folder = habits_.folderOf(kind); !folder.isEmpty()) panel->goTo(folder);
     const auto finished = [this, panel, kind, answer = std::move(answer)](int result) {
-        const QStringList chosen = panel->selectedFiles();
-        if (result == QDialog::Accepted) habits_.usedFolder(kind, panel->directory().absolutePath());
+        const QString chosen = panel->chosen();
+        if (result == QDialog::Accepted) habits_.usedFolder(kind, panel->folder());
         answered_ = open_;
         open_ = nullptr;
-        if (result == QDialog::Accepted && !chosen.isEmpty())
-            answer(fromQt(chosen.front()));
+        if (result == QDialog::Accepted && !chosen.isEmpty() && panel->mayWrite())
+            answer(fromQt(chosen));
         else
             answer(std::nullopt);
     };
@@ -143,7 +197,8 @@ void FilePanels::show(QFileDialog* panel, const std::string& kind, PanelAnswer a
 
 void FilePanels::begin(const OpenPanel& panel, QWidget* parent, PanelAnswer answer) {
     records_.push_back({"open", panel.types, parent ? fromQt(parent->objectName()) : "", ""});
-    auto* dialog = new TypedPanel(parent, QObject::tr("Open"), native_);
+    const QString title = panel.title.empty() ? QObject::tr("Open") : toQt(panel.title);
+    auto* dialog = new TypedPanel(parent, title, native_);
     dialog->setAcceptMode(QFileDialog::AcceptOpen);
     dialog->setFileMode(QFileDialog::ExistingFile);
     QStringList patterns;
@@ -156,10 +211,11 @@ void FilePanels::begin(const OpenPanel& panel, QWidget* parent, PanelAnswer answ
 
 void FilePanels::begin(const SavePanel& panel, QWidget* parent, PanelAnswer answer) {
     records_.push_back({"save", {}, parent ? fromQt(parent->objectName()) : "", panel.suggestedName});
-    auto* dialog = new SaveDialog(parent, toQt(panel.extension), native_);
+    const QString title = panel.title.empty() ? QObject::tr("Save") : toQt(panel.title);
+    auto* dialog = new SaveDialog(parent, title, toQt(panel.extension), native_);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setFileMode(QFileDialog::AnyFile);
-    if (!panel.suggestedName.empty()) dialog->selectFile(toQt(panel.suggestedName));
+    dialog->suggest(toQt(panel.suggestedName));
     show(dialog, panel.extension, std::move(answer));
 }
 

@@ -19,6 +19,8 @@ struct PanelRecord {
     std::string suggestedName;
 };
 
+class TypedPanel;
+
 /// A name as it is written: its extension gives way to the panel's.
 QString withExtension(const QString& path, const QString& extension);
 
@@ -27,9 +29,8 @@ class FilePanels {
   public:
     explicit FilePanels(FileHabits& habits) : habits_(habits) {}
     ~FilePanels();
-    void beNative() {
-        native_ = true;
-    } ///< for a person: the system's own panels; a script types into the toolkit's
+    /// For a person: the desktop's own panels where it has them for us; a script types into the toolkit's.
+    void beNative() { native_ = true; }
     void begin(const OpenPanel&, QWidget* parent, PanelAnswer);
     void begin(const SavePanel&, QWidget* parent, PanelAnswer);
 
@@ -38,7 +39,7 @@ class FilePanels {
     const std::vector<PanelRecord>& records() const { return records_; }
 
   private:
-    void show(QFileDialog*, const std::string& kind, PanelAnswer);
+    void show(TypedPanel*, const std::string& kind, PanelAnswer);
 
     FileHabits& habits_;
     bool native_ = false;
