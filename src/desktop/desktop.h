@@ -44,6 +44,7 @@ class Desktop {
     virtual std::int64_t runModal(Window&) = 0;    ///< returns the code given to stopModal
     virtual void stopModal(std::int64_t code) = 0; ///< ends the innermost loop
     virtual void runAlert(const Alert&) = 0;       ///< returns when it was dismissed
+    virtual void showAbout(Window&) {}             ///< the product and its version, beside the pick
     /// Begins a sheet on `parent` and returns at once; the answer comes later, from the modal loop.
     virtual void beginOpenPanel(const OpenPanel&, Window& parent, PanelAnswer) = 0;
     virtual void beginSavePanel(const SavePanel&, Window& parent, PanelAnswer) = 0;

@@ -26,6 +26,7 @@ std::vector<ActionEntry> ColourTools::actions() {
     actions.push_back({"findNearDoubles:", [this] { compare_.show(ComparisonView::doublesOne); }});
     actions.push_back({"showNearest:", [this] { nearestPanel_.show(); }});
     actions.push_back({"choosePicture:", [this] { showPictures(); }});
+    actions.push_back({"showAbout:", [this] { parts_.desktop.showAbout(*parts_.dialog); }});
     actions.push_back({"pickFromScreen:", [this] { screen_.pick(); }});
     return actions;
 }

@@ -239,6 +239,7 @@ std::unique_ptr<QApplication> makeApplication() {
     standAsideInHost();
     auto application = std::make_unique<Application>(argc, argv);
     application->setQuitOnLastWindowClosed(false);
+    QGuiApplication::setDesktopFileName("chromalog"); // by it desktops find the entry, and its icon
     std::setlocale(LC_NUMERIC, numeric.c_str());
     if (!launched.empty()) setenv(launch, launched.c_str(), 1);
     return application;

@@ -1,6 +1,7 @@
 #include "qt/qt_desktop.h"
 
 #include "prefs/data_directory.h"
+#include "qt/about_sheet.h"
 #include "qt/convert.h"
 #include "qt/driven_dialog.h"
 #include "qt/forms/built_forms.h"
@@ -55,6 +56,7 @@ QtDesktop::QtDesktop(QtDesktopSettings settings)
     : keyboard(&QGuiApplication::queryKeyboardModifiers), settings_(std::move(settings)),
       log_(settings_.logToSystem), texts_(settings_.formsDirectory) {
     initialiseResources();
+    icon_ = productIcon();
     installAccessibility();
 }
 
@@ -89,6 +91,7 @@ std::unique_ptr<Form> QtDesktop::loadForm(std::string_view name, const FormOwner
     if (root) {
         form = std::make_unique<QtForm>(std::move(root), *this, std::string(name));
         adoptHostWindow(*form->window());
+        form->window()->setWindowIcon(icon_);
         forms_.push_back(form.get());
         for (std::string& problem : form->connect(owner))
             problems.push_back(std::move(problem));
@@ -138,7 +141,8 @@ QWidget* QtDesktop::frontWindow() const {
 
 void QtDesktop::runAlert(const Alert& alert) {
     alerts_.push_back(alert);
-    QMessageBox box(QMessageBox::Warning, QString(), QString(), QMessageBox::NoButton, frontWindow());
+    QMessageBox box(QMessageBox::Warning, "Chromalog", QString(), QMessageBox::NoButton, frontWindow());
+    box.setWindowIcon(icon_);
     box.setTextFormat(Qt::PlainText);
     box.setText(toQt(alert.message));
     setPlainInformativeText(box, toQt(alert.informative));
@@ -154,6 +158,10 @@ QWidget* widgetOf(Window& window) {
     return control ? control->dialog() : nullptr;
 }
 } // namespace
+
+void QtDesktop::showAbout(Window& parent) {
+    if (QWidget* window = widgetOf(parent)) showAboutSheet(*window);
+}
 
 void QtDesktop::beginOpenPanel(const OpenPanel& panel, Window& parent, PanelAnswer answer) {
     finishBackground();

@@ -15,6 +15,7 @@
 #include "qt/panels/print_jobs.h"
 #include "qt/string_table.h"
 
+#include <QIcon>
 #include <QMessageBox>
 #include <QObject>
 #include <QPointer>
@@ -54,6 +55,7 @@ class QtDesktop : public Desktop {
     std::int64_t runModal(Window&) override;
     void stopModal(std::int64_t code) override;
     void runAlert(const Alert&) override;
+    void showAbout(Window& parent) override;
     void beginOpenPanel(const OpenPanel&, Window& parent, PanelAnswer) override;
     void beginSavePanel(const SavePanel&, Window& parent, PanelAnswer) override;
     const Pasteboard& generalPasteboard() const override;
@@ -128,6 +130,7 @@ class QtDesktop : public Desktop {
     Completions completions_;
     FileHabits fileHabits_;
     FilePanels panels_{fileHabits_};
+    QIcon icon_;
     std::vector<QtForm*> forms_;
     QPointer<QMessageBox> openAlert_;
     std::vector<Alert> alerts_;

@@ -1,7 +1,11 @@
-// What the loader and the processor are asked to guard in a release: the host runs foreign files through us.
+// What the loader and the processor are asked to guard in a release: the host runs foreign files through us;
+// and whose work a release uses.
 #include "plugin/elf_file.h"
 
 #include <gmock/gmock.h>
+
+#include <algorithm>
+#include <fstream>
 
 namespace chromalog {
 namespace {
@@ -14,7 +18,8 @@ using testing::StartsWith;
 
 struct Built {
     const char* path;
-    const char* entry; ///< our own: what stands before a program's main is the C library's
+    const char* entry;     ///< our own: what stands before a program's main is the C library's
+    const char* inNotices; ///< how the line of the notices on it begins
 };
 
 void PrintTo(const Built& built, std::ostream* out) {
@@ -57,16 +62,47 @@ TEST_P(Hardening, JumpsLandOnlyWhereFunctionsBegin) {
 #endif
 }
 
+/// A library, or headers that are compiled in: their own functions are of a namespace.
+struct Foreign {
+    const char* name;
+    const char* library;
+    const char* symbols;
+};
+
+/// What the notices say that this file uses.
+std::string acknowledgedIn(const char* title) {
+    std::ifstream notices(CHROMALOG_NOTICES);
+    for (std::string line; std::getline(notices, line);)
+        if (line.starts_with(title)) return line.substr(std::string(title).size());
+    return {};
+}
+
+TEST_P(Hardening, TheNoticesNameWhatIsUsedAndNothingElse) {
+    const std::string said = acknowledgedIn(GetParam().inNotices);
+    ASSERT_FALSE(said.empty());
+    const auto needed = file.neededLibraries(), own = file.ownSymbols();
+    for (const Foreign& each :
+         {Foreign{"Qt", "libQt6", nullptr}, Foreign{"Little CMS", "liblcms2", nullptr},
+          Foreign{"Expat", "libexpat", nullptr}, Foreign{"JSON for Modern C++", nullptr, "8nlohmann"},
+          Foreign{"CLI11", nullptr, "N3CLI"}}) {
+        const bool isUsed =
+            each.library
+                ? std::ranges::any_of(needed, [&](auto& one) { return one.starts_with(each.library); })
+                : std::ranges::any_of(own, [&](auto& one) { return one.find(each.symbols) != one.npos; });
+        EXPECT_EQ(said.find(each.name) != said.npos, isUsed) << each.name;
+    }
+}
+
 std::string nameOf(const testing::TestParamInfo<Built>& built) {
     static const char* const names[] = {"Module", "Program", "Player"};
     return names[built.index];
 }
 
-INSTANTIATE_TEST_SUITE_P(Built, Hardening,
-                         testing::Values(Built{CHROMALOG_MODULE, "PluginMain"},
-                                         Built{CHROMALOG_PROGRAM, "main"},
-                                         Built{CHROMALOG_DRIVE_MODULE, "chromalogDrive"}),
-                         nameOf);
+const auto kBuilt =
+    testing::Values(Built{CHROMALOG_MODULE, "PluginMain", "Plug-in:"},
+                    Built{CHROMALOG_PROGRAM, "main", "Program \"chromalog\":"},
+                    Built{CHROMALOG_DRIVE_MODULE, "chromalogDrive", "Module that plays scripts:"});
+INSTANTIATE_TEST_SUITE_P(Built, Hardening, kBuilt, nameOf);
 
 } // namespace
 } // namespace chromalog

@@ -110,6 +110,7 @@ TEST_F(FormsTest, EveryActionHasItsControl) {
     for (const char* tool : {"compareLists:", "findNearDoubles:", "foldNearestUnder:", "showNearest:"})
         EXPECT_EQ(actions.erase(tool), 1u) << tool;
     EXPECT_EQ(actions.erase("choosePicture:"), 1u);
+    EXPECT_EQ(actions.erase("showAbout:"), 1u);
     EXPECT_THAT(actions, UnorderedElementsAreArray({"okPressed:",
                                                     "cancelPressed:",
                                                     "toggleSecondColor:",

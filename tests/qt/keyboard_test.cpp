@@ -5,11 +5,14 @@
 #include "qt/shortcuts.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
+#include <QAction>
 #include <QDialog>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPlainTextEdit>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QShortcut>
@@ -268,6 +271,27 @@ TEST_F(KeyboardTest, F1ShowsOneSheetOfAllKeys) {
     for (QAction* item : window().findChild<QMenu*>("viewMenu")->actions())
         if (item->objectName() == "itemShortcuts") item->trigger();
     EXPECT_EQ(window().findChildren<QDialog*>("shortcutSheet").size(), 1);
+}
+
+TEST_F(KeyboardTest, TheToolsMenuTellsOfTheProduct) {
+    const auto ask = [&] { window().findChild<QAction*>("itemAbout")->trigger(); };
+    ask();
+    auto* sheet = window().findChild<QDialog*>("aboutSheet");
+    ASSERT_NE(sheet, nullptr);
+    EXPECT_EQ(sheet->windowTitle(), "About Chromalog");
+    EXPECT_EQ(sheet->windowModality(), Qt::WindowModal);
+    EXPECT_THAT(textsOf(*sheet), HasSubstr("Chromalog " CHROMALOG_VERSION "\n"));
+    EXPECT_THAT(textsOf(*sheet), HasSubstr("Colors are sRGB, shown unmanaged."));
+    auto* notices = sheet->findChild<QPlainTextEdit*>();
+    EXPECT_TRUE(notices->hasFocus()) << "keys scroll it";
+    for (const char* name : {"Qt", "Little CMS", "Expat", "JSON for Modern C++", "CLI11"})
+        EXPECT_THAT(notices->toPlainText().toStdString(), HasSubstr(std::string(name) + ": Copyright"));
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(notices)->text(QAccessible::Name), "Third-party notices");
+    ask();
+    EXPECT_EQ(window().findChildren<QDialog*>("aboutSheet").size(), 1);
+    QTest::keyClick(notices, Qt::Key_Escape);
+    EXPECT_FALSE(sheet->isVisible());
+    EXPECT_TRUE(window().isVisible()) << "Escape closes the sheet alone";
 }
 
 /// What the section of a control is called, by the nearest box with a name.

@@ -163,6 +163,8 @@ TEST_F(ModalTest, AnAlertShowsItsTextsAsTheyStand) {
     later([&] {
         QMessageBox* alert = desktop.openAlert();
         ASSERT_NE(alert, nullptr);
+        EXPECT_EQ(alert->windowTitle(), "Chromalog");
+        EXPECT_FALSE(alert->windowIcon().pixmap(48, 48).isNull());
         EXPECT_EQ(alert->text(), "Thist color exists !");
         EXPECT_EQ(alert->informativeText(), "100%s <b>%n</b>");
         EXPECT_EQ(alert->textFormat(), Qt::PlainText);
