@@ -8,8 +8,8 @@ _chromalog() {
         [pick]='--help --json'
         [recover]='--data-dir --help --list'
         [open]='--about --accept --books --cancel --clipboard --cmyk-profile --color
-            --color-services --component-scale --data-dir --drive --fail --format --help --host-version --option --picks
-            --plugin --screenshot --verbose --version'
+            --color-services --component-scale --data-dir --drive --fail --format --help --host-version --language
+            --option --picks --plugin --screenshot --verbose --version'
     )
     COMPREPLY=()
     case $before in
@@ -19,6 +19,7 @@ _chromalog() {
         --format) mapfile -t COMPREPLY < <(compgen -W 'hex rgb8 rgb16 css json' -- "$word") ;;
         --color-services) mapfile -t COMPREPLY < <(compgen -W 'lcms closed none error' -- "$word") ;;
         --component-scale) mapfile -t COMPREPLY < <(compgen -W '8 16' -- "$word") ;;
+        --language) mapfile -t COMPREPLY < <(compgen -W 'en de fr' -- "$word") ;;
         --fail) mapfile -t COMPREPLY < <(compgen -W 'new lock' -- "$word") ;;
         --books | --data-dir) mapfile -t COMPREPLY < <(compgen -d -- "$word") ;;
         --color | --dedupe | --host-version | --picks | -n) return ;;

@@ -3,6 +3,7 @@
 #include "base/channels.h"
 #include "base/colour_text.h"
 #include "base/number_text.h"
+#include "base/translated.h"
 #include "colour/ink_text.h"
 #include "spaces/colour_reading.h"
 #include "spaces/returned_rgb.h"
@@ -73,7 +74,7 @@ void ColourEntries::observeControls() {
 
 void ColourEntries::typed(Side& side, Entry& entry) {
     const auto colour = (this->*entry.read)(side, entry.field->text());
-    entry.field->setFault(colour ? "" : entry.fault);
+    entry.field->setFault(colour ? "" : translated(entry.fault));
     if (!colour) return;
     {
         const Flag entering(entering_);

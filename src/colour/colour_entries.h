@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/translated.h"
 #include "colour/working_colours.h"
 #include "spaces/colour_notation.h"
 
@@ -38,10 +39,10 @@ class ColourEntries {
         const Colour& (WorkingColours::*colour)() const;
         void (WorkingColours::*enter)(const Colour&);
         const ValueFields& fields;
-        Entry hex{&ColourEntries::readHex, &ColourEntries::hexOf, "This is no color"};
+        Entry hex{&ColourEntries::readHex, &ColourEntries::hexOf, translatable("This is no color")};
         Entry inks{&ColourEntries::readInkFields, &ColourEntries::inksOf,
-                   "These are no four inks from 0 to 100 that the host converts"};
-        Entry reading{&ColourEntries::readChosen, &ColourEntries::chosenOf, "This is no color"};
+                   translatable("These are no four inks from 0 to 100 that the host converts")};
+        Entry reading{&ColourEntries::readChosen, &ColourEntries::chosenOf, translatable("This is no color")};
         Outlet<Button> choice{};
         std::optional<ColourNotation> notation{}; ///< of the reading; none: the inks show
         Colour shown{};                           ///< what the fields show

@@ -1,6 +1,7 @@
 #include "comparison/compare_panel.h"
 
 #include "base/number_text.h"
+#include "base/translated.h"
 #include "comparison/list_colours.h"
 #include "history/undo_labels.h"
 #include "record/name_text.h"
@@ -18,12 +19,12 @@ std::string titleOf(const std::string& words, std::optional<std::string> count) 
 }
 
 /// "Add 5 to List 1", of none "Add to List 1"
-std::string titleOf(const std::string& verb, std::size_t count, const std::string& rest) {
-    return verb + (count > 0 ? " " + std::to_string(count) : "") + rest;
+std::string titleOf(std::size_t count, std::string_view ofSome, std::string_view ofNone) {
+    return count > 0 ? translated(ofSome, count) : translated(ofNone);
 }
 
 std::string doublesWords(std::size_t count) {
-    return "Remove " + std::to_string(count) + (count == 1 ? " near double" : " near doubles");
+    return translatedCount(count, "Remove %1 near double", "Remove %1 near doubles");
 }
 
 } // namespace
@@ -91,7 +92,7 @@ void ComparePanel::choose(ComparisonView view) {
 void ComparePanel::differenceTyped() {
     const auto typed = finiteNumber(compareDifference->text());
     const bool usable = typed && *typed >= 0 && *typed <= kLargest;
-    compareDifference->setFault(usable ? "" : "A number from 0 to 20");
+    compareDifference->setFault(usable ? "" : translated("A number from 0 to 20"));
     if (!usable || *typed == within_) return;
     within_ = *typed;
     ask(kPause);
@@ -154,21 +155,22 @@ void ComparePanel::showCounts() {
         const std::size_t one = found_->matched(0), two = found_->matched(1);
         told[0] = std::to_string(found_->matches[0].size() - one);
         told[1] = std::to_string(found_->matches[1].size() - two);
-        told[2] = std::to_string(one) + " of list 1, " + std::to_string(two) + " of list 2";
+        told[2] = translated("%1 of list 1, %2 of list 2", one, two);
     }
-    static constexpr const char* kWords[] = {"Only in list 1", "Only in list 2", "In both",
-                                             "Near doubles in list 1", "Near doubles in list 2"};
+    static constexpr const char* kWords[] = {translatable("Only in list 1"), translatable("Only in list 2"),
+                                             translatable("In both"), translatable("Near doubles in list 1"),
+                                             translatable("Near doubles in list 2")};
     for (std::size_t i = 0; i < 5; ++i)
-        counts_[i]->setTitle(titleOf(kWords[i], told[i]));
+        counts_[i]->setTitle(titleOf(translated(kWords[i]), told[i]));
 }
 
 /// What stands in a list alone is offered to the other one.
 void ComparePanel::showButtons() {
     const std::size_t count = taken().size();
     const bool any = !lines_.empty(), doubles = showsDoubles(view_);
-    compareAdd1->setTitle(titleOf("Add", count, " to List 1"));
-    compareAdd2->setTitle(titleOf("Add", count, " to List 2"));
-    compareRemove->setTitle(titleOf("Remove", count, ""));
+    compareAdd1->setTitle(titleOf(count, translatable("Add %1 to List 1"), translatable("Add to List 1")));
+    compareAdd2->setTitle(titleOf(count, translatable("Add %1 to List 2"), translatable("Add to List 2")));
+    compareRemove->setTitle(titleOf(count, translatable("Remove %1"), translatable("Remove")));
     compareAdd1->setEnabled(any && view_ != ComparisonView::onlyOne);
     compareAdd2->setEnabled(any && view_ != ComparisonView::onlyTwo);
     compareRemove->setEnabled(any);
@@ -195,8 +197,9 @@ ResultRow ComparePanel::line(int row) const {
     const FCOStruct* counterpart = recordOf(other, compared.counterpart);
     if (!counterpart) return line;
     line.beside = shownColour(*counterpart);
-    line.name +=
-        (showsDoubles(view_) ? " doubles " : " = ") + macRomanToUtf8(zeroTerminatedName(*counterpart));
+    const std::string beside = macRomanToUtf8(zeroTerminatedName(*counterpart));
+    line.name =
+        showsDoubles(view_) ? translated("%1 doubles %2", line.name, beside) : line.name + " = " + beside;
     line.place = placesText(compared.list, compared.row, other, compared.counterpart);
     line.difference = differenceText(compared.difference);
     return line;
@@ -230,9 +233,8 @@ void ComparePanel::removeDoubles() {
         gone.push_back(compared.row);
     panels_.erase(*panels_.both()[list], gone, undo_label::doublesRemoved, doublesWords(gone.size()));
     desktop_.statusLine().say(StatusLine::About::colours,
-                              std::to_string(gone.size()) +
-                                  (gone.size() == 1 ? " near double was" : " near doubles were") +
-                                  " removed from list " + std::to_string(list + 1) + ".");
+                              translatedCount(gone.size(), "%1 near double was removed from list %2.",
+                                              "%1 near doubles were removed from list %2.", list + 1));
 }
 
 } // namespace chromalog

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/translated.h"
 #include "comparison/comparison_work.h"
 #include "comparison/result_list.h"
 #include "swatches/swatch_panels.h"
@@ -51,8 +52,9 @@ class ComparePanel {
     std::array<std::uint64_t, 2> compared_{}; ///< marks of the lists that were asked about last
     std::optional<ListComparison> found_;     ///< of view_, or of another view of the same question
     std::vector<ComparedRow> lines_;          ///< of the result that shows
-    ResultList rows_{desktop_, "Result of the comparison",
-                     "Shift and the arrows select several, Ctrl+A all, Space selects the swatch in its list"};
+    ResultList rows_{
+        desktop_, translated("Result of the comparison"),
+        translated("Shift and the arrows select several, Ctrl+A all, Space selects the swatch in its list")};
     Outlet<Window> compareWindow;
     Outlet<TextField> compareDifference;
     Outlet<RadioMatrix> compareView;

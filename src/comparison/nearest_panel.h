@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/translated.h"
 #include "colour/working_colours.h"
 #include "comparison/nearest_swatches.h"
 #include "comparison/result_list.h"
@@ -34,8 +35,8 @@ class NearestPanel {
     SwatchPanels& panels_;
     NearestSwatches& nearest_;
     std::vector<NearSwatch> found_;
-    ResultList rows_{desktop_, "Nearest swatches",
-                     "Space selects the swatch in its list, Return makes it the second color"};
+    ResultList rows_{desktop_, translated("Nearest swatches"),
+                     translated("Space selects the swatch in its list, Return makes it the second color")};
     Outlet<Window> nearestWindow;
     Outlet<ColorWell> nearestTo;
     Outlet<TextField> nearestNote;

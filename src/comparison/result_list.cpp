@@ -2,6 +2,7 @@
 
 #include "base/colour_text.h"
 #include "base/number_text.h"
+#include "base/translated.h"
 #include "swatches/swatch_list_geometry.h"
 
 #include <algorithm>
@@ -23,7 +24,7 @@ std::string differenceText(double difference) {
 }
 
 std::string placeText(int list, int row) {
-    return "List " + std::to_string(list + 1) + ": " + std::to_string(row + 1);
+    return translated("List %1: %2", list + 1, row + 1);
 }
 
 std::string placesText(int list, int row, int otherList, int otherRow) {
@@ -205,7 +206,7 @@ Accessible ResultList::accessible() const {
     Accessible told;
     told.role = Accessible::Role::list;
     told.name = name_;
-    told.value = std::to_string(count_) + (count_ == 1 ? " swatch" : " swatches");
+    told.value = translatedCount(static_cast<std::size_t>(count_), "%1 swatch", "%1 swatches");
     told.description = description_;
     return told;
 }
@@ -213,7 +214,8 @@ Accessible ResultList::accessible() const {
 AccessibleRow ResultList::accessibleRow(int row) const {
     if (!has(row)) return {};
     const ResultRow line = row_(row);
-    const std::string difference = line.difference.empty() ? "" : ", difference " + line.difference;
+    const std::string difference =
+        line.difference.empty() ? "" : translated(", difference %1", line.difference);
     return {line.name, line.place + difference + ", " + spokenText(line.colour), rowRect(row)};
 }
 

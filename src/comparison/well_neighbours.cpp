@@ -1,6 +1,7 @@
 #include "comparison/well_neighbours.h"
 
 #include "base/number_text.h"
+#include "base/translated.h"
 #include "comparison/result_list.h"
 #include "record/name_text.h"
 #include "spaces/contrast.h"
@@ -81,22 +82,22 @@ std::string WellNeighbours::told(const NearSwatch& swatch) const {
 std::string WellNeighbours::helpAt(Point point) const {
     const auto found = neighbour(accessibleRowAt(point));
     const FCOStruct* record = found ? nearest_.recordOf(*found) : nullptr;
-    if (!record) return "Both lists are empty";
-    return "Nearest: " + macRomanToUtf8(zeroTerminatedName(*record)) + "\n" + told(*found);
+    if (!record) return translated("Both lists are empty");
+    return translated("Nearest: %1", macRomanToUtf8(zeroTerminatedName(*record))) + "\n" + told(*found);
 }
 
 Accessible WellNeighbours::accessible() const {
     Accessible told;
     told.role = Accessible::Role::list;
-    told.name = "Nearest swatches, " + harmony_;
-    told.description = "Left and Right move, Return selects the swatch in its list";
+    told.name = translated("Nearest swatches, %1", translated(harmony_));
+    told.description = translated("Left and Right move, Return selects the swatch in its list");
     return told;
 }
 
 AccessibleRow WellNeighbours::accessibleRow(int well) const {
     const auto found = neighbour(well);
     const FCOStruct* record = found ? nearest_.recordOf(*found) : nullptr;
-    if (!record) return {"None", "", cell(well)};
+    if (!record) return {translated("None"), "", cell(well)};
     return {macRomanToUtf8(zeroTerminatedName(*record)), told(*found), cell(well)};
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/translated.h"
+
 #include <functional>
 #include <optional>
 #include <string>
@@ -19,9 +21,9 @@ using PanelAnswer = std::function<void(std::optional<std::string> path)>;
 
 /// A sheet for one file, no directories.
 struct OpenPanel {
-    std::vector<std::string> types;    ///< extensions without a dot
-    std::string kind = "Swatch files"; ///< what they are, for people
-    std::string title{};               ///< what for; empty: "Open"
+    std::vector<std::string> types;                ///< extensions without a dot
+    std::string kind = translated("Swatch files"); ///< what they are, for people
+    std::string title{};                           ///< what for; empty: "Open"
 };
 
 /// A sheet for a name to save under; the panel asks before an existing file is replaced.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/file_name.h"
+#include "base/translated.h"
 
 #include <functional>
 #include <string>
@@ -29,7 +30,7 @@ class StatusLine {
     /// A file that a person named could not be written.
     void sayNotWritten(About about, const std::string& path, const std::string& why) {
         notWritten_.push_back(path + ": " + why);
-        say(about, std::string(fileNameOf(path)) + " was not written: " + why);
+        say(about, translated("%1 was not written: %2", fileNameOf(path), why));
     }
     /// Those files since this was last asked, as "PATH: why".
     std::vector<std::string> takeNotWritten() { return std::exchange(notWritten_, {}); }

@@ -1,5 +1,6 @@
 #include "dialog/chromalog_controler.h"
 
+#include "base/translated.h"
 #include "dialog/earlier_lists.h"
 #include "dialog/globals.h"
 #include "dialog/host_side.h"
@@ -222,7 +223,7 @@ std::int64_t ChromalogControler::showWindow() {
 void ChromalogControler::setOkButton() {
     // Any value but 0 reads as the second colour here, while OK asks for exactly 1: kept.
     const bool second = data_.useSecondColor != 0;
-    outlets_.okButton->setTitle(second ? "Use 2nd color" : "Use 1st color");
+    outlets_.okButton->setTitle(second ? translated("Use 2nd color") : translated("Use 1st color"));
     outlets_.okButton->setBackground(second ? colours_.getSecondColor() : colours_.getFirstColor());
     showWhatOkReturns(data_, outlets_);
 }

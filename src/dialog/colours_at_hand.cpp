@@ -1,6 +1,7 @@
 #include "dialog/colours_at_hand.h"
 
 #include "base/colour_text.h"
+#include "base/translated.h"
 #include "colour/ink_text.h"
 #include "dialog/harmony_schemes.h"
 #include "history/undo_labels.h"
@@ -98,8 +99,8 @@ MenuItems ColoursAtHand::copyItems(const ColourPlace& place) {
         return item(std::move(title), std::move(action),
                     [this, colour, written] { copyText(colourText(returnedRgb(colour), written)); });
     };
-    MenuItem as{"Copy As", "", {}};
-    as.items = {notation("Hex", "copyAsHex:", ColourNotation::hex),
+    MenuItem as{translated("Copy As"), "", {}};
+    as.items = {notation(translated("Hex"), "copyAsHex:", ColourNotation::hex),
                 notation("rgb()", "copyAsRgb:", ColourNotation::rgbCommas),
                 notation("hsl()", "copyAsHsl:", ColourNotation::hsl),
                 notation("OKLCH", "copyAsOklch:", ColourNotation::oklch),
@@ -107,24 +108,26 @@ MenuItems ColoursAtHand::copyItems(const ColourPlace& place) {
                     "CMYK", "copyAsCmyk:", [this, colour] { copyText(inkLine(colour, services_)); },
                     HostColorServicesAvailable(services_)),
                 notation("0..1", "copyAsUnit:", ColourNotation::unit)};
-    MenuItems items{item("Copy", "copyColor:", [this, place] { copy(place); }), std::move(as)};
+    MenuItems items{item(translated("Copy"), "copyColor:", [this, place] { copy(place); }), std::move(as)};
     if (place.outlet == "origFirstColor" || place.outlet == "origSecondColor")
-        items.push_back(item("Paste", "pasteColor:", [this, place] { paste(place); }));
+        items.push_back(item(translated("Paste"), "pasteColor:", [this, place] { paste(place); }));
     return items;
 }
 
 MenuItems ColoursAtHand::useItems(const ColourPlace& place) {
     MenuItems items;
     if (place.outlet != "origFirstColor")
-        items.push_back(item("Use as First Color", "useAsFirst:", [this, place] { use(place, true); }));
+        items.push_back(
+            item(translated("Use as First Color"), "useAsFirst:", [this, place] { use(place, true); }));
     if (place.outlet != "origSecondColor")
-        items.push_back(item("Use as Second Color", "useAsSecond:", [this, place] { use(place, false); }));
+        items.push_back(
+            item(translated("Use as Second Color"), "useAsSecond:", [this, place] { use(place, false); }));
     return items;
 }
 
 MenuItems ColoursAtHand::addItems(const ColourPlace& place) {
-    return {item("Add to List 1", "addToList1:", [this, place] { add(place, 1); }),
-            item("Add to List 2", "addToList2:", [this, place] { add(place, 2); })};
+    return {item(translated("Add to List 1"), "addToList1:", [this, place] { add(place, 1); }),
+            item(translated("Add to List 2"), "addToList2:", [this, place] { add(place, 2); })};
 }
 
 MenuItems ColoursAtHand::schemeItems(const std::string& outlet) {
@@ -142,10 +145,10 @@ MenuItems ColoursAtHand::schemeItems(const std::string& outlet) {
     const auto addAll = [this, outlet](int list) {
         return [this, outlet, list] { addTo(list, schemeAt(outlet)); };
     };
-    return {item("Copy Scheme as CSS", "copySchemeCss:", [copyLines] { copyLines(true); }),
-            item("Copy Scheme as Hex Lines", "copySchemeHex:", [copyLines] { copyLines(false); }),
-            item("Add Scheme to List 1", "addSchemeToList1:", addAll(1)),
-            item("Add Scheme to List 2", "addSchemeToList2:", addAll(2))};
+    return {item(translated("Copy Scheme as CSS"), "copySchemeCss:", [copyLines] { copyLines(true); }),
+            item(translated("Copy Scheme as Hex Lines"), "copySchemeHex:", [copyLines] { copyLines(false); }),
+            item(translated("Add Scheme to List 1"), "addSchemeToList1:", addAll(1)),
+            item(translated("Add Scheme to List 2"), "addSchemeToList2:", addAll(2))};
 }
 
 /// Below the items that the form gives the menu: that of list 1 makes its swatch the first colour by itself.
@@ -159,7 +162,7 @@ MenuItems ColoursAtHand::rowItems(SwatchPanel& panel) {
             if (&panel == &panels_.two || each.action != "useAsFirst:") items.push_back(std::move(each));
         append(items, copyItems(place));
     }
-    items.push_back(item("Paste", "pasteColor:", [this, outlet] { paste({outlet, {}}); }));
+    items.push_back(item(translated("Paste"), "pasteColor:", [this, outlet] { paste({outlet, {}}); }));
     return items;
 }
 
@@ -204,7 +207,8 @@ bool ColoursAtHand::paste(const ColourPlace& place) {
     const std::vector<AddedColour> found = onPasteboard();
     desktop_.statusLine().takeBack(StatusLine::About::colours);
     if (found.empty())
-        desktop_.statusLine().say(StatusLine::About::colours, "Nothing on the clipboard is a color");
+        desktop_.statusLine().say(StatusLine::About::colours,
+                                  translated("Nothing on the clipboard is a color"));
     else if (list)
         panels_.add(*list, found, undo_label::colorsPasted);
     else if (first)

@@ -1,5 +1,6 @@
 #include "dialog/earlier_lists.h"
 
+#include "base/translated.h"
 #include "files/file_io.h"
 #include "history/undo_labels.h"
 #include "prefs/kept_copies.h"
@@ -50,8 +51,8 @@ void EarlierLists::show() {
     earlierLists->setRows(rows);
     bringBackList1->setEnabled(!rows.empty());
     bringBackList2->setEnabled(!rows.empty());
-    earlierListsNote->setText(rows.empty() ? "No earlier lists have been kept yet."
-                                           : "Kept lists, the latest first:");
+    earlierListsNote->setText(rows.empty() ? translated("No earlier lists have been kept yet.")
+                                           : translated("Kept lists, the latest first:"));
 }
 
 void EarlierLists::run() {
@@ -77,7 +78,7 @@ void EarlierLists::bringBack(int list) {
     panel.nameField->setText(told.name);
     panel.showFromTheTop();
     panel.redisplay();
-    earlierListsNote->setText("List " + std::to_string(list + 1) + " is back. Undo takes it away again.");
+    earlierListsNote->setText(translated("List %1 is back. Undo takes it away again.", list + 1));
 }
 
 } // namespace chromalog

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/translated.h"
+
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -19,13 +21,19 @@ struct HarmonyScheme {
 };
 
 inline constexpr HarmonyScheme kHarmonySchemes[] = {
-    {"Complement", "complement", "complementOn", {"origComplement", "complementColor"}},
-    {"Harmoniques", "harmoniques", "harmoniquesOn", {"origHarmony", "equi1Color", "equi2Color"}},
-    {"Tri-complement",
+    {translatable("Complement"), "complement", "complementOn", {"origComplement", "complementColor"}},
+    {translatable("Harmoniques"),
+     "harmoniques",
+     "harmoniquesOn",
+     {"origHarmony", "equi1Color", "equi2Color"}},
+    {translatable("Tri-complement"),
      "tri-complement",
      "triComplementOn",
      {"origTrichrome", "triHarmoni1Color", "triHarmoni2Color"}},
-    {"Quadri", "quadri", "quadriOn", {"origQuadrichrome", "quadri1Color", "quadri2Color", "quadri3Color"}},
+    {translatable("Quadri"),
+     "quadri",
+     "quadriOn",
+     {"origQuadrichrome", "quadri1Color", "quadri2Color", "quadri3Color"}},
     {"Custom", "custom", "", {"origCustomAngle", "customAngle1Color", "customAngle2Color"}},
 };
 

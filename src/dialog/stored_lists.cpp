@@ -1,5 +1,6 @@
 #include "dialog/stored_lists.h"
 
+#include "base/translated.h"
 #include "prefs/preferences_file.h"
 
 #include <cerrno>
@@ -34,13 +35,15 @@ void StoredLists::say(StatusLine::About about, std::string text) {
 bool StoredLists::open(GlobalRecord& record, bool skip) {
     const std::string file = path();
     if (file.empty()) {
-        say(StatusLine::About::storing, "The lists are not stored: there is no home folder");
+        say(StatusLine::About::storing, translated("The lists are not stored: there is no home folder"));
         return false;
     }
     const std::string refusal = refusalOf(folderOf(file));
-    if (!refusal.empty()) say(StatusLine::About::storing, "The lists cannot be stored in " + refusal);
+    if (!refusal.empty())
+        say(StatusLine::About::storing, translated("The lists cannot be stored in %1", refusal));
     store_.emplace(file);
-    if (store_->othersOpen()) say(StatusLine::About::otherPicks, "Another pick is open on the same lists");
+    if (store_->othersOpen())
+        say(StatusLine::About::otherPicks, translated("Another pick is open on the same lists"));
     if (!skip) return read(record);
     store_->skip();
     return false;
@@ -49,7 +52,8 @@ bool StoredLists::open(GlobalRecord& record, bool skip) {
 bool StoredLists::read(GlobalRecord& record) {
     const bool wasRead = readPreferences(record, *store_);
     if (!wasRead && errno != ENOENT && errno != ENOTDIR)
-        say(StatusLine::About::storing, "The stored lists could not be read: " + reasonOf(errno));
+        say(StatusLine::About::storing,
+            translated("The stored lists could not be read: %1", reasonOf(errno)));
     return wasRead;
 }
 
@@ -85,14 +89,17 @@ StoreOutcome StoredLists::writeCopy() noexcept try {
 
 void StoredLists::tell(const StoreOutcome& outcome) {
     if (outcome.error != 0) {
-        const std::string what = outcome.notKept ? "what is there cannot be kept: " : "";
         const bool busy = outcome.error == EWOULDBLOCK;
-        const std::string why = busy ? "another program is writing them" : reasonOf(outcome.error);
-        return say(StatusLine::About::storing, "The lists were not stored: " + what + why);
+        const std::string why =
+            busy ? translated("another program is writing them") : reasonOf(outcome.error);
+        return say(StatusLine::About::storing,
+                   outcome.notKept
+                       ? translated("The lists were not stored: what is there cannot be kept: %1", why)
+                       : translated("The lists were not stored: %1", why));
     }
     desktop_.statusLine().takeBack(StatusLine::About::storing);
     if (!outcome.kept.empty())
-        say(StatusLine::About::keptCopies, "Unread lists were kept (" + outcome.kept + ")");
+        say(StatusLine::About::keptCopies, translated("Unread lists were kept (%1)", outcome.kept));
 }
 
 } // namespace chromalog

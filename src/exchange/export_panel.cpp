@@ -1,5 +1,6 @@
 #include "exchange/export_panel.h"
 
+#include "base/translated.h"
 #include "palettes/fit_palette.h"
 #include "palettes/palette_loss.h"
 
@@ -9,10 +10,10 @@ namespace {
 /// "GIMP palette (.gpl): 2 colors rounded; the palette's name"
 std::string rowOf(const PaletteFormatRules& rules, const Palette& list) {
     const auto noInk = [](const PaletteComponents&) { return Rgb(); }; // a list is RGB
-    std::string row = std::string(rules.label) + " (." + std::string(rules.extension) + "): ", losses;
+    std::string row = translated(rules.label) + " (." + std::string(rules.extension) + "): ", losses;
     for (const std::string& line : lossLines(lossOf(list, fitPalette(list, rules.format, noInk)), ""))
         losses.append(losses.empty() ? "" : "; ").append(line);
-    return row + (losses.empty() ? "keeps everything" : losses);
+    return row + (losses.empty() ? translated("keeps everything") : losses);
 }
 
 } // namespace
@@ -27,8 +28,8 @@ ExportPanel::ExportPanel(Desktop& desktop, const Palette& list, std::size_t sele
     exportKinds->setRows(rows);
     exportAll->setEnabled(!list.colours.empty());
     exportSelected->setEnabled(selected > 0);
-    exportAll->setTitle("Export all " + std::to_string(list.colours.size()) + "…");
-    exportSelected->setTitle("Export selected " + std::to_string(selected) + "…");
+    exportAll->setTitle(translated("Export all %1…", list.colours.size()));
+    exportSelected->setTitle(translated("Export selected %1…", selected));
 }
 
 FormOwner ExportPanel::owner() {

@@ -1,5 +1,6 @@
 #include "exchange/host_ink.h"
 
+#include "base/translated.h"
 #include "palettes/component_codes.h"
 
 namespace chromalog {
@@ -17,7 +18,7 @@ CmykToRgb hostInk(ColorServicesProc services) {
 }
 
 std::string nameOfInk(ColorServicesProc services) {
-    return HostColorServicesAvailable(services) ? "the host" : "a formula";
+    return HostColorServicesAvailable(services) ? translated("the host") : translated("a formula");
 }
 
 } // namespace chromalog

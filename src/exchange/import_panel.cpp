@@ -1,5 +1,7 @@
 #include "exchange/import_panel.h"
 
+#include "base/translated.h"
+
 namespace chromalog {
 namespace {
 
@@ -14,15 +16,15 @@ std::vector<Colour> coloursOf(const Palette& swatches) {
 
 std::string lossText(const ImportSource& source, const PaletteLoss& loss, const std::string& ink) {
     std::string text;
-    if (source.unread > 0) text = std::to_string(source.unread) + " could not be read\n";
+    if (source.unread > 0) text = translated("%1 could not be read", source.unread) + "\n";
     for (const std::string& line : lossLines(loss, ink))
         text += line + "\n";
-    return text.empty() ? "Everything is kept." : text;
+    return text.empty() ? translated("Everything is kept.") : text;
 }
 
 /// "Append 16"
-std::string titleOf(const std::string& verb, const ImportPlan& plan) {
-    return verb + " " + std::to_string(plan.swatches.from.size());
+std::string titleOf(std::string_view words, const ImportPlan& plan) {
+    return translated(words, plan.swatches.from.size());
 }
 
 } // namespace
@@ -55,12 +57,12 @@ void ImportPanel::show(const ImportSource& source, const std::string& into, Cons
     const ImportPlan all = planImport(source.palette, ImportWay::replace, rows, convert);
     const ImportPlan appended = planImport(source.palette, ImportWay::append, rows, convert);
     const ImportPlan fresh = planImport(source.palette, ImportWay::onlyNew, rows, convert);
-    importNote->setText(source.name + ": " + source.description + ", into " + into);
+    importNote->setText(translated("%1: %2, into %3", source.name, source.description, into));
     importLoss->setText(lossText(source, all.loss, ink));
     patches_.setColours(coloursOf(all.swatches.palette));
-    importReplace->setTitle(titleOf("Replace by", all));
-    importAppend->setTitle(titleOf("Append", appended));
-    importNew->setTitle(titleOf("Add new", fresh));
+    importReplace->setTitle(titleOf(translatable("Replace by %1"), all));
+    importAppend->setTitle(titleOf(translatable("Append %1"), appended));
+    importNew->setTitle(titleOf(translatable("Add new %1"), fresh));
     importReplace->setEnabled(!all.swatches.from.empty());
     importAppend->setEnabled(!appended.swatches.from.empty());
     importNew->setEnabled(!fresh.swatches.from.empty());

@@ -1,6 +1,7 @@
 #include "exchange/import_source.h"
 
 #include "base/file_name.h"
+#include "base/translated.h"
 #include "files/file_io.h"
 #include "palettes/palette_format.h"
 
@@ -9,20 +10,16 @@
 namespace chromalog {
 namespace {
 
-std::string counted(std::size_t count, const std::string& what) {
-    return std::to_string(count) + ' ' + what + (count == 1 ? "" : "s");
-}
-
 /// Adds a file's colours; the label of its kind.
 std::string_view addFile(const std::string& path, ImportSource& source) {
     const auto fail = [&path](const std::string& why) {
-        return PaletteError(std::string(fileNameOf(path)) + " could not be read: " + why);
+        return PaletteError(translated("%1 could not be read: %2", fileNameOf(path), why));
     };
     const auto bytes = readDataFromFileAtURL(path, kLongestRead + 1);
     if (!bytes) throw fail(reasonOf(errno));
-    if (bytes->size() > kLongestRead) throw fail("it is too long for a palette");
+    if (bytes->size() > kLongestRead) throw fail(translated("it is too long for a palette"));
     const auto format = formatOfContents(*bytes, path);
-    if (!format) throw fail("it is no palette of a kind that is known here");
+    if (!format) throw fail(translated("it is no palette of a kind that is known here"));
     try {
         ReadPalette read = rulesOf(*format).read(*bytes);
         source.unread += read.unread;
@@ -44,8 +41,9 @@ ImportSource readImportSource(const std::vector<std::string>& paths) {
         kind = addFile(path, source);
         if (source.name.empty()) source.name = fileNameOf(path);
     }
-    source.description = paths.size() == 1 ? std::string(kind) : counted(paths.size(), "file");
-    source.description += ", " + counted(source.palette.colours.size(), "color");
+    source.description =
+        paths.size() == 1 ? translated(kind) : translatedCount(paths.size(), "%1 file", "%1 files");
+    source.description += ", " + translatedCount(source.palette.colours.size(), "%1 color", "%1 colors");
     return source;
 }
 

@@ -1,5 +1,6 @@
 #include "exchange/library_view.h"
 
+#include "base/translated.h"
 #include "palettes/fit_palette.h"
 
 #include <algorithm>
@@ -93,15 +94,15 @@ std::optional<Rect> LibraryView::focusMark() const {
 Accessible LibraryView::accessible() const {
     Accessible told;
     told.role = Accessible::Role::list;
-    told.name = "Library of palettes";
-    told.description = "Return loads the palette into the list";
+    told.name = translated("Library of palettes");
+    told.description = translated("Return loads the palette into the list");
     return told;
 }
 
 AccessibleRow LibraryView::accessibleRow(int row) const {
     if (!has(row)) return {};
     const LibraryEntry& entry = entries_[static_cast<std::size_t>(row)];
-    return {entry.label, std::to_string(entry.count) + (entry.count == 1 ? " color" : " colors"),
+    return {entry.label, translatedCount(static_cast<std::size_t>(entry.count), "%1 color", "%1 colors"),
             rowRect(row)};
 }
 

@@ -1,6 +1,7 @@
 #include "exchange/palette_exchange.h"
 
 #include "base/file_name.h"
+#include "base/translated.h"
 #include "exchange/host_ink.h"
 #include "exchange/import_panel.h"
 #include "files/file_io.h"
@@ -35,7 +36,7 @@ std::string withoutExtension(std::string_view name) {
 
 void PaletteExchange::chooseFile(SwatchPanel& panel) {
     OpenPanel open{readableTypes()};
-    open.title = &panel == &parts_.two ? "Import into list 2" : "Import into list 1";
+    open.title = translated(&panel == &parts_.two ? "Import into list 2" : "Import into list 1");
     parts_.desktop.beginOpenPanel(open, *parts_.dialog, [this, &panel](std::optional<std::string> path) {
         if (path) importFiles(panel, {*path});
     });
@@ -64,9 +65,10 @@ bool PaletteExchange::importDropped(SwatchPanel& panel, const std::vector<std::s
 
 void PaletteExchange::offer(SwatchPanel& panel, const ImportSource& source) {
     const CmykToRgb ink = hostInk(parts_.services);
-    const auto way = ImportPanel(parts_.desktop, source, &panel == &parts_.one ? "list 1" : "list 2",
-                                 rowsOf(panel), ink, nameOfInk(parts_.services))
-                         .run();
+    const auto way =
+        ImportPanel(parts_.desktop, source, translated(&panel == &parts_.one ? "list 1" : "list 2"),
+                    rowsOf(panel), ink, nameOfInk(parts_.services))
+            .run();
     if (way) take(panel, source, *way);
 }
 
@@ -83,7 +85,9 @@ LibraryPanel& PaletteExchange::library() {
 void PaletteExchange::showLibrary(SwatchPanel& panel) {
     libraryLoadsInto_ = &panel;
     const bool isFirst = &panel == &parts_.one;
-    library().show(isFirst ? "A click loads into list 1." : "A click loads into list 2.", isFirst);
+    library().show(isFirst ? translated("A click loads into list 1.")
+                           : translated("A click loads into list 2."),
+                   isFirst);
 }
 
 void PaletteExchange::keepInLibrary(SwatchPanel& panel) {
@@ -91,9 +95,10 @@ void PaletteExchange::keepInLibrary(SwatchPanel& panel) {
     StatusLine& status = parts_.desktop.statusLine();
     try {
         const Palette list = paletteOfSwatches(rowsOf(panel), withoutExtension(fileNameOf(shown)));
-        if (list.colours.empty()) throw PaletteError("The list is empty: there is nothing to keep.");
+        if (list.colours.empty())
+            throw PaletteError(translated("The list is empty: there is nothing to keep."));
         const std::string name = libraryOf(parts_.desktop).keep(list);
-        status.say(StatusLine::About::files, name + " is in the library.");
+        status.say(StatusLine::About::files, translated("%1 is in the library.", name));
         if (library_) library_->refresh();
     } catch (const PaletteError& error) {
         status.say(StatusLine::About::files, error.what());
@@ -109,7 +114,7 @@ void PaletteExchange::importWhenShown(std::vector<std::string> paths) {
 void PaletteExchange::take(SwatchPanel& panel, const ImportSource& source, ImportWay way) {
     const ImportPlan plan = planImport(source.palette, way, rowsOf(panel), hostInk(parts_.services));
     const StoredName stored(source.name);
-    const std::string words = "Import " + source.name;
+    const std::string words = translated("Import %1", source.name);
     std::vector<FCOStruct> ready(plan.swatches.from.size());
     storeSwatches(plan.swatches.palette, ready, 0);
     parts_.setUndoablePosition(undo_label::paletteImported);
@@ -145,7 +150,7 @@ void PaletteExchange::exportList(SwatchPanel& panel) {
         if (path && !path->empty()) write(list, format, *path);
     };
     const std::string suggested = name.empty() ? name : name + "." + extension;
-    const char* title = &panel == &parts_.two ? "Export list 2" : "Export list 1";
+    const std::string title = translated(&panel == &parts_.two ? "Export list 2" : "Export list 1");
     parts_.desktop.beginSavePanel({suggested, extension, title}, *parts_.dialog, answer);
 }
 

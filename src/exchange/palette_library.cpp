@@ -1,5 +1,6 @@
 #include "exchange/palette_library.h"
 
+#include "base/translated.h"
 #include "files/file_io.h"
 #include "palettes/palette_format.h"
 
@@ -94,16 +95,16 @@ std::uint64_t PaletteLibrary::state() const {
 
 std::string PaletteLibrary::keep(const Palette& palette) const {
     const fs::path folder = folders_.front().path;
-    if (folder.empty()) throw PaletteError("there is no folder to keep palettes in");
+    if (folder.empty()) throw PaletteError(translated("there is no folder to keep palettes in"));
     std::error_code failed;
     fs::create_directories(folder, failed);
-    if (failed) throw PaletteError("the library's folder cannot be made: " + failed.message());
+    if (failed) throw PaletteError(translated("the library's folder cannot be made: %1", failed.message()));
     const std::string stem = fileName(palette.title);
     fs::path file = folder / (stem + ".aco");
     for (int number = 2; fs::exists(file, failed); ++number)
         file = folder / (stem + " " + std::to_string(number) + ".aco");
     if (!writeDataToFileAtURL(file, rulesOf(PaletteFormat::aco).write(palette)))
-        throw PaletteError(file.filename().string() + " was not written: " + reasonOf(errno));
+        throw PaletteError(translated("%1 was not written: %2", file.filename().string(), reasonOf(errno)));
     return file.filename().string();
 }
 

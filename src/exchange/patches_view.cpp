@@ -1,5 +1,7 @@
 #include "exchange/patches_view.h"
 
+#include "base/translated.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -43,7 +45,7 @@ void PatchesView::drawRect(Canvas& canvas) {
 
 Accessible PatchesView::accessible() const {
     Accessible told;
-    told.name = "Colors of the palette";
+    told.name = translated("Colors of the palette");
     told.value = std::to_string(colours_.size());
     return told;
 }

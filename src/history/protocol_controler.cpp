@@ -1,5 +1,6 @@
 #include "history/protocol_controler.h"
 
+#include "base/translated.h"
 #include "history/undo_labels.h"
 #include "record/global_record.h"
 
@@ -18,10 +19,10 @@ std::span<std::byte> bytesOf(GlobalRecord& record) {
 std::vector<std::string> rowsOf(const std::vector<std::string>& undo, const std::vector<std::string>& redo) {
     std::vector<std::string> rows;
     for (auto step = redo.rbegin(); step != redo.rend(); ++step)
-        rows.push_back("Redo: " + *step);
-    rows.emplace_back("now");
+        rows.push_back(translated("Redo: %1", *step));
+    rows.push_back(translated("now"));
     for (auto step = undo.rbegin(); step != undo.rend(); ++step)
-        rows.push_back("Undo: " + *step);
+        rows.push_back(translated("Undo: %1", *step));
     return rows;
 }
 
@@ -62,8 +63,8 @@ void ProtocolControler::setUndoablePosition(std::string_view label, std::string_
     if (manager_) {
         const auto snapshot = std::make_shared<Snapshot>(bytesOf(parts_.record), manager_->latest());
         manager_->setLevelLimit(parts_.record.undoLimit);
-        manager_->registerStep(
-            {snapshot, std::string(label), std::string(labelKey.empty() ? label : stepInWords(labelKey))});
+        manager_->registerStep({snapshot, std::string(label),
+                                labelKey.empty() ? std::string(label) : translated(stepInWords(labelKey))});
     }
     maxUndoSteps = ++undoCount;
     parts_.redoButton->setEnabled(false);
@@ -81,8 +82,10 @@ void ProtocolControler::showSteps() noexcept try {
     std::vector<std::string> undo, redo;
     if (mayUndo()) undo = manager_->undoWords();
     if (manager_) redo = manager_->redoWords();
-    const std::string undoHelp = undo.empty() ? "nothing left to undo" : "Undo: " + undo.back();
-    const std::string redoHelp = redo.empty() ? "nothing left to redo" : "Redo: " + redo.front();
+    const std::string undoHelp =
+        undo.empty() ? translated("nothing left to undo") : translated("Undo: %1", undo.back());
+    const std::string redoHelp =
+        redo.empty() ? translated("nothing left to redo") : translated("Redo: %1", redo.front());
     parts_.undoButton->setHelp(undoHelp);
     undoStep->setHelp(undoHelp);
     parts_.redoButton->setHelp(redoHelp);

@@ -1,5 +1,7 @@
 #include "history/undo_labels.h"
 
+#include "base/translated.h"
+
 namespace chromalog {
 
 std::string_view stepInWords(std::string_view labelKey) {
@@ -7,13 +9,13 @@ std::string_view stepInWords(std::string_view labelKey) {
         std::string_view label, words;
     };
     static constexpr Words kWords[] = {
-        {undo_label::deleteSwatch, "Clear list"},
-        {undo_label::sortAlpha, "Sort by name"},
-        {undo_label::sortHue, "Sort by hue"},
-        {undo_label::colorChanged, "Store first color"},
-        {undo_label::colorDeleted, "Delete swatch"},
-        {undo_label::earlierLists, "Bring back an earlier list"},
-        {undo_label::paletteImported, "Import a palette"},
+        {undo_label::deleteSwatch, translatable("Clear list")},
+        {undo_label::sortAlpha, translatable("Sort by name")},
+        {undo_label::sortHue, translatable("Sort by hue")},
+        {undo_label::colorChanged, translatable("Store first color")},
+        {undo_label::colorDeleted, translatable("Delete swatch")},
+        {undo_label::earlierLists, translatable("Bring back an earlier list")},
+        {undo_label::paletteImported, translatable("Import a palette")},
     };
     for (const Words& each : kWords)
         if (each.label == labelKey) return each.words;

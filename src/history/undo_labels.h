@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/translated.h"
+
 #include <array>
 #include <string>
 #include <string_view>
@@ -56,7 +58,7 @@ inline constexpr std::array all = {
 /// What undoing a step does, in words, by the key of its label. A load or an append changes nothing until its
 /// file is in.
 std::string_view stepInWords(std::string_view labelKey);
-inline constexpr std::string_view kNothingChanged = "nothing changed";
+inline constexpr std::string_view kNothingChanged = translatable("nothing changed");
 
 /// The labels between pairs of "!" marks in a description of recorded steps, each followed by a carriage
 /// return, after a leading space.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/translated.h"
 #include "colour/working_colours.h"
 #include "desktop/desktop.h"
 #include "judge/contrast_sample.h"
@@ -31,13 +32,13 @@ class ContrastPanel {
     const WorkingColours& colours_;
     Outlet<Window> contrastWindow;
     Outlet<TextField> contrastRatioLabel, contrastNormal, contrastLarge;
-    ContrastSample sample_{"First color and second color"};
+    ContrastSample sample_{translated("First color and second color")};
     Eye eyes_[3] = {{ColourBlindness::protanopia, "contrastProtanopia", "protanopiaRatio",
-                     ContrastSample("As seen with protanopia")},
+                     ContrastSample(translated("As seen with protanopia"))},
                     {ColourBlindness::deuteranopia, "contrastDeuteranopia", "deuteranopiaRatio",
-                     ContrastSample("As seen with deuteranopia")},
+                     ContrastSample(translated("As seen with deuteranopia"))},
                     {ColourBlindness::tritanopia, "contrastTritanopia", "tritanopiaRatio",
-                     ContrastSample("As seen with tritanopia")}};
+                     ContrastSample(translated("As seen with tritanopia"))}};
     std::unique_ptr<Form> form_; ///< after the outlets and the views: its controls go first
 };
 

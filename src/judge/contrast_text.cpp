@@ -1,6 +1,7 @@
 #include "judge/contrast_text.h"
 
 #include "base/number_text.h"
+#include "base/translated.h"
 
 #include <cmath>
 
@@ -22,7 +23,7 @@ std::string levelText(double ratio, TextSize size) {
     case ContrastLevel::fails:
         break;
     }
-    return "below AA";
+    return translated("below AA");
 }
 
 } // namespace chromalog

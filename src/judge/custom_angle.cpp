@@ -1,6 +1,7 @@
 #include "judge/custom_angle.h"
 
 #include "base/number_text.h"
+#include "base/translated.h"
 #include "views/marks.h"
 
 #include <algorithm>
@@ -97,7 +98,7 @@ void CustomAngle::setDegrees(int degrees) {
 
 void CustomAngle::fieldEdited() {
     const int typed = degreesIn(customAngleDegrees->text());
-    customAngleDegrees->setFault(typed ? "" : "An angle is a whole number of degrees, 5 to 175");
+    customAngleDegrees->setFault(typed ? "" : translated("An angle is a whole number of degrees, 5 to 175"));
     if (typed) setDegrees(typed);
 }
 

@@ -2,6 +2,7 @@
 
 #include "base/colour_text.h"
 #include "base/number_text.h"
+#include "base/translated.h"
 #include "views/marks.h"
 
 #include <cmath>
@@ -57,10 +58,10 @@ std::vector<OutletEntry> GamutWarning::table() {
 void GamutWarning::start() {
     for (Mark* mark : {&first_, &second_})
         mark->button->setHidden(true);
-    if (!host_.available()) disable("Gamut Warning (the host converts no colors)");
+    if (!host_.available()) disable(translated("Gamut Warning (the host converts no colors)"));
 }
 
-void GamutWarning::disable(const char* why) {
+void GamutWarning::disable(const std::string& why) {
     itemGamutWarning->setTitle(why);
     itemGamutWarning->setState(0);
     itemGamutWarning->setEnabled(false);
@@ -69,8 +70,9 @@ void GamutWarning::disable(const char* why) {
 /// A host that has the service may still fail.
 void GamutWarning::toggle() {
     if (!shown_ && !host_.judge({128, 128, 128})) {
-        desktop_.statusLine().say(StatusLine::About::colours, "The host does not convert colors to inks");
-        return disable("Gamut Warning (the host does not convert to inks)");
+        desktop_.statusLine().say(StatusLine::About::colours,
+                                  translated("The host does not convert colors to inks"));
+        return disable(translated("Gamut Warning (the host does not convert to inks)"));
     }
     show(!shown_);
 }
@@ -109,9 +111,9 @@ void GamutWarning::judge(Mark& mark, const Colour& colour) {
     const auto verdict = host_.judge(bytes);
     if (verdict && !verdict->printable) {
         mark.printable = verdict->roundTrip;
-        mark.button->setHelp("Cannot be printed. Press to use the nearest printable color, " +
-                             hexText(channelsOf(colourOf(verdict->roundTrip))) + " (ΔE00 " +
-                             fixedText(verdict->difference, 1) + ')');
+        mark.button->setHelp(
+            translated("Cannot be printed. Press to use the nearest printable color, %1 (ΔE00 %2)",
+                       hexText(channelsOf(colourOf(verdict->roundTrip))), fixedText(verdict->difference, 1)));
     }
     mark.button->setHidden(!mark.printable);
 }

@@ -34,7 +34,7 @@ class GamutWarning : public WheelTool {
         std::optional<HostGamut::Bytes> printable{}; ///< while the colour itself is not
     };
 
-    void disable(const char* why);
+    void disable(const std::string& why);
     void show(bool shown);
     void judge(Mark&, const Colour&);
     void searchLater();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/translated.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -65,7 +67,8 @@ struct PaletteError : std::runtime_error {
 
 /// Adds a colour; a file with too many is refused.
 inline void addColour(Palette& palette, PaletteColour colour) {
-    if (palette.colours.size() >= kMostPaletteColours) throw PaletteError("it holds more than 65535 colors");
+    if (palette.colours.size() >= kMostPaletteColours)
+        throw PaletteError(translated("it holds more than 65535 colors"));
     palette.colours.push_back(std::move(colour));
 }
 

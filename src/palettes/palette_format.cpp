@@ -1,5 +1,6 @@
 #include "palettes/palette_format.h"
 
+#include "base/translated.h"
 #include "palettes/component_codes.h"
 #include "palettes/formats/acb_palette.h"
 #include "palettes/formats/aco_palette.h"
@@ -51,32 +52,32 @@ using F = PaletteFormat;
 using N = PaletteNaming;
 
 constexpr PaletteFormatRules kFormats[] = {
-    {F::aco, "aco", "Swatch file", "aco", readAcoPalette, writeAcoPalette, kOfSwatches, false, roundToAco,
-     N::free, asItIs, nullptr},
-    {F::acb, "acb", "Color book", "acb", readAcbPalette, writeAcbPalette, kOfBooks, true, roundToBook,
-     N::filled, bookName, bookName, false, false, false, 8000},
-    {F::ase, "ase", "Swatch exchange", "ase", readAsePalette, writeAsePalette, kOfExchange, false, roundToAse,
-     N::free, exchangeName, nullptr, false, true, true},
-    {F::gpl, "gpl", "GIMP palette", "gpl", readGplPalette, writeGplPalette, kRgb, false, roundToBytes,
-     N::free, oneLine, oneLine},
-    {F::act, "act", "Color table", "act", readActPalette, writeActPalette, kRgb, false, roundToBytes, N::none,
-     nullptr, nullptr, false, false, false, 256},
-    {F::jasc, "jasc", "JASC palette", "pal", readJascPalette, writeJascPalette, kRgb, false, roundToBytes,
-     N::none, nullptr, nullptr},
-    {F::riff, "riff", "RIFF palette", "pal", readRiffPalette, writeRiffPalette, kRgb, false, roundToBytes,
-     N::none, nullptr, nullptr},
-    {F::paintNet, "paintnet", "Paint.NET palette", "txt", readPaintNetPalette, writePaintNetPalette, kRgb,
-     false, roundToBytes, N::none, nullptr, nullptr, true, false, false, 96},
-    {F::hex, "hex", "Hex list", "hex", readHexPalette, writeHexPalette, kRgb, false, roundToBytes, N::free,
-     oneLine, nullptr, true},
-    {F::css, "css", "CSS custom properties", "css", readCssPalette, writeCssPalette, kRgb, false,
-     roundToBytes, N::unique, cssIdentifier, nullptr, true},
-    {F::tokens, "json", "Design tokens", "json", readTokenPalette, writeTokenPalette, kRgb, false,
-     roundToBytes, N::unique, tokenKey, asItIs, true, true},
-    {F::soc, "soc", "Office color table", "soc", readSocPalette, writeSocPalette, kRgb, false, roundToBytes,
-     N::free, withoutXmlControls, nullptr},
-    {F::svg, "svg", "SVG sheet", "svg", nullptr, writeSvgPalette, kRgb, false, roundToBytes, N::free,
-     withoutXmlControls, withoutXmlControls},
+    {F::aco, "aco", translatable("Swatch file"), "aco", readAcoPalette, writeAcoPalette, kOfSwatches, false,
+     roundToAco, N::free, asItIs, nullptr},
+    {F::acb, "acb", translatable("Color book"), "acb", readAcbPalette, writeAcbPalette, kOfBooks, true,
+     roundToBook, N::filled, bookName, bookName, false, false, false, 8000},
+    {F::ase, "ase", translatable("Swatch exchange"), "ase", readAsePalette, writeAsePalette, kOfExchange,
+     false, roundToAse, N::free, exchangeName, nullptr, false, true, true},
+    {F::gpl, "gpl", translatable("GIMP palette"), "gpl", readGplPalette, writeGplPalette, kRgb, false,
+     roundToBytes, N::free, oneLine, oneLine},
+    {F::act, "act", translatable("Color table"), "act", readActPalette, writeActPalette, kRgb, false,
+     roundToBytes, N::none, nullptr, nullptr, false, false, false, 256},
+    {F::jasc, "jasc", translatable("JASC palette"), "pal", readJascPalette, writeJascPalette, kRgb, false,
+     roundToBytes, N::none, nullptr, nullptr},
+    {F::riff, "riff", translatable("RIFF palette"), "pal", readRiffPalette, writeRiffPalette, kRgb, false,
+     roundToBytes, N::none, nullptr, nullptr},
+    {F::paintNet, "paintnet", translatable("Paint.NET palette"), "txt", readPaintNetPalette,
+     writePaintNetPalette, kRgb, false, roundToBytes, N::none, nullptr, nullptr, true, false, false, 96},
+    {F::hex, "hex", translatable("Hex list"), "hex", readHexPalette, writeHexPalette, kRgb, false,
+     roundToBytes, N::free, oneLine, nullptr, true},
+    {F::css, "css", translatable("CSS custom properties"), "css", readCssPalette, writeCssPalette, kRgb,
+     false, roundToBytes, N::unique, cssIdentifier, nullptr, true},
+    {F::tokens, "json", translatable("Design tokens"), "json", readTokenPalette, writeTokenPalette, kRgb,
+     false, roundToBytes, N::unique, tokenKey, asItIs, true, true},
+    {F::soc, "soc", translatable("Office color table"), "soc", readSocPalette, writeSocPalette, kRgb, false,
+     roundToBytes, N::free, withoutXmlControls, nullptr},
+    {F::svg, "svg", translatable("SVG sheet"), "svg", nullptr, writeSvgPalette, kRgb, false, roundToBytes,
+     N::free, withoutXmlControls, withoutXmlControls},
 };
 
 constexpr std::string_view kHexDigits = "0123456789abcdefABCDEF";

@@ -1,5 +1,7 @@
 #include "palettes/palette_loss.h"
 
+#include "base/translated.h"
+
 #include <cmath>
 #include <string_view>
 
@@ -35,7 +37,27 @@ void compare(const PaletteColour& before, const PaletteColour& after, PaletteLos
     loss.spotInks += after.isSpot != before.isSpot;
 }
 
-constexpr std::string_view kSpaceNames[kPaletteSpaces] = {"RGB", "HSB", "CMYK", "Lab", "gray", "book"};
+constexpr std::string_view kSpaceNames[kPaletteSpaces] = {
+    "RGB", "HSB", "CMYK", "Lab", translatable("gray"), translatable("book")};
+
+struct Words {
+    const char *one, *many;
+};
+constexpr Words kBeyond{translatable("%1 color left out for want of room"),
+                        translatable("%1 colors left out for want of room")},
+    kReferences{translatable("%1 color left out: found in a color book only"),
+                translatable("%1 colors left out: found in a color book only")},
+    kConverted{translatable("%1 color converted from %2 to RGB by %3"),
+               translatable("%1 colors converted from %2 to RGB by %3")},
+    kRounded{translatable("%1 color rounded"), translatable("%1 colors rounded")},
+    kNamesLost{translatable("%1 name lost"), translatable("%1 names lost")},
+    kNamesCut{translatable("%1 name cut short"), translatable("%1 names cut short")},
+    kNamesChanged{translatable("%1 name changed"), translatable("%1 names changed")},
+    kAlpha{translatable("%1 color with another alpha"), translatable("%1 colors with another alpha")},
+    kGroups{translatable("%1 color out of their groups"), translatable("%1 colors out of their groups")},
+    kSpotInks{translatable("%1 color no longer inks of their own"),
+              translatable("%1 colors no longer inks of their own")},
+    kMoved{translatable("%1 color in another order"), translatable("%1 colors in another order")};
 
 } // namespace
 
@@ -58,31 +80,27 @@ PaletteLoss lossOf(const Palette& before, const FittedPalette& after) {
 
 std::vector<std::string> lossLines(const PaletteLoss& loss, const std::string& ink) {
     std::vector<std::string> lines;
-    const auto say = [&lines](std::size_t count, const std::string& one, const std::string& many) {
-        if (count > 0) lines.push_back(std::to_string(count) + ' ' + (count == 1 ? one : many));
+    const auto say = [&lines](std::size_t count, const Words& words) {
+        if (count > 0) lines.push_back(translatedCount(count, words.one, words.many));
     };
-    const auto sayColours = [&say](std::size_t count, const std::string& what) {
-        say(count, "color " + what, "colors " + what);
-    };
-    const auto sayNames = [&say](std::size_t count, const std::string& what) {
-        say(count, "name " + what, "names " + what);
-    };
-    sayColours(loss.beyond, "left out for want of room");
-    sayColours(loss.references, "left out: found in a color book only");
+    say(loss.beyond, kBeyond);
+    say(loss.references, kReferences);
     for (std::size_t i = 0; i < kPaletteSpaces; ++i) {
         const bool isInk = i == static_cast<std::size_t>(PaletteSpace::cmyk);
-        sayColours(loss.converted[i], "converted from " + std::string(kSpaceNames[i]) + " to RGB by " +
-                                          (isInk ? ink : "a formula"));
+        if (const std::size_t count = loss.converted[i]; count > 0)
+            lines.push_back(translatedCount(count, kConverted.one, kConverted.many,
+                                            translated(kSpaceNames[i]),
+                                            isInk ? ink : translated("a formula")));
     }
-    sayColours(loss.rounded, "rounded");
-    sayNames(loss.namesLost, "lost");
-    sayNames(loss.namesCut, "cut short");
-    sayNames(loss.namesChanged, "changed");
-    sayColours(loss.alpha, "with another alpha");
-    sayColours(loss.groups, "out of their groups");
-    sayColours(loss.spotInks, "no longer inks of their own");
-    sayColours(loss.moved, "in another order");
-    if (loss.title) lines.emplace_back("the palette's name is lost");
+    say(loss.rounded, kRounded);
+    say(loss.namesLost, kNamesLost);
+    say(loss.namesCut, kNamesCut);
+    say(loss.namesChanged, kNamesChanged);
+    say(loss.alpha, kAlpha);
+    say(loss.groups, kGroups);
+    say(loss.spotInks, kSpotInks);
+    say(loss.moved, kMoved);
+    if (loss.title) lines.push_back(translated("the palette's name is lost"));
     return lines;
 }
 

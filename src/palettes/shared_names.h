@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/translated.h"
 #include "palettes/palette.h"
 
 namespace chromalog {
@@ -11,7 +12,7 @@ class SharedNames {
     /// Before a colour gets so many bytes of them; throws PaletteError where a file asks for too many.
     void take(std::size_t bytes) {
         taken_ += bytes;
-        if (taken_ > kMost) throw PaletteError("the names that its colors share are too long");
+        if (taken_ > kMost) throw PaletteError(translated("the names that its colors share are too long"));
     }
 
   private:

@@ -1,6 +1,7 @@
 #include "pictures/picture_panel.h"
 
 #include "base/number_text.h"
+#include "base/translated.h"
 #include "pictures/picture_kind.h"
 #include "spaces/nearest_css_name.h"
 #include "spaces/picture_colours.h"
@@ -107,8 +108,8 @@ void PicturePanel::hide() {
 
 void PicturePanel::choose() {
     OpenPanel panel{pictureExtensions()};
-    panel.kind = "Pictures";
-    panel.title = "Open picture";
+    panel.kind = translated("Pictures");
+    panel.title = translated("Open picture");
     parts_.desktop.beginOpenPanel(panel, *pictureWindow, [this](std::optional<std::string> path) {
         if (path) read(parts_.desktop.pictureFile(*path));
     });
@@ -120,12 +121,12 @@ void PicturePanel::paste() {
     if (source.read)
         read(source);
     else
-        say("There is no picture on the clipboard.");
+        say(translated("There is no picture on the clipboard."));
 }
 
 void PicturePanel::read(const PictureSource& source) {
     struct Result {
-        ReadPicture read{{}, "there is not enough memory", {}};
+        ReadPicture read{{}, translated("there is not enough memory"), {}};
         Picture overview;
     };
     const auto result = std::make_shared<Result>();
@@ -146,7 +147,7 @@ void PicturePanel::hasRead(const std::string& name, const ReadPicture& read, con
     reading_.clear();
     if (read.picture.empty()) {
         wanted_.clear();
-        return say(read.fault.empty() ? name + ": no picture" : read.fault);
+        return say(read.fault.empty() ? translated("%1: no picture", name) : read.fault);
     }
     name_ = name;
     view_.setPicture(read.picture, overview);
@@ -213,7 +214,7 @@ void PicturePanel::setCount(int count) {
 void PicturePanel::countTyped() {
     const std::int64_t typed = integerValue(pictureCount->text());
     const bool known = typed >= kLeast && typed <= kMost;
-    pictureCount->setFault(known ? "" : "2 to 64");
+    pictureCount->setFault(known ? "" : translated("2 to 64"));
     if (!known || typed == count_) return;
     setCount(static_cast<int>(typed));
     take();
@@ -227,16 +228,16 @@ void PicturePanel::showState() {
     pictureToList2->setEnabled(can);
     const Picture& picture = view_.picture();
     if (busy)
-        pictureNote->setText((reading_.empty() ? "Taking colors from " + name_ : "Reading " + reading_) +
+        pictureNote->setText((reading_.empty() ? translated("Taking colors from %1", name_)
+                                               : translated("Reading %1", reading_)) +
                              ": " + percentOf(work_.done()) +
-                             (wanted_.empty() ? "" : ", then into the list"));
+                             (wanted_.empty() ? "" : translated(", then into the list")));
     else if (!said_.empty())
         pictureNote->setText(said_);
     else if (picture.empty())
-        pictureNote->setText("No picture yet");
+        pictureNote->setText(translated("No picture yet"));
     else
-        pictureNote->setText(name_ + ", " + std::to_string(picture.width) + " x " +
-                             std::to_string(picture.height) + " pixels");
+        pictureNote->setText(translated("%1, %2 x %3 pixels", name_, picture.width, picture.height));
     watch();
 }
 

@@ -1,6 +1,7 @@
 #include "pictures/picture_view.h"
 
 #include "base/colour_text.h"
+#include "base/translated.h"
 #include "pictures/picture_sample.h"
 
 #include <algorithm>
@@ -9,7 +10,7 @@
 namespace chromalog {
 namespace {
 
-constexpr const char* kHint = "Open\xE2\x80\xA6, paste or drop a picture.";
+constexpr const char* kHint = translatable("Open…, paste or drop a picture.");
 constexpr double kLeastSquare = 7; ///< points of the mark's side
 constexpr int kLongMove = 16;      ///< pixels, with Shift
 
@@ -42,13 +43,13 @@ std::string PictureView::place() const {
     if (picture_.empty()) return {};
     const auto colour = sample();
     return "x " + std::to_string(column_) + ", y " + std::to_string(row_) + ", " +
-           (colour ? hexText(channelsOf(*colour)) : "clear");
+           (colour ? hexText(channelsOf(*colour)) : translated("clear"));
 }
 
 void PictureView::drawRect(Canvas& canvas) {
     if (picture_.empty()) {
         canvas.setFill(surround().brightness() < 0.5 ? Colour::rgb(1, 1, 1) : Colour());
-        return canvas.drawText({bounds().x + 12, bounds().y + 24}, kHint, {}, bounds().w - 24);
+        return canvas.drawText({bounds().x + 12, bounds().y + 24}, translated(kHint), {}, bounds().w - 24);
     }
     const Rect rect = where();
     const double scale = canvas.deviceScale();
@@ -132,9 +133,9 @@ bool PictureView::keyDown(const KeyEvent& event) {
 Accessible PictureView::accessible() const {
     Accessible told;
     told.role = Accessible::Role::colourChooser;
-    told.name = "Picture";
+    told.name = translated("Picture");
     told.value = place();
-    told.description = "Arrow keys move by a pixel, with Shift by 16; Return takes the color";
+    told.description = translated("Arrow keys move by a pixel, with Shift by 16; Return takes the color");
     return told;
 }
 

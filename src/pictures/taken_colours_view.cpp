@@ -1,6 +1,7 @@
 #include "pictures/taken_colours_view.h"
 
 #include "base/colour_text.h"
+#include "base/translated.h"
 
 #include <algorithm>
 #include <cmath>
@@ -78,8 +79,8 @@ std::optional<Rect> TakenColoursView::focusMark() const {
 Accessible TakenColoursView::accessible() const {
     Accessible told;
     told.role = Accessible::Role::list;
-    told.name = "Colors of the picture";
-    told.description = "Return makes one the second color";
+    told.name = translated("Colors of the picture");
+    told.description = translated("Return makes one the second color");
     return told;
 }
 

@@ -1,5 +1,6 @@
 #include "prefs/lists_summary.h"
 
+#include "base/translated.h"
 #include "files/descriptor.h"
 #include "prefs/preferences_layout.h"
 
@@ -81,8 +82,9 @@ std::string describe(const ListsSummary& summary) {
     std::string text = date;
     for (const int list : {0, 1}) {
         const auto& [count, name] = summary.lists[list];
-        text += ", list " + std::to_string(list + 1) + ": ";
-        text += count == 0 ? "empty" : std::to_string(count) + (count == 1 ? " color" : " colors");
+        text += ", " + translated("list %1", list + 1) + ": ";
+        text += count == 0 ? translated("empty")
+                           : translatedCount(static_cast<std::size_t>(count), "%1 color", "%1 colors");
         if (!name.empty()) text += " (" + name + ")";
     }
     return text;

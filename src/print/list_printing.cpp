@@ -1,5 +1,6 @@
 #include "print/list_printing.h"
 
+#include "base/translated.h"
 #include "print/page_layout.h"
 #include "print/print_option_controller.h"
 
@@ -46,7 +47,8 @@ void printSwatchList(const CSwatchList& list, PrintOptions& options, ColorServic
     };
     const std::string title = list.getSwatchName().empty() ? "Swatches" : list.getSwatchName();
     if (!tooSmall) desktop.runPrintOperation({title, layOut});
-    if (tooSmall) desktop.runAlert({"The paper is too small for these swatches. ", "", "ok"});
+    if (tooSmall)
+        desktop.runAlert({translated("The paper is too small for these swatches. "), "", translated("ok")});
 }
 
 } // namespace chromalog

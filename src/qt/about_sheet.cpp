@@ -1,5 +1,8 @@
 #include "qt/about_sheet.h"
 
+#include "base/translated.h"
+#include "qt/convert.h"
+
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QFile>
@@ -40,7 +43,7 @@ QPlainTextEdit* notices(QWidget* parent) {
     text->setReadOnly(true);
     text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     text->setTabChangesFocus(true);
-    text->setAccessibleName(QObject::tr("Third-party notices"));
+    text->setAccessibleName(toQt(translated("Third-party notices")));
     return text;
 }
 
@@ -51,8 +54,8 @@ QLayout* heading(QWidget* sheet) {
     row->addWidget(picture);
     auto* column = new QVBoxLayout;
     column->addWidget(strongLabel("Chromalog " CHROMALOG_VERSION, sheet));
-    column->addWidget(textLabel(QObject::tr("Compose colors, find harmonies and keep swatches"), sheet));
-    column->addWidget(textLabel(QObject::tr("Colors are sRGB, shown unmanaged."), sheet));
+    column->addWidget(textLabel(toQt(translated("Compose colors, find harmonies and keep swatches")), sheet));
+    column->addWidget(textLabel(toQt(translated("Colors are sRGB, shown unmanaged.")), sheet));
     row->addLayout(column, 1);
     return row;
 }
@@ -60,11 +63,11 @@ QLayout* heading(QWidget* sheet) {
 QDialog* makeSheet(QWidget& window) {
     auto* sheet = new QDialog(&window);
     sheet->setObjectName("aboutSheet");
-    sheet->setWindowTitle(QObject::tr("About Chromalog"));
+    sheet->setWindowTitle(toQt(translated("About Chromalog")));
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     auto* column = new QVBoxLayout(sheet);
     column->addLayout(heading(sheet));
-    column->addWidget(strongLabel(QObject::tr("Third-party notices"), sheet));
+    column->addWidget(strongLabel(toQt(translated("Third-party notices")), sheet));
     QPlainTextEdit* text = notices(sheet);
     column->addWidget(text, 1);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, sheet);

@@ -1,6 +1,8 @@
 #include "qt/history_announcer.h"
 
+#include "base/translated.h"
 #include "qt/controls/status_label.h"
+#include "qt/convert.h"
 #include "qt/mishap.h"
 #include "qt/view_widget.h"
 
@@ -15,7 +17,7 @@ QString listsNow(const QWidget& form) {
     for (int list = 1; list <= 2; ++list) {
         const auto* widget = form.findChild<ViewWidget*>(QString("swatch%1").arg(list));
         if (widget && widget->view())
-            all += QObject::tr(". List %1: %2").arg(list).arg(widget->view()->accessibleRowCount());
+            all += toQt(translated(". List %1: %2", list, widget->view()->accessibleRowCount()));
     }
     return all;
 }
@@ -28,7 +30,7 @@ void announceHistory(QWidget& form) {
     for (auto* button : form.findChildren<QAbstractButton*>()) {
         const QString action = button->property("action").toString();
         if (action != "doUndo:" && action != "doRedo:") continue;
-        const QString done = action == "doUndo:" ? QObject::tr("Undone") : QObject::tr("Redone");
+        const QString done = toQt(action == "doUndo:" ? translated("Undone") : translated("Redone"));
         QObject::connect(button, &QAbstractButton::clicked, voice, [voice, done, &form] {
             guarded([&] { voice->announceAloud(done + listsNow(form)); });
         });

@@ -1,5 +1,6 @@
 #include "qt/name_editor.h"
 
+#include "base/translated.h"
 #include "qt/controls/plain_text.h"
 #include "qt/convert.h"
 #include "qt/mishap.h"
@@ -46,7 +47,7 @@ NameEditor* NameEditor::of(const QWidget& view) {
 NameEditor::NameEditor(QWidget& view, const QRect& where, TextEdit edit)
     : QLineEdit(&view), edit_(std::move(edit)) {
     setObjectName(kName);
-    setAccessibleName(tr("Name of the swatch"));
+    setAccessibleName(toQt(translated("Name of the swatch")));
     setAcceptDrops(false);
     setMaxLength(edit_.most);
     setText(toQt(edit_.text));
@@ -62,7 +63,7 @@ void NameEditor::markLost() {
     QApplication::sendEvent(this, &marks);
     const std::string typed = fromQt(text()), kept = edit_.kept(typed);
     const bool whole = kept == typed;
-    const QString hint = whole ? QString() : tr("Kept as: %1").arg(toQt(kept));
+    const QString hint = whole ? QString() : toQt(translated("Kept as: %1", kept));
     setAccessibleDescription(hint);
     if (whole)
         QToolTip::hideText();

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "base/translated.h"
 #include "desktop/desktop.h"
 #include "qt/background_work.h"
 #include "qt/controls/plain_text.h"
 #include "qt/drags.h"
 #include "qt/form_reading.h"
 #include "qt/host_process.h"
+#include "qt/language/session_language.h"
 #include "qt/log_ring.h"
 #include "qt/mishap.h"
 #include "qt/modal_loops.h"
@@ -36,6 +38,8 @@ struct QtDesktopSettings {
     std::string formsDirectory;             ///< its interface files come before the compiled ones
     ReadForm readForm = nullptr;            ///< reads them; has to be there where the folder is
     std::vector<std::string> filesToImport; ///< named after the program
+    std::string language;                   ///< its code; empty: English
+    bool ownApplication = false;            ///< the toolkit's texts are ours to translate too
     bool logToSystem = false;
     bool copyReturned = false;       ///< the colour that OK returns goes to the clipboard
     bool optionWhileOpening = false; ///< the Option key counts as held until the first modal loop runs
@@ -117,7 +121,11 @@ class QtDesktop : public Desktop {
     QtDesktopSettings settings_;
     LogRing log_;
     StatusLine status_;
+    struct Resources {
+        Resources();
+    } resources_; ///< before what reads them
     StringTable texts_;
+    SessionLanguage language_; ///< before all that says something
     PlainLabels plainLabels_;
     QObject context_; ///< timers live as long as it does
     ModalLoops modalLoops_;

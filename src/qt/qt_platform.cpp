@@ -4,6 +4,7 @@
 #include "dialog/chromalog_controler.h"
 #include "files/size_limit_signal.h"
 #include "qt/driven_qt.h"
+#include "qt/language/language_table.h"
 #include "qt/qt_desktop.h"
 #include "qt/screen/begin_screen_pick.h"
 #include "qt/search_habits.h"
@@ -31,9 +32,20 @@ std::vector<std::string> linesOf(std::string_view text) {
     return lines;
 }
 
-QtDesktopSettings settingsOf(const StandaloneSuite* standalone, ReadForm readForm) {
+/// A script's dialog is always the same, unless it asks for a language.
+std::string languageFor(const StandaloneSuite* standalone) {
+    if (const char* code = standalone ? standalone->option("language") : nullptr) return code;
+    for (const char* script : {"drive", "accept", "cancel", "screenshot"})
+        if (standalone && standalone->option(script)) return {};
+    const std::string asked = qEnvironmentVariable("CHROMALOG_LANGUAGE").toStdString();
+    return isLanguage(asked) ? asked : languageOfDesktop();
+}
+
+QtDesktopSettings settingsOf(const StandaloneSuite* standalone, ReadForm readForm, bool ownApplication) {
     QtDesktopSettings settings = QtDesktopSettings::fromEnvironment();
     settings.readForm = readForm;
+    settings.language = languageFor(standalone);
+    settings.ownApplication = ownApplication;
     if (!standalone) return settings;
     if (const char* folder = standalone->option("data-dir")) settings.dataDirectory = folder;
     if (const char* folder = standalone->option("books")) settings.booksDirectory = folder;
@@ -55,7 +67,7 @@ std::unique_ptr<Desktop> QtPlatform::makeDesktop(const StandaloneSuite* standalo
     const SizeLimitSignalBlock onlyFails; // the toolkit keeps what it finds out about the system's fonts
     application_ = std::make_unique<ApplicationGuard>(atEnd_);
     QFontInfo(QApplication::font()).family(); // makes it look for them now
-    return std::make_unique<QtDesktop>(settingsOf(standalone, readForm_));
+    return std::make_unique<QtDesktop>(settingsOf(standalone, readForm_, application_->owns()));
 }
 
 ScreenColours QtPlatform::pickFromScreen() {

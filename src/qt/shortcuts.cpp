@@ -1,5 +1,6 @@
 #include "qt/shortcuts.h"
 
+#include "base/translated.h"
 #include "qt/mishap.h"
 #include "qt/shortcut_sheet.h"
 
@@ -27,15 +28,15 @@ QString shown(const QKeySequence& keys) {
 
 const QList<Shortcut>& shortcuts() {
     static const QList<Shortcut> all = {
-        {"Ctrl+Z", "undoButton", "Undo the last change of the lists"},
-        {"Ctrl+Shift+Z", "redoButton", "Redo what was undone"},
-        {"Ctrl+Y", "redoButton", "Redo what was undone"},
-        {"Ctrl+O", "loadSwatch%1", "Load a swatch file into the list used last"},
-        {"Ctrl+S", "saveSwatch%1", "Save the list used last"},
-        {"Ctrl+F", "findColor%1", "Find in the list used last", false},
-        {"Ctrl+I", "pickFromScreen", "Pick a color from the screen"},
-        {"Alt+1", "swatch1", "Go to list 1", false},
-        {"Alt+2", "swatch2", "Go to list 2", false},
+        {translatable("Ctrl+Z"), "undoButton", translatable("Undo the last change of the lists")},
+        {translatable("Ctrl+Shift+Z"), "redoButton", translatable("Redo what was undone")},
+        {translatable("Ctrl+Y"), "redoButton", translatable("Redo what was undone")},
+        {translatable("Ctrl+O"), "loadSwatch%1", translatable("Load a swatch file into the list used last")},
+        {translatable("Ctrl+S"), "saveSwatch%1", translatable("Save the list used last")},
+        {translatable("Ctrl+F"), "findColor%1", translatable("Find in the list used last"), false},
+        {translatable("Ctrl+I"), "pickFromScreen", translatable("Pick a color from the screen")},
+        {translatable("Alt+1"), "swatch1", translatable("Go to list 1"), false},
+        {translatable("Alt+2"), "swatch2", translatable("Go to list 2"), false},
     };
     return all;
 }

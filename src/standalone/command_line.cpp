@@ -1,5 +1,6 @@
 #include "standalone/command_line.h"
 
+#include "base/translated.h"
 #include "files/size_limit_signal.h"
 #include "standalone/data_folder.h"
 #include "standalone/standard_streams.h"
@@ -22,6 +23,15 @@ const std::map<std::string, ServicesKind> kServices{{"lcms", ServicesKind::lcms}
                                                     {"closed", ServicesKind::closed},
                                                     {"none", ServicesKind::none},
                                                     {"error", ServicesKind::error}};
+
+/// Says which there are where it is none of them.
+std::string knownLanguage(const std::string& code) {
+    if (isLanguage(code)) return {};
+    std::string all;
+    for (const std::string_view known : kLanguages)
+        all.append(all.empty() ? "" : ", ").append(known);
+    return "no language " + code + " is known; these are: " + all;
+}
 
 const CLI::Validator kPictureFile(
     [](std::string& path) {
@@ -143,6 +153,10 @@ void addPluginOptions(CLI::App& app) {
     app.add_option("--drive", "Play a script against the dialog")
         ->check(CLI::ExistingFile)
         ->type_name("FILE");
+    app.add_option("--language",
+                   "Language of the windows; the desktop's where none is given, a script's is English")
+        ->check(CLI::Validator(knownLanguage, ""))
+        ->type_name("en|de|fr");
     app.add_option("--books", "Folder of colour books")->check(CLI::ExistingDirectory)->type_name("DIR");
     app.add_option("--data-dir", kDataDirHelp)->type_name("DIR");
 }

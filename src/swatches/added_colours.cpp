@@ -1,6 +1,7 @@
 #include "swatches/added_colours.h"
 
 #include "base/colour_text.h"
+#include "base/translated.h"
 #include "record/name_text.h"
 #include "swatches/limit_alert.h"
 #include "swatches/list_edits.h"
@@ -22,7 +23,7 @@ FCOStruct recordOf(const AddedColour& added) {
 }
 
 std::string wordsFor(std::size_t added) {
-    return added == 1 ? "Add a color" : "Add " + std::to_string(added) + " colors";
+    return translatedCount(added, "Add a color", "Add %1 colors");
 }
 
 /// False and the limit alert where the list has no room for so many more.

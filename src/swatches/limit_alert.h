@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/translated.h"
 #include "desktop/panels.h"
 
 #include <string>
@@ -8,7 +9,8 @@ namespace chromalog {
 
 /// Said where a list would come to its capacity or past it; `total` is the count that it would have.
 inline Alert limitAlert(int total) {
-    return {"A Swatch list has a maximum of 5000 colors. ", std::to_string(total) + " colors in list ", "ok"};
+    return {translated("A Swatch list has a maximum of 5000 colors. "),
+            translated("%1 colors in list ", total), translated("ok")};
 }
 
 } // namespace chromalog

@@ -1,6 +1,7 @@
 #include "swatches/list_commands.h"
 
 #include "base/file_name.h"
+#include "base/translated.h"
 #include "files/file_io.h"
 #include "formats/aco_reader.h"
 #include "formats/books_on_disk.h"
@@ -27,7 +28,7 @@ std::optional<std::vector<std::uint8_t>> readChosen(const std::string& path, Sta
     status.takeBack(StatusLine::About::files);
     if (!data)
         status.say(StatusLine::About::files,
-                   std::string(fileNameOf(path)) + " could not be read: " + reasonOf(why));
+                   translated("%1 could not be read: %2", fileNameOf(path), reasonOf(why)));
     return data;
 }
 
@@ -46,14 +47,14 @@ std::string acoPath(std::string_view chosen) {
 
 void ListCommands::loadSwatch(SwatchPanel& panel) {
     parts_.setUndoablePosition(undo_label::loadSwatch);
-    chooseSwatchFile(panel, {"Load", 0});
+    chooseSwatchFile(panel, {false, 0});
     panel.view.setNeedsDisplay();
     panel.scroller->setNeedsDisplay();
 }
 
 void ListCommands::appendSwatch(SwatchPanel& panel) {
     parts_.setUndoablePosition(undo_label::appendSwatch);
-    chooseSwatchFile(panel, {"Append", panel.view.getNumberOfColors()});
+    chooseSwatchFile(panel, {true, panel.view.getNumberOfColors()});
     panel.view.setNeedsDisplay();
     panel.scroller->setNeedsDisplay();
 }
@@ -92,9 +93,9 @@ void ListCommands::chooseSwatchFile(SwatchPanel& panel, Way way) {
     OpenPanel open{{"aco", "ACO"}};
     const bool second = &panel == &parts_.two;
     if (way.verb == "Append")
-        open.title = second ? "Append to list 2" : "Append to list 1";
+        open.title = translated(second ? "Append to list 2" : "Append to list 1");
     else
-        open.title = second ? "Load into list 2" : "Load into list 1";
+        open.title = translated(second ? "Load into list 2" : "Load into list 1");
     parts_.desktop.beginOpenPanel(open, *parts_.dialog, answer);
     panel.view.setNeedsDisplay(); // before the person has chosen
 }
@@ -110,14 +111,15 @@ void ListCommands::takeFile(SwatchPanel& panel, const std::string& path, FileWay
     const bool appends = way == FileWay::append;
     parts_.setUndoablePosition(appends ? undo_label::fileAppended : undo_label::fileLoaded);
     const std::int16_t start = appends ? panel.view.getNumberOfColors() : std::int16_t{0};
-    bringIn(panel, {appends ? "Append" : "Load", start, Way::Steps::one}, path, *data);
+    bringIn(panel, {appends, start, Way::Steps::one}, path, *data);
 }
 
 void ListCommands::bringIn(SwatchPanel& panel, Way way, const std::string& path,
                            std::span<const std::uint8_t> data) {
     const std::string_view name = fileNameOf(path);
     const StoredName stored(name);
-    const std::string verb(way.verb), latest = verb + ' ' + std::string(name), before = "before " + verb;
+    const std::string latest = way.appends ? translated("Append %1", name) : translated("Load %1", name);
+    const std::string before = way.appends ? translated("before Append") : translated("before Load");
     std::string nameBefore = panel.view.getSwatchName();
     panel.view.setName(std::string(name));
     try {
@@ -168,7 +170,7 @@ void ListCommands::loadASE() {
         if (path) bookChosen(*path);
     };
     OpenPanel open{{"acb", "ACB"}};
-    open.title = "Load color book into list 1";
+    open.title = translated("Load color book into list 1");
     parts_.desktop.beginOpenPanel(open, *parts_.dialog, answer);
     parts_.one.view.setNeedsDisplay();
 }

@@ -58,8 +58,8 @@ class ListCommands {
     /// What a load and an append do otherwise alike.
     struct Way {
         enum class Steps { one, two };
-        std::string_view verb; ///< for people
-        std::int16_t start;    ///< the first row
+        bool appends;       ///< else it loads
+        std::int16_t start; ///< the first row
         Steps steps = Steps::two;
     };
     void chooseSwatchFile(SwatchPanel&, Way);

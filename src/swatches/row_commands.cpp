@@ -1,5 +1,6 @@
 #include "swatches/row_commands.h"
 
+#include "base/translated.h"
 #include "history/undo_labels.h"
 #include "record/name_text.h"
 #include "swatches/limit_alert.h"
@@ -9,10 +10,6 @@
 
 namespace chromalog {
 namespace {
-
-std::string counted(std::string verb, std::size_t swatches) {
-    return verb + ' ' + std::to_string(swatches) + (swatches == 1 ? " swatch" : " swatches");
-}
 
 void setCount(CSwatchList& list, std::size_t count) {
     list.setNumberOfColors(static_cast<std::int16_t>(count));
@@ -27,19 +24,19 @@ std::size_t sizeOf(const CSwatchList& list) {
 std::string wordsOf(SortKey key) {
     switch (key) {
     case SortKey::name:
-        return "Sort by name";
+        return translated("Sort by name");
     case SortKey::hue:
-        return "Sort by hue";
+        return translated("Sort by hue");
     case SortKey::brightness:
-        return "Sort by brightness";
+        return translated("Sort by brightness");
     case SortKey::saturation:
-        return "Sort by saturation";
+        return translated("Sort by saturation");
     case SortKey::difference:
-        return "Sort by difference";
+        return translated("Sort by difference");
     case SortKey::reversed:
         break;
     }
-    return "Reverse order";
+    return translated("Reverse order");
 }
 
 std::string_view labelOf(SortKey key) {
@@ -60,7 +57,8 @@ std::string_view labelOf(SortKey key) {
 } // namespace
 
 void eraseRows(CSwatchListDelegate& delegate, CSwatchList& list, Rows rows) {
-    eraseRows(delegate, list, rows, undo_label::rowsDeleted, counted("Delete", rows.size()));
+    eraseRows(delegate, list, rows, undo_label::rowsDeleted,
+              translatedCount(rows.size(), "Delete %1 swatch", "Delete %1 swatches"));
 }
 
 void eraseRows(CSwatchListDelegate& delegate, CSwatchList& list, Rows rows, std::string_view labelKey,
@@ -78,7 +76,7 @@ std::optional<int> moveRowsTo(CSwatchListDelegate& delegate, CSwatchList& list, 
     const bool together = rows.back() - rows.front() + 1 == static_cast<int>(rows.size());
     if (together && gap >= rows.front() && gap <= rows.back() + 1) return std::nullopt;
     delegate.setUndoablePosition(undo_label::rowsMoved);
-    const std::string words = counted("Move", rows.size());
+    const std::string words = translatedCount(rows.size(), "Move %1 swatch", "Move %1 swatches");
     const int first = moveRows(list.shownRecords(), rows, gap);
     list.contentsChanged();
     delegate.describeStep(words);
@@ -95,7 +93,9 @@ bool bringAcross(CSwatchListDelegate& delegate, CSwatchList& from, Rows rows, CS
     }
     const bool moves = way == Across::move;
     const std::vector<FCOStruct> copies = copiesOf(from.shownRecords(), rows);
-    const std::string words = counted(moves ? "Move across" : "Copy across", rows.size());
+    const std::string words =
+        moves ? translatedCount(rows.size(), "Move across %1 swatch", "Move across %1 swatches")
+              : translatedCount(rows.size(), "Copy across %1 swatch", "Copy across %1 swatches");
     delegate.setUndoablePosition(moves ? undo_label::rowsMovedAcross : undo_label::rowsCopiedAcross);
     insertRecords(to.records(), to.shownRows(), gap, copies);
     if (moves) {
@@ -113,7 +113,8 @@ void sortRows(CSwatchListDelegate& delegate, CSwatchList& list, Rows rows, SortK
     const std::vector<int> order = sortedOrder(list.shownRecords(), rows, key, reference);
     if (std::ranges::is_sorted(order)) return;
     const bool some = rows.size() < sizeOf(list);
-    const std::string words = some ? counted(wordsOf(key) + ':', rows.size()) : wordsOf(key);
+    const std::string words =
+        some ? wordsOf(key) + ": " + translatedCount(rows.size(), "%1 swatch", "%1 swatches") : wordsOf(key);
     delegate.setUndoablePosition(some ? undo_label::sortRows : labelOf(key));
     reorderRows(list.shownRecords(), rows, order);
     list.contentsChanged();
@@ -129,10 +130,11 @@ void renameRow(CSwatchListDelegate& delegate, CSwatchList& list, int row, const 
     if (!record || utf8 == macRomanToUtf8(nameBytes(*record))) return;
     const StoredName name(keptName(utf8));
     if (name.bytes == nameBytes(*record)) return;
+    const std::string words = translated("Rename swatch");
     delegate.setUndoablePosition(undo_label::rowRenamed);
     writeName(*record, name);
     list.contentsChanged();
-    delegate.describeStep("Rename swatch");
+    delegate.describeStep(words);
 }
 
 } // namespace chromalog

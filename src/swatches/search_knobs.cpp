@@ -1,5 +1,7 @@
 #include "swatches/search_knobs.h"
 
+#include "base/translated.h"
+
 #include <string>
 
 namespace chromalog {
@@ -9,7 +11,7 @@ constexpr double kTypingPause = 0.25; // seconds
 
 std::string foundText(std::int64_t hits) {
     std::string text = " ";
-    return text.append(std::to_string(hits)).append(" found");
+    return text.append(translated("%1 found", hits));
 }
 
 } // namespace
@@ -57,18 +59,23 @@ MenuItems SearchKnobs::choices() {
         bool SearchOptions::*option;
     };
     static constexpr Row kRows[] = {
-        {"Find in Any Letter Case", "findAnyCase:", &SearchOptions::ignoreCase},
-        {"Find without Accents", "findWithoutAccents:", &SearchOptions::ignoreAccents},
-        {"Find by Hex", "findByHex:", &SearchOptions::hex},
-        {"Find by Nearest CSS Name", "findByCssName:", &SearchOptions::cssName},
-        {"Show Hits Whole, Return Takes One", "findLands:", &SearchOptions::landing},
+        {translatable("Find in Any Letter Case"), "findAnyCase:", &SearchOptions::ignoreCase},
+        {translatable("Find without Accents"), "findWithoutAccents:", &SearchOptions::ignoreAccents},
+        {translatable("Find by Hex"), "findByHex:", &SearchOptions::hex},
+        {translatable("Find by Nearest CSS Name"), "findByCssName:", &SearchOptions::cssName},
+        {translatable("Show Hits Whole, Return Takes One"), "findLands:", &SearchOptions::landing},
     };
     MenuItems items;
     for (const Row& row : kRows) {
         SearchOptions after = options();
         after.*row.option = !(after.*row.option);
-        items.push_back(
-            {row.title, row.action, [this, after] { choose(after); }, true, !(after.*row.option), {}, true});
+        items.push_back({translated(row.title),
+                         row.action,
+                         [this, after] { choose(after); },
+                         true,
+                         !(after.*row.option),
+                         {},
+                         true});
     }
     return items;
 }

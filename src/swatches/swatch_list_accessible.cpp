@@ -1,4 +1,5 @@
 #include "base/colour_text.h"
+#include "base/translated.h"
 #include "record/name_text.h"
 #include "swatches/swatch_list_geometry.h"
 #include "swatches/swatch_list_view.h"
@@ -23,12 +24,13 @@ Accessible CSwatchList::accessible() const {
     a.role = Accessible::Role::list;
     a.name = swatchListName.empty() ? spokenName_ : spokenName_ + " " + swatchListName;
     const int count = shownRows();
-    a.value = std::to_string(count) + (count == 1 ? " swatch" : " swatches");
+    a.value = translatedCount(static_cast<std::size_t>(count), "%1 swatch", "%1 swatches");
     if (const FCOStruct* record = selectcolor < count ? recordAt(records(), selectcolor) : nullptr)
-        a.value += ", selected: " + macRomanToUtf8(nameBytes(*record)) + ", " + spokenColour(*record);
-    a.description =
-        "Arrow keys, Home, End and the page keys select a swatch, Return makes it the first color, "
-        "Alt with Up or Down moves it, Delete removes it";
+        a.value +=
+            translated(", selected: %1, %2", macRomanToUtf8(nameBytes(*record)), spokenColour(*record));
+    a.description = translated(
+        "Arrow keys, Home, End and the page keys select a swatch, Return makes it the first color, Alt "
+        "with Up or Down moves it, Delete removes it");
     return a;
 }
 

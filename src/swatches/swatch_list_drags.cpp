@@ -1,3 +1,4 @@
+#include "base/translated.h"
 #include "history/undo_labels.h"
 #include "record/name_text.h"
 #include "swatches/list_edits.h"
@@ -49,30 +50,31 @@ DragOperation CSwatchList::draggingEntered(const DragInfo& info) {
 bool CSwatchList::performDragOperation(const DragInfo& info) {
     if (extras().takesDrop(info)) return true;
     delegate_.setUndoablePosition(undo_label::colorDeleted); // whatever the drop then does: kept
-    delegate_.describeStep(kNothingChanged);
+    delegate_.describeStep(translated(kNothingChanged));
     delegate_.describeStep(takeDrop(info));
     return true;
 }
 
-std::string_view CSwatchList::takeDrop(const DragInfo& info) {
+std::string CSwatchList::takeDrop(const DragInfo& info) {
     const std::int16_t drop = std::max<std::int16_t>(geometry::rowAtPoint(info.location), 0);
-    if (!info.pasteboard.colourType || !info.pasteboard.colour) return kNothingChanged;
+    if (!info.pasteboard.colourType || !info.pasteboard.colour) return translated(kNothingChanged);
     const Colour& colour = *info.pasteboard.colour;
     float distance = 0;
     const std::int16_t near = getNearColor(colour, distance);
-    std::string_view words = kNothingChanged;
-    int place = -1; ///< of the swatch in question
+    std::string words = translated(kNothingChanged), move = translated("Move swatch"),
+                fromOutside = translated("Drop of a color"); // before anything changes
+    int place = -1;                                          ///< of the swatch in question
     if (info.source == this) {
         moveRecord(records(), selectcolor, drop); // the count and the selection stay
         place = drop;
-        words = "Move swatch";
+        words.swap(move);
     } else if (distance <= kSameColour) {
         place = near;
         refuseDropped(recordAt(records(), near));
     } else if (const int gap = std::min<int>(drop, nfcocolors);
                insertDropped(info.pasteboard, colour, drop)) {
         place = gap;
-        words = "Drop of a color";
+        words.swap(fromOutside);
     }
     contentsChanged();
     extras().dropped(place);
@@ -105,7 +107,7 @@ bool CSwatchList::insertDropped(const Pasteboard& pasteboard, const Colour& colo
 
 void CSwatchList::refuseDropped(const FCOStruct* near) {
     const std::string name = near ? macRomanToUtf8(zeroTerminatedName(*near)) : std::string();
-    delegate_.desktop().runAlert({"Thist color exists !", shownAsFormat(name), "ok"});
+    delegate_.desktop().runAlert({translated("Thist color exists !"), shownAsFormat(name), translated("ok")});
 }
 
 } // namespace chromalog

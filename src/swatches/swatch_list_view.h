@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/translated.h"
 #include "desktop/desktop.h"
 #include "desktop/view.h"
 #include "record/list_store.h"
@@ -146,7 +147,7 @@ class CSwatchList : public View {
     void markMenuRow(std::optional<int> row);
     StoredName droppedName(const Pasteboard&, const Colour&, int place) const;
     bool insertDropped(const Pasteboard&, const Colour&, std::int16_t drop); ///< false where the list is full
-    std::string_view takeDrop(const DragInfo&); ///< what undoing it does, in words
+    std::string takeDrop(const DragInfo&); ///< what undoing it does, in words
     void refuseDropped(const FCOStruct* near);
     void drawRows(Canvas&);
     void drawRow(Canvas&, int row, FCOStruct&);
@@ -164,7 +165,7 @@ class CSwatchList : public View {
     std::uint64_t LAFCount = 0;           ///< number of hits
     std::uint64_t LastShown = 0;          ///< hit shown last
     std::uint8_t sens = 0;                ///< last step: 1 backwards, 0 forwards
-    std::string spokenName_ = "Swatch list";
+    std::string spokenName_ = translated("Swatch list");
     std::string swatchListName; ///< file that was loaded into the list
 };
 

@@ -1,5 +1,6 @@
 #include "swatches/swatch_panels.h"
 
+#include "base/translated.h"
 #include "record/name_text.h"
 #include "spaces/ascii_text.h"
 #include "swatches/list_menu.h"
@@ -36,8 +37,8 @@ SwatchPanels::SwatchPanels(GlobalRecord& data, Desktop& desktop, Outlet<Window>&
                 [&delegate](auto latest, auto before) { delegate.describeSteps(latest, before); }}),
       search(desktop, one, two), desktop_(desktop), services_(services), delegate_(delegate),
       rowsOne_(*this, one.view, two.view), rowsTwo_(*this, two.view, one.view) {
-    one.view.setSpokenName("Swatch list 1");
-    two.view.setSpokenName("Swatch list 2");
+    one.view.setSpokenName(translated("Swatch list 1"));
+    two.view.setSpokenName(translated("Swatch list 2"));
     rowsOne_.across = &rowsTwo_;
     rowsTwo_.across = &rowsOne_;
 }

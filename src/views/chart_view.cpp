@@ -1,6 +1,7 @@
 #include "views/chart_view.h"
 
 #include "base/colour_text.h"
+#include "base/translated.h"
 #include "views/arrow_keys.h"
 
 namespace chromalog {
@@ -82,11 +83,11 @@ std::optional<Rect> chartView::focusMark() const {
 Accessible chartView::accessible() const {
     Accessible a;
     a.role = Accessible::Role::chart;
-    a.name = accessibleName();
-    a.value = selectedColor_ ? spokenText(*selectedColor_) : "no color picked";
-    a.description =
-        "Arrow keys pick the next cell, with Shift or the page keys the tenth, Home and End go to the ends. "
-        "Drag to carry the picked color away.";
+    a.name = translated(accessibleName());
+    a.value = selectedColor_ ? spokenText(*selectedColor_) : translated("no color picked");
+    a.description = translated(
+        "Arrow keys pick the next cell, with Shift or the page keys the tenth, Home and End go to the "
+        "ends. Drag to carry the picked color away.");
     return a;
 }
 

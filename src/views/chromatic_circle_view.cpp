@@ -1,6 +1,7 @@
 #include "views/chromatic_circle_view.h"
 
 #include "base/colour_text.h"
+#include "base/translated.h"
 #include "views/arrow_keys.h"
 #include "views/marks.h"
 
@@ -216,10 +217,10 @@ std::optional<Rect> chromaticCircleView::focusMark() const {
 Accessible chromaticCircleView::accessible() const {
     Accessible a;
     a.role = Accessible::Role::colourChooser;
-    a.name = "Color wheel";
+    a.name = translated("Color wheel");
     a.value = spokenText(colours_.getSecondColor());
-    a.description =
-        "Hue and saturation of the second color. Arrow keys move the point, with Shift ten times as far.";
+    a.description = translated(
+        "Hue and saturation of the second color. Arrow keys move the point, with Shift ten times as far.");
     return a;
 }
 

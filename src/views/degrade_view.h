@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/translated.h"
 #include "views/chart_view.h"
 
 namespace chromalog {
@@ -36,7 +37,7 @@ class degradeView : public chartView {
     void moveCell(int right, int up) override;
     void standAt(Point) override;
     Point cellCentre() const override;
-    const char* accessibleName() const override { return "Gradient"; }
+    const char* accessibleName() const override { return translatable("Gradient"); }
 
   private:
     GradientCorners corners_;

@@ -1,6 +1,7 @@
 #include "views/luminosity_view.h"
 
 #include "base/colour_text.h"
+#include "base/translated.h"
 #include "views/arrow_keys.h"
 #include "views/marks.h"
 
@@ -100,10 +101,11 @@ void luminosityView::setAccessibleValue(double percent) {
 Accessible luminosityView::accessible() const {
     Accessible a;
     a.role = Accessible::Role::slider;
-    a.name = "Luminosity";
+    a.name = translated("Luminosity");
     a.value = spokenText(colours_.getSecondColor());
-    a.description = "Brightness of the second color in percent. Arrow keys change it by 1, with Shift by 10; "
-                    "the page keys by 10, Home and End go to its ends.";
+    a.description =
+        translated("Brightness of the second color in percent. Arrow keys change it by 1, with Shift by "
+                   "10; the page keys by 10, Home and End go to its ends.");
     a.range = {percent(), 0, 100, 1};
     return a;
 }

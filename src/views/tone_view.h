@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/translated.h"
 #include "colour/working_colours.h"
 #include "views/chart_view.h"
 
@@ -40,7 +41,7 @@ class toneView : public chartView {
     void moveCell(int right, int up) override; ///< up: the next ring outwards; right: clockwise
     void standAt(Point) override;
     Point cellCentre() const override;
-    const char* accessibleName() const override { return "Tone chart"; }
+    const char* accessibleName() const override { return translatable("Tone chart"); }
 
   private:
     WorkingColours& colours_;

@@ -39,7 +39,7 @@ class Comparison {
         if (!was.is_number_float() && !is.is_number_float()) return was == is;
         if (!was.is_number() || !is.is_number()) return false;
         const double a = was.get<double>(), b = is.get<double>();
-        const double rounding = extent_ == Extent::everything ? kProcessorsRounding : kLayoutsRounding;
+        const double rounding = extent_ == Extent::withoutLayout ? kLayoutsRounding : kProcessorsRounding;
         return std::abs(a - b) <= rounding * std::max(1.0, std::abs(a));
     }
 
@@ -105,6 +105,25 @@ json withoutLayout(json state) {
     return state;
 }
 
+/// Takes out of a state what a person is told: titles, counts in words, the quiet line, and of an alert all
+/// but that there was one.
+json withoutTexts(json state) {
+    for (auto& [name, outlet] : state["outlets"].items()) {
+        outlet.erase("title");
+        if (name == "found1" || name == "found2") outlet.erase("text");
+    }
+    state["status"] = state.value("status", "").empty();
+    for (json& alert : state["alerts"])
+        alert = alert["buttons"].size();
+    return state;
+}
+
+/// What of a part is compared.
+json reduced(const Part& part, Extent extent) {
+    if (part.kind != Part::Kind::state || extent == Extent::everything) return part.value;
+    return extent == Extent::withoutLayout ? withoutLayout(part.value) : withoutTexts(part.value);
+}
+
 /// Runs, and what they leave, and states: a script has grown. A file that the same run did not write before
 /// is no such thing.
 bool mayBeNew(const Part& part, const Record& stored) {
@@ -119,10 +138,8 @@ std::vector<std::string> differences(const Record& stored, const Record& now, Ex
         const Part* is = findPart(now, was.kind, was.where, was.name);
         if (!is)
             found.push_back(was.title() + ": is gone");
-        else if (extent == Extent::withoutLayout && was.kind == Part::Kind::state)
-            Comparison(was, extent, found).compare(withoutLayout(was.value), withoutLayout(is->value), "");
         else
-            Comparison(was, extent, found).compare(was.value, is->value, "");
+            Comparison(was, extent, found).compare(reduced(was, extent), reduced(*is, extent), "");
     }
     for (const Part& is : now)
         if (!mayBeNew(is, stored) && !findPart(stored, is.kind, is.where, is.name))

@@ -4,8 +4,9 @@
 
 namespace chromalog::golden {
 
-/// What is compared: everything, or what stays the same however the dialog is laid out.
-enum class Extent { everything, withoutLayout };
+/// What is compared: everything, or what stays the same however the dialog is laid out, or in whatever
+/// language it speaks.
+enum class Extent { everything, withoutLayout, withoutTexts };
 
 /// Every difference in a line of its own: which run, which state, which key, what it was and what it is.
 /// States may gain keys, in objects at any depth, and lines of their log; there may be more states and

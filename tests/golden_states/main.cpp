@@ -36,6 +36,17 @@ int check(const std::string& name, Forms forms) {
     return 1;
 }
 
+/// In every language but English, which the stored states are in.
+int checkLanguages(const std::vector<std::string>& names) {
+    std::size_t found = 0;
+    for (const std::string& name : names)
+        for (const char* language : {"de", "fr", "ar-XB"})
+            found += tell(
+                name + " in " + language,
+                differences(kStore.read(name), replay(name, Forms::frozen, language), Extent::withoutTexts));
+    return found == 0 ? 0 : 1;
+}
+
 int list() {
     std::cout << kTests << '\n';
     for (const std::string& name : scriptNames())
@@ -73,8 +84,8 @@ int accept(const std::string& folder) {
 
 int usage() {
     std::cerr
-        << "replay_states list | check NAME | check-built-in NAME | record FOLDER NAME | compare FOLDER | "
-           "accept FOLDER\n";
+        << "replay_states list | check NAME | check-built-in NAME | check-languages NAME... | record FOLDER "
+           "NAME | compare FOLDER | accept FOLDER\n";
     return 2;
 }
 
@@ -83,6 +94,8 @@ int run(const std::vector<std::string>& words) {
     if (words.size() == 1 && verb == "list") return list();
     if (words.size() == 2 && verb == "check") return check(words[1], Forms::frozen);
     if (words.size() == 2 && verb == "check-built-in") return check(words[1], Forms::builtIn);
+    if (words.size() > 1 && verb == "check-languages")
+        return checkLanguages({words.begin() + 1, words.end()});
     if (words.size() == 2 && verb == "compare") return compare(words[1]);
     if (words.size() == 2 && verb == "accept") return accept(words[1]);
     if (words.size() != 3 || verb != "record") return usage();

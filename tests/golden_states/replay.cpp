@@ -74,13 +74,15 @@ std::vector<std::string> scriptNames() {
     return names;
 }
 
-Record replay(const std::string& name, Forms forms) {
+Record replay(const std::string& name, Forms forms, const std::string& language) {
     const TemporaryFolder folder;
     prepare(folder);
     Record record;
     int runs = 0;
     for (const Step& step : stepsOf(readFile(std::string(GOLDEN_SCRIPTS) + "/" + name + ".drive"))) {
-        const auto command = commandOf(step, folder);
+        auto command = commandOf(step, folder);
+        if (step.kind == Step::Kind::run && language != "en")
+            command.insert(command.end(), {"--language", language});
         const Capture capture(folder.path());
         const auto result = runProgram(command, surroundings(folder, forms));
         if (step.kind == Step::Kind::shell && result.exitCode != 0)

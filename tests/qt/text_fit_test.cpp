@@ -2,10 +2,12 @@
 // scale and window size.
 #include "qt/desktop_fixture.h"
 
+#include "base/translated.h"
 #include "qt/controls/elided_label.h"
 #include "qt/controls/fit_button.h"
 #include "qt/controls/fit_label.h"
 #include "qt/controls/two_way_switch.h"
+#include "qt/convert.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -24,10 +26,11 @@ namespace {
 struct Surroundings {
     const char* style;
     const char* scale;
+    const char* language = "en";
 };
 
 void PrintTo(const Surroundings& s, std::ostream* out) {
-    *out << s.style << " at " << s.scale;
+    *out << s.style << " at " << s.scale << " in " << s.language;
 }
 
 constexpr int kFonts[] = {8, 9, 10, 11, 14, 20}; ///< points
@@ -50,7 +53,9 @@ class TextFit : public testing::WithParamInterface<Surroundings>, Scale, public 
         QApplication::setStyle(style);
         ASSERT_EQ(QApplication::style()->name().toStdString(),
                   QString(GetParam().style).toLower().toStdString());
-        desktop = std::make_unique<QtDesktop>(settings());
+        QtDesktopSettings spoken = settings();
+        spoken.language = GetParam().language;
+        desktop = std::make_unique<QtDesktop>(spoken);
     }
 
     /// Loads the form anew: what a style or a font does when a widget is first polished counts too.
@@ -65,8 +70,8 @@ class TextFit : public testing::WithParamInterface<Surroundings>, Scale, public 
         for (auto* label : window.findChildren<QLabel*>())
             if (label->property("digits").toInt() == 3) label->setText("255");
         for (const char* found : {"found1", "found2"})
-            window.findChild<QLabel*>(found)->setText("5000 found");
-        window.findChild<QPushButton*>("okButton")->setText("Use 2nd color");
+            window.findChild<QLabel*>(found)->setText(toQt(translated("%1 found", 5000)));
+        window.findChild<QPushButton*>("okButton")->setText(toQt(translated("Use 2nd color")));
         window.show();
         return window;
     }
@@ -174,6 +179,19 @@ TEST_P(TextFit, NothingIsCutAtAnySize) {
     }
 }
 
+TEST_P(TextFit, NothingIsCutInAPanel) {
+    load(10);
+    for (const char* name :
+         {"ComparePanel", "ContrastPanel", "CustomAngle", "EarlierLists", "ExportPanel", "ImportPanel",
+          "LibraryPanel", "NearestPanel", "PicturePanel", "ProtocolPanel", "SwatchPrintOptions"}) {
+        const auto panel = desktop->loadForm(name, {});
+        QWidget& window = *desktop->forms().back()->window();
+        window.show();
+        layOut(window);
+        EXPECT_THAT(misfits(window), IsEmpty()) << name;
+    }
+}
+
 TEST_P(TextFit, WhatAPickNeedsIsInViewInASmallWindow) {
     for (const int points : kFonts) {
         QWidget& window = load(points);
@@ -196,11 +214,15 @@ INSTANTIATE_TEST_SUITE_P(Everywhere, TextFit, testing::ValuesIn([] {
                              for (const char* style : {"Fusion", "Adwaita", "Windows"})
                                  for (const char* scale : {"1", "1.25", "1.5", "2"})
                                      all.push_back({style, scale});
+                             for (const char* language : {"de", "fr", "ar-XB"})
+                                 all.push_back({"Fusion", "1", language});
                              return all;
                          }()),
                          [](const auto& info) {
                              std::string name = std::string(info.param.style) + info.param.scale;
-                             std::erase(name, '.');
+                             if (const std::string language = info.param.language; language != "en")
+                                 name += language;
+                             std::erase_if(name, [](char c) { return c == '.' || c == '-'; });
                              return name;
                          });
 

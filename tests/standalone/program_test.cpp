@@ -112,6 +112,9 @@ TEST(Program, ABadArgumentIsOneLineAndExit2) {
         {{"--screenshot", "shot.jpg"}, "no .png file: shot.jpg"},
         {{"--screenshot", "png"}, "no .png file: png"},
         {{"--cmyk-profile", "/nowhere/profile.icc"}, "/nowhere/profile.icc"},
+        {{"--language", "it"}, "no language it is known; these are: en, de, fr"},
+        {{"--language", "DE"}, "no language DE is known; these are: en, de, fr"},
+        {{"--language"}, "--language lacks its value: en|de|fr"},
         {{"--cmyk-profile", TEST_PICKER_MODULE},
          "cannot read a colour profile from " TEST_PICKER_MODULE ": "},
         {{"--plugin", "/nowhere/plugin.so"}, "--plugin"}};

@@ -1,5 +1,6 @@
 #include "palettes/formats/acb_palette.h"
 
+#include "base/translated.h"
 #include "palettes/byte_reader.h"
 #include "palettes/component_codes.h"
 #include "palettes/palette_text.h"
@@ -70,7 +71,7 @@ ReadPalette readAcbPalette(Bytes file) {
     ByteReader in(file);
     const Bytes signature = in.take(kSignature.size());
     if (!std::ranges::equal(signature, kSignature) || in.word() != kVersion)
-        throw PaletteError("this is no color book");
+        throw PaletteError(translated("this is no color book"));
     in.word(); // which book
     ReadPalette read;
     read.palette.title = readText(in);
@@ -79,8 +80,8 @@ ReadPalette readAcbPalette(Bytes file) {
     const std::size_t count = in.word();
     in.longWord(); // how pages show them
     const auto space = spaceOfType(in.word());
-    if (in.ended()) throw PaletteError("the color book ends before its colors");
-    if (!space) throw PaletteError("the colors of this book are neither RGB nor CMYK nor Lab");
+    if (in.ended()) throw PaletteError(translated("the color book ends before its colors"));
+    if (!space) throw PaletteError(translated("the colors of this book are neither RGB nor CMYK nor Lab"));
     SharedNames shared;
     for (std::size_t i = 0; i < count; ++i) {
         PaletteColour colour;

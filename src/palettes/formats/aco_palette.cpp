@@ -1,5 +1,6 @@
 #include "palettes/formats/aco_palette.h"
 
+#include "base/translated.h"
 #include "palettes/byte_reader.h"
 #include "palettes/component_codes.h"
 #include "palettes/formats/swatch_groups.h"
@@ -71,7 +72,8 @@ ReadPalette readAcoPalette(Bytes file) {
     ByteReader in(file);
     const unsigned version = in.word();
     unsigned count = in.word();
-    if (in.ended() || (version != 1 && version != 2)) throw PaletteError("this is no swatch file");
+    if (in.ended() || (version != 1 && version != 2))
+        throw PaletteError(translated("this is no swatch file"));
     std::vector<Record> records;
     readSection(in, version, count, records);
     if (version == 1 && in.left() >= kHeaderSize && in.word() == 2) {

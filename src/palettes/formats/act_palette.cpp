@@ -1,5 +1,6 @@
 #include "palettes/formats/act_palette.h"
 
+#include "base/translated.h"
 #include "palettes/byte_reader.h"
 #include "palettes/component_codes.h"
 
@@ -14,7 +15,8 @@ constexpr unsigned kNoneTransparent = 0xFFFF;
 } // namespace
 
 ReadPalette readActPalette(Bytes file) {
-    if (file.size() != kTableSize && file.size() != kWithCount) throw PaletteError("this is no color table");
+    if (file.size() != kTableSize && file.size() != kWithCount)
+        throw PaletteError(translated("this is no color table"));
     std::size_t count = kEntries, transparent = kNoneTransparent;
     if (file.size() == kWithCount) {
         ByteReader tail(file.subspan(kTableSize));

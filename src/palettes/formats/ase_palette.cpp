@@ -1,5 +1,6 @@
 #include "palettes/formats/ase_palette.h"
 
+#include "base/translated.h"
 #include "palettes/byte_reader.h"
 #include "palettes/component_codes.h"
 #include "palettes/palette_text.h"
@@ -98,7 +99,7 @@ std::uint32_t writeBlocks(ByteWriter& out, const Palette& palette) {
 ReadPalette readAsePalette(Bytes file) {
     ByteReader in(file);
     if (!std::ranges::equal(in.take(kSignature.size()), kSignature))
-        throw PaletteError("this is no swatch exchange file");
+        throw PaletteError(translated("this is no swatch exchange file"));
     in.longWord(); // version
     in.longWord(); // blocks: not trusted
     ReadPalette read;

@@ -1,5 +1,6 @@
 #include "palettes/formats/gpl_palette.h"
 
+#include "base/translated.h"
 #include "palettes/component_codes.h"
 #include "palettes/palette_text.h"
 #include "spaces/ascii_text.h"
@@ -17,7 +18,7 @@ ReadPalette readGplPalette(Bytes file) {
     TextLines lines(file);
     std::string_view line;
     if (!lines.next(line) || !trimmed(line).starts_with(kFirstLine))
-        throw PaletteError("this is no GIMP palette");
+        throw PaletteError(translated("this is no GIMP palette"));
     ReadPalette read;
     while (lines.next(line)) {
         if (auto colour = takeByteTriple(line)) {

@@ -1,5 +1,6 @@
 #include "palettes/formats/jasc_palette.h"
 
+#include "base/translated.h"
 #include "palettes/component_codes.h"
 #include "palettes/palette_text.h"
 #include "spaces/ascii_text.h"
@@ -16,7 +17,8 @@ constexpr std::string_view kFirstLine = "JASC-PAL", kVersion = "0100";
 ReadPalette readJascPalette(Bytes file) {
     TextLines lines(file);
     std::string_view line;
-    if (!lines.next(line) || trimmed(line) != kFirstLine) throw PaletteError("this is no JASC palette");
+    if (!lines.next(line) || trimmed(line) != kFirstLine)
+        throw PaletteError(translated("this is no JASC palette"));
     lines.next(line); // the version: only one is known
     const auto announced = lines.next(line) ? takeWhole(line) : std::nullopt;
     ReadPalette read;

@@ -1,5 +1,6 @@
 #include "palettes/formats/riff_palette.h"
 
+#include "base/translated.h"
 #include "palettes/byte_reader.h"
 #include "palettes/component_codes.h"
 
@@ -30,7 +31,7 @@ Bytes dataChunk(ByteReader& in) {
         if (isData) return in.take(size);
         in.take(size + size % 2);
     }
-    throw PaletteError("this RIFF palette has no colors");
+    throw PaletteError(translated("this RIFF palette has no colors"));
 }
 
 } // namespace
@@ -39,7 +40,8 @@ ReadPalette readRiffPalette(Bytes file) {
     ByteReader in(file);
     const bool isRiff = std::ranges::equal(in.take(4), kRiff);
     in.longWord(); // the size: not trusted
-    if (!isRiff || !std::ranges::equal(in.take(4), kPal)) throw PaletteError("this is no RIFF palette");
+    if (!isRiff || !std::ranges::equal(in.take(4), kPal))
+        throw PaletteError(translated("this is no RIFF palette"));
     ByteReader data(dataChunk(in));
     data.littleWord(); // version
     const std::size_t count = data.littleWord();

@@ -1,5 +1,6 @@
 #include "palettes/formats/soc_palette.h"
 
+#include "base/translated.h"
 #include "palettes/palette_text.h"
 #include "record/name_text.h"
 
@@ -74,12 +75,12 @@ ReadPalette readSocPalette(Bytes file) {
     const auto status = XML_Parse(parser.get(), reinterpret_cast<const char*>(file.data()),
                                   static_cast<int>(file.size()), XML_TRUE);
     if (reading.thrown) std::rethrow_exception(reading.thrown);
-    if (reading.hasEntities) throw PaletteError("this XML file declares entities of its own");
+    if (reading.hasEntities) throw PaletteError(translated("this XML file declares entities of its own"));
     if (status != XML_STATUS_OK) {
         const auto line = XML_GetCurrentLineNumber(parser.get());
-        throw PaletteError("the XML is broken in line " + std::to_string(line));
+        throw PaletteError(translated("the XML is broken in line %1", line));
     }
-    if (!reading.isTable) throw PaletteError("this XML file is no table of colors");
+    if (!reading.isTable) throw PaletteError(translated("this XML file is no table of colors"));
     return std::move(reading.read);
 }
 

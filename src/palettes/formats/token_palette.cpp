@@ -1,5 +1,6 @@
 #include "palettes/formats/token_palette.h"
 
+#include "base/translated.h"
 #include "palettes/formats/token_groups.h"
 #include "palettes/formats/token_value.h"
 #include "palettes/palette_text.h"
@@ -239,7 +240,8 @@ class TokenWriter {
 ReadPalette readTokenPalette(Bytes file) {
     TokenReader reader;
     if (!nlohmann::json::sax_parse(file.begin(), file.end(), &reader))
-        throw PaletteError(reader.tooDeep() ? "this JSON file is nested too deeply" : "this is no JSON file");
+        throw PaletteError(reader.tooDeep() ? translated("this JSON file is nested too deeply")
+                                            : translated("this is no JSON file"));
     return reader.take();
 }
 

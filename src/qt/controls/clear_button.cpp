@@ -1,5 +1,7 @@
 #include "qt/controls/clear_button.h"
 
+#include "base/translated.h"
+#include "qt/convert.h"
 #include "qt/mishap.h"
 
 #include <QAction>
@@ -46,7 +48,7 @@ class Cross : public QIconEngine {
 
 void addClearButton(QLineEdit& field) {
     QAction* clear = field.addAction(QIcon(new Cross), QLineEdit::TrailingPosition);
-    clear->setText(QObject::tr("Clear"));
+    clear->setText(toQt(translated("Clear")));
     clear->setVisible(!field.text().isEmpty());
     QObject::connect(&field, &QLineEdit::textChanged, clear,
                      [clear](const QString& text) { guarded([&] { clear->setVisible(!text.isEmpty()); }); });

@@ -4,6 +4,7 @@
 #include "qt/mishap.h"
 
 #include <QPainter>
+#include <QStyle>
 
 #include <algorithm>
 #include <cmath>
@@ -40,7 +41,8 @@ void LevelIndicatorWidget::paintEvent(QPaintEvent*) try {
     const double pitch = (width() + gap) / double(segments);
     for (int i = 0; i < segments; ++i) {
         const int left = int(std::lround(i * pitch));
-        const QRect box(left, 0, int(std::lround((i + 1) * pitch)) - gap - left, height());
+        const QRect across(left, 0, int(std::lround((i + 1) * pitch)) - gap - left, height());
+        const QRect box = QStyle::visualRect(layoutDirection(), rect(), across);
         painter.fillRect(box, i < filledSegments() ? filled : ground);
         painter.setPen(hairline(palette()));
         painter.drawRect(box.adjusted(0, 0, -1, -1));

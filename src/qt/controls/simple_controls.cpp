@@ -4,6 +4,7 @@
 #include "qt/controls/tinted_button.h"
 #include "qt/convert.h"
 #include "qt/item_menu.h"
+#include "qt/language/translate_form.h"
 
 #include <QMenu>
 #include <QRadioButton>
@@ -57,7 +58,9 @@ std::string RadioMatrixControl::selectedTitle() const {
     if (!widget_) return {};
     const auto buttons = widget_->findChildren<QRadioButton*>();
     const int row = selectedRow();
-    return row < 0 ? std::string() : fromQt(buttons[row]->text());
+    if (row < 0) return {};
+    const QVariant english = buttons[row]->property(kEnglish);
+    return fromQt(english.isValid() ? english.toString() : buttons[row]->text());
 }
 
 void RowListControl::setRows(const std::vector<std::string>& rows) {

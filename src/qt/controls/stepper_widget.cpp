@@ -1,5 +1,7 @@
 #include "qt/controls/stepper_widget.h"
 
+#include "base/translated.h"
+#include "qt/convert.h"
 #include "qt/mishap.h"
 
 #include <QHBoxLayout>
@@ -14,8 +16,8 @@ StepperWidget::StepperWidget(QWidget* parent) : QWidget(parent) {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(0);
-    QToolButton* back = addArrow(Qt::UpArrow, tr("Previous"));
-    QToolButton* forward = addArrow(Qt::DownArrow, tr("Next"));
+    QToolButton* back = addArrow(Qt::UpArrow, toQt(translated("Previous")));
+    QToolButton* forward = addArrow(Qt::DownArrow, toQt(translated("Next")));
     connect(back, &QToolButton::clicked, this, &StepperWidget::stepBackwards);
     connect(forward, &QToolButton::clicked, this, &StepperWidget::stepForwards);
     setFocusPolicy(Qt::StrongFocus);

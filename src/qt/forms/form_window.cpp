@@ -5,6 +5,7 @@
 #include "qt/convert.h"
 #include "qt/forms/own_widgets.h"
 #include "qt/keyboard_focus.h"
+#include "qt/language/translate_form.h"
 
 #include <QLineEdit>
 
@@ -23,6 +24,7 @@ void reportDoubles(const QWidget& root, std::vector<std::string>& problems) {
 } // namespace
 
 void completeForm(DialogWindow& window) {
+    translateForm(window);
     for (QLineEdit* field : window.findChildren<QLineEdit*>()) {
         if (field->property("clearButton").toBool()) addClearButton(*field);
         if (field->property(kMost).isValid()) stepByKeys(*field);

@@ -1,5 +1,6 @@
 #include "qt/panels/file_panels.h"
 
+#include "base/translated.h"
 #include "qt/convert.h"
 #include "qt/mishap.h"
 
@@ -105,10 +106,10 @@ namespace {
 
 /// Whether the person lets the file be replaced.
 bool mayReplace(QWidget* over, const QString& path, const QString& title) {
-    QMessageBox box(
-        QMessageBox::Warning, title,
-        QObject::tr("%1 already exists.\nDo you want to replace it?").arg(QFileInfo(path).fileName()),
-        QMessageBox::Yes | QMessageBox::No, over);
+    QMessageBox box(QMessageBox::Warning, title,
+                    toQt(translated("%1 already exists.\nDo you want to replace it?",
+                                    fromQt(QFileInfo(path).fileName()))),
+                    QMessageBox::Yes | QMessageBox::No, over);
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(QMessageBox::No);
     return box.exec() == QMessageBox::Yes;
@@ -197,7 +198,7 @@ void FilePanels::show(TypedPanel* panel, const std::string& kind, PanelAnswer an
 
 void FilePanels::begin(const OpenPanel& panel, QWidget* parent, PanelAnswer answer) {
     records_.push_back({"open", panel.types, parent ? fromQt(parent->objectName()) : "", ""});
-    const QString title = panel.title.empty() ? QObject::tr("Open") : toQt(panel.title);
+    const QString title = panel.title.empty() ? toQt(translated("Open")) : toQt(panel.title);
     auto* dialog = new TypedPanel(parent, title, native_);
     dialog->setAcceptMode(QFileDialog::AcceptOpen);
     dialog->setFileMode(QFileDialog::ExistingFile);
@@ -211,7 +212,7 @@ void FilePanels::begin(const OpenPanel& panel, QWidget* parent, PanelAnswer answ
 
 void FilePanels::begin(const SavePanel& panel, QWidget* parent, PanelAnswer answer) {
     records_.push_back({"save", {}, parent ? fromQt(parent->objectName()) : "", panel.suggestedName});
-    const QString title = panel.title.empty() ? QObject::tr("Save") : toQt(panel.title);
+    const QString title = panel.title.empty() ? toQt(translated("Save")) : toQt(panel.title);
     auto* dialog = new SaveDialog(parent, title, toQt(panel.extension), native_);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setFileMode(QFileDialog::AnyFile);

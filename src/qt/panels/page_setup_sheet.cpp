@@ -1,5 +1,7 @@
 #include "qt/panels/page_setup_sheet.h"
 
+#include "base/translated.h"
+#include "qt/convert.h"
 #include "qt/mishap.h"
 
 #include <QComboBox>
@@ -24,25 +26,25 @@ class PageSetupSheet : public QDialog {
     PageSetupSheet(PrintInfo& info, LengthUnit unit, QWidget* window)
         : QDialog(window), info_(info), unit_(shownUnit(unit)) {
         setObjectName("qt_pageSetup");
-        setWindowTitle(tr("Page Setup"));
+        setWindowTitle(toQt(translated("Page Setup")));
         setWindowModality(Qt::WindowModal);
         setAttribute(Qt::WA_DeleteOnClose);
         auto* form = new QFormLayout(this);
         fillPapers();
-        form->addRow(tr("Paper:"), paper_);
-        orientation_->addItems({tr("Portrait"), tr("Landscape")});
+        form->addRow(toQt(translated("Paper:")), paper_);
+        orientation_->addItems({toQt(translated("Portrait")), toQt(translated("Landscape"))});
         orientation_->setCurrentIndex(info.paper.w > info.paper.h);
-        form->addRow(tr("Orientation:"), orientation_);
-        form->addRow(tr("Left margin:"), addLength("left", info.left));
-        form->addRow(tr("Right margin:"), addLength("right", info.right));
-        form->addRow(tr("Top margin:"), addLength("top", info.top));
-        form->addRow(tr("Bottom margin:"), addLength("bottom", info.bottom));
+        form->addRow(toQt(translated("Orientation:")), orientation_);
+        form->addRow(toQt(translated("Left margin:")), addLength("left", info.left));
+        form->addRow(toQt(translated("Right margin:")), addLength("right", info.right));
+        form->addRow(toQt(translated("Top margin:")), addLength("top", info.top));
+        form->addRow(toQt(translated("Bottom margin:")), addLength("bottom", info.bottom));
         scale_ = new QDoubleSpinBox(this); // Tab follows the order in which they are made
         scale_->setRange(10, 1000);
         scale_->setDecimals(0);
         scale_->setSuffix(" %");
         scale_->setValue(info.scale * 100.0);
-        form->addRow(tr("Scale:"), scale_);
+        form->addRow(toQt(translated("Scale:")), scale_);
         auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
         connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
         connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

@@ -1,5 +1,6 @@
 #include "qt/panels/print_jobs.h"
 
+#include "base/translated.h"
 #include "files/file_io.h"
 #include "files/size_limit_signal.h"
 #include "qt/convert.h"
@@ -68,8 +69,8 @@ PrintOutcome makePdf(const Operation& job, QByteArray& document, QWidget* window
     writer.setCreator(creator);
     writer.setResolution(pdfResolution);
     writer.setPageLayout(paperOf(job.info, QPageSize::ExactMatch));
-    QProgressDialog progress(QObject::tr("Printing…"), QObject::tr("Cancel"), job.first, job.last + 1,
-                             window);
+    QProgressDialog progress(toQt(translated("Printing…")), toQt(translated("Cancel")), job.first,
+                             job.last + 1, window);
     progress.setWindowModality(Qt::WindowModal);
     progress.setMinimumDuration(500);
     return paintSheets(job, writer, [&](int sheet) {

@@ -1,5 +1,6 @@
 #include "qt/pictures/picture_mime.h"
 
+#include "base/translated.h"
 #include "pictures/picture_kind.h"
 #include "qt/convert.h"
 #include "qt/pictures/picture_reader.h"
@@ -11,7 +12,7 @@
 namespace chromalog {
 namespace {
 
-constexpr const char* kName = "the pasted picture";
+constexpr const char* kName = translatable("the pasted picture");
 
 QString fileIn(const QMimeData& mime) {
     for (const QUrl& url : mime.urls())
@@ -29,11 +30,12 @@ QString encodingIn(const QMimeData& mime) {
 PictureSource fetch(const QMimeData& mime) {
     if (const QString path = fileIn(mime); !path.isEmpty()) return pictureAt(fromQt(path));
     if (const QString type = encodingIn(mime); !type.isEmpty())
-        return {kName, [bytes = mime.data(type)](const WorkProgress& progress) {
-                    return readPictureBytes(kName, bytes, progress);
+        return {translated(kName), [bytes = mime.data(type)](const WorkProgress& progress) {
+                    return readPictureBytes(translated(kName), bytes, progress);
                 }};
-    return {kName, [image = qvariant_cast<QImage>(mime.imageData())](const WorkProgress& progress) {
-                return readPictureImage(kName, image, progress);
+    return {translated(kName),
+            [image = qvariant_cast<QImage>(mime.imageData())](const WorkProgress& progress) {
+                return readPictureImage(translated(kName), image, progress);
             }};
 }
 

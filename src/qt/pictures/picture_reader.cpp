@@ -1,6 +1,7 @@
 #include "qt/pictures/picture_reader.h"
 
 #include "base/file_name.h"
+#include "base/translated.h"
 #include "files/descriptor.h"
 #include "files/file_io.h"
 #include "pictures/exif_orientation.h"
@@ -46,12 +47,12 @@ class RaisedLimit {
     const int before_;
 };
 
-std::string listOfKinds() {
-    std::string text;
+std::string noKnownPicture() {
+    std::string most;
     const auto kinds = pictureKinds();
-    for (std::size_t i = 0; i < kinds.size(); ++i)
-        text += std::string(i == 0 ? "" : i + 1 < kinds.size() ? ", " : " or ") + std::string(kinds[i].name);
-    return text;
+    for (const PictureKind& kind : kinds.first(kinds.size() - 1))
+        most.append(most.empty() ? "" : ", ").append(kind.name);
+    return translated("no %1 or %2 picture", most, kinds.back().name);
 }
 
 const PictureKind& kindOf(QIODevice& device, const QStringList& readers) {
@@ -59,17 +60,16 @@ const PictureKind& kindOf(QIODevice& device, const QStringList& readers) {
     const qint64 got = device.read(reinterpret_cast<char*>(start.data()), qint64(start.size()));
     device.seek(0);
     const PictureKind* kind = pictureKindOf(std::span(start).first(std::size_t(std::max<qint64>(got, 0))));
-    if (!kind) throw Fault{"no " + listOfKinds() + " picture"};
+    if (!kind) throw Fault{noKnownPicture()};
     if (!readers.contains(toQt(kind->format)))
-        throw Fault{std::string(kind->name) + " pictures need the package " + std::string(kind->package)};
+        throw Fault{translated("%1 pictures need the package %2", kind->name, kind->package)};
     return *kind;
 }
 
 void checkSize(const QSize& size) {
-    if (size.width() <= 0 || size.height() <= 0) throw Fault{"damaged: its header tells no size"};
+    if (size.width() <= 0 || size.height() <= 0) throw Fault{translated("damaged: its header tells no size")};
     if (qint64(size.width()) * size.height() > kMostPicturePixels)
-        throw Fault{std::to_string(size.width()) + " x " + std::to_string(size.height()) +
-                    " pixels, more than 100 megapixels"};
+        throw Fault{translated("%1 x %2 pixels, more than 100 megapixels", size.width(), size.height())};
 }
 
 BytesAt bytesOf(WatchedDevice& device) {
@@ -89,7 +89,7 @@ void check(const PictureKind& kind, const QSize& size, WatchedDevice& device) {
     if (kind.format != "jpeg") return;
     const qint64 scans = scansOfJpeg(bytesOf(device));
     if (scans * size.width() * size.height() > kMostScannedPixels)
-        throw Fault{"damaged: it has too many scans"};
+        throw Fault{translated("damaged: it has too many scans")};
 }
 
 /// Where the toolkit does not look for it.
@@ -127,8 +127,8 @@ QImage decode(WatchedDevice& device, const QStringList& readers) {
     const bool done = reader.read(&image) && !image.isNull();
     const bool needsAll = kind.format == "jpeg"; // else it paints what is missing grey, and says nothing
     if (device.ranOut() && (needsAll || (!done && kind.format == "png")))
-        throw Fault{"damaged: it ends too early"};
-    if (!done) throw Fault{"it cannot be decoded: " + fromQt(reader.errorString())};
+        throw Fault{translated("damaged: it ends too early")};
+    if (!done) throw Fault{translated("it cannot be decoded: %1", fromQt(reader.errorString()))};
     return orientation == 1 ? image : upright(image, orientation);
 }
 
@@ -138,7 +138,7 @@ ReadPicture readFrom(WatchedDevice& device, const WorkProgress& progress, const 
         image = decode(device, readers);
     } catch (const Fault&) {
         if (device.stopped()) return {};
-        if (device.failed()) throw Fault{"it cannot be read"};
+        if (device.failed()) throw Fault{translated("it cannot be read")};
         throw;
     }
     return device.stopped() ? ReadPicture() : toSrgb(std::move(image), progress, kDecodingPart);
@@ -152,7 +152,7 @@ template <typename Work> ReadPicture guardedRead(const std::string& name, const 
     } catch (const Fault& fault) {
         read = {{}, fault.text, {}};
     } catch (...) {
-        read = {{}, "there is not enough memory", {}};
+        read = {{}, translated("there is not enough memory"), {}};
     }
     for (std::string* text : {&read.fault, &read.remark})
         if (!text->empty()) *text = name + ": " + *text;
@@ -175,7 +175,7 @@ ReadPicture readPictureFile(const std::string& path, const WorkProgress& progres
         const Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
         struct stat status {};
         if (!file.isOpen() || ::fstat(file.get(), &status) != 0) throw Fault{reasonOf(errno)};
-        if (!S_ISREG(status.st_mode)) throw Fault{"no regular file"};
+        if (!S_ISREG(status.st_mode)) throw Fault{translated("no regular file")};
         const auto readAt = [&file](char* into, qint64 count, qint64 offset) -> qint64 {
             return ::pread(file.get(), into, std::size_t(count), offset);
         };

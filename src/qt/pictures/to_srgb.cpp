@@ -1,5 +1,7 @@
 #include "qt/pictures/to_srgb.h"
 
+#include "base/translated.h"
+
 #include <QColorSpace>
 #include <QColorTransform>
 
@@ -59,7 +61,7 @@ ReadPicture toSrgb(QImage image, const WorkProgress& progress, double from) {
     ReadPicture read;
     const QColorSpace profile = image.colorSpace(), srgb = QColorSpace::SRgb;
     if (!profile.isValid() && !profile.iccProfile().isEmpty())
-        read.remark = "its color profile cannot be used; the colors count as sRGB";
+        read.remark = translated("its color profile cannot be used; the colors count as sRGB");
     const bool transforms = profile.isValid() && profile != srgb;
     const QColorTransform transform =
         transforms ? profile.transformationToColorSpace(srgb) : QColorTransform();
@@ -69,7 +71,7 @@ ReadPicture toSrgb(QImage image, const WorkProgress& progress, double from) {
     if (transforms && !deep && !image.isNull() && !RowTransform(image, transform).run(progress, from))
         return {};
     if (image.isNull())
-        read.fault = "there is not enough memory";
+        read.fault = translated("there is not enough memory");
     else
         read.picture = pictureOf(std::move(image));
     return read;

@@ -1,5 +1,7 @@
 #include "qt/screen/frozen_screen.h"
 
+#include "base/translated.h"
+#include "qt/convert.h"
 #include "qt/mishap.h"
 #include "qt/screen/magnifier.h"
 
@@ -35,7 +37,9 @@ void FrozenScreen::aimAt(QPoint pixel, const std::vector<QColor>& taken) {
     if (pixels().contains(pixel)) aim_ = pixel - corner_;
     taken_ = taken;
     updateMagnifier();
-    if (aim_) setAccessibleName("Pick from Screen: " + picture_.pixelColor(*aim_).name());
+    if (aim_)
+        setAccessibleName(
+            toQt(translated("Pick from Screen: %1", fromQt(picture_.pixelColor(*aim_).name()))));
 }
 
 void FrozenScreen::updateMagnifier() {

@@ -1,4 +1,5 @@
 // By the desktop's own picker where a portal offers one, else from an X server with a magnifier.
+#include "base/translated.h"
 #include "qt/screen/begin_screen_pick.h"
 #include "qt/screen/portal_colour.h"
 #include "qt/screen/x11_pick.h"
@@ -36,8 +37,8 @@ class LinuxScreenPick : public ScreenPick {
         ScreenColours colours;
         if (colour) colours.colours.push_back(*colour);
         if (how == End::failed)
-            colours.problem =
-                "On Wayland only the desktop picks colors from the screen, and it does not answer";
+            colours.problem = translated(
+                "On Wayland only the desktop picks colors from the screen, and it does not answer");
         const ScreenAnswer answer = answer_; // which may destroy this
         answer(std::move(colours));
     }
@@ -58,7 +59,7 @@ std::unique_ptr<ScreenPick> beginScreenPick(QWidget* dialog, ScreenAnswer answer
     const QString platform = QGuiApplication::platformName();
     if (platform == "xcb" || platform.startsWith("wayland"))
         return std::make_unique<LinuxScreenPick>(dialog, std::move(answer));
-    answer({{}, "There is no screen to pick from: the platform is " + platform.toStdString()});
+    answer({{}, translated("There is no screen to pick from: the platform is %1", platform.toStdString())});
     return nullptr;
 }
 

@@ -1,5 +1,6 @@
 #include "qt/screen/x11_pick.h"
 
+#include "base/translated.h"
 #include "qt/convert.h"
 #include "qt/mishap.h"
 
@@ -27,11 +28,11 @@ X11Pick::X11Pick(QWidget* dialog, ScreenAnswer answer) : answer_(std::move(answe
     connect(&grabs_, &QTimer::timeout, this, [this] {
         guarded([this] {
             if (grab()) return grabs_.stop();
-            if (--triesLeft_ == 0) end({{}, "Another program holds the mouse or the keyboard"});
+            if (--triesLeft_ == 0) end({{}, translated("Another program holds the mouse or the keyboard")});
         });
     });
     const auto changed = [this] {
-        guarded([this] { end({{}, "The screens have changed; pick once more"}); });
+        guarded([this] { end({{}, translated("The screens have changed; pick once more")}); });
     };
     connect(qGuiApp, &QGuiApplication::screenAdded, this, changed);
     connect(qGuiApp, &QGuiApplication::screenRemoved, this, changed);
@@ -46,7 +47,7 @@ void X11Pick::freeze(QWidget* dialog) try {
     for (QScreen* screen : QGuiApplication::screens())
         screens_.push_back(std::make_unique<FrozenScreen>(*screen));
     for (const auto& screen : screens_) {
-        if (screen->picture().isNull()) return end({{}, "The screen cannot be read"});
+        if (screen->picture().isNull()) return end({{}, translated("The screen cannot be read")});
         screen->winId(); // makes the window handle
         if (dialog) screen->windowHandle()->setTransientParent(dialog->windowHandle()); // it is modal
         screen->installEventFilter(this);
@@ -57,7 +58,7 @@ void X11Pick::freeze(QWidget* dialog) try {
     place ? aimAt(*place) : pointedAt(QCursor::pos());
     if (!grab()) grabs_.start(kTryEvery);
 } catch (const std::bad_alloc&) {
-    end({{}, "There is no memory for a picture of the screens"});
+    end({{}, translated("There is no memory for a picture of the screens")});
 }
 
 /// Both, or neither.
