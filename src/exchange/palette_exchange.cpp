@@ -36,7 +36,7 @@ std::string withoutExtension(std::string_view name) {
 
 void PaletteExchange::chooseFile(SwatchPanel& panel) {
     OpenPanel open{readableTypes()};
-    open.title = translated(&panel == &parts_.two ? "Import into list 2" : "Import into list 1");
+    open.title = translated("Import into list %1", &panel == &parts_.two ? 2 : 1);
     parts_.desktop.beginOpenPanel(open, *parts_.dialog, [this, &panel](std::optional<std::string> path) {
         if (path) importFiles(panel, {*path});
     });
@@ -65,10 +65,9 @@ bool PaletteExchange::importDropped(SwatchPanel& panel, const std::vector<std::s
 
 void PaletteExchange::offer(SwatchPanel& panel, const ImportSource& source) {
     const CmykToRgb ink = hostInk(parts_.services);
-    const auto way =
-        ImportPanel(parts_.desktop, source, translated(&panel == &parts_.one ? "list 1" : "list 2"),
-                    rowsOf(panel), ink, nameOfInk(parts_.services))
-            .run();
+    const auto way = ImportPanel(parts_.desktop, source, translated("list %1", &panel == &parts_.one ? 1 : 2),
+                                 rowsOf(panel), ink, nameOfInk(parts_.services))
+                         .run();
     if (way) take(panel, source, *way);
 }
 
@@ -150,7 +149,7 @@ void PaletteExchange::exportList(SwatchPanel& panel) {
         if (path && !path->empty()) write(list, format, *path);
     };
     const std::string suggested = name.empty() ? name : name + "." + extension;
-    const std::string title = translated(&panel == &parts_.two ? "Export list 2" : "Export list 1");
+    const std::string title = translated("Export list %1", &panel == &parts_.two ? 2 : 1);
     parts_.desktop.beginSavePanel({suggested, extension, title}, *parts_.dialog, answer);
 }
 

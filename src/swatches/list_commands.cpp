@@ -91,11 +91,8 @@ void ListCommands::chooseSwatchFile(SwatchPanel& panel, Way way) {
         if (path) swatchFileChosen(panel, way, *path);
     };
     OpenPanel open{{"aco", "ACO"}};
-    const bool second = &panel == &parts_.two;
-    if (way.verb == "Append")
-        open.title = translated(second ? "Append to list 2" : "Append to list 1");
-    else
-        open.title = translated(second ? "Load into list 2" : "Load into list 1");
+    const int list = &panel == &parts_.two ? 2 : 1;
+    open.title = way.appends ? translated("Append to list %1", list) : translated("Load into list %1", list);
     parts_.desktop.beginOpenPanel(open, *parts_.dialog, answer);
     panel.view.setNeedsDisplay(); // before the person has chosen
 }
@@ -161,7 +158,7 @@ void ListCommands::saveSwatch(SwatchPanel& panel) {
     const std::string shown = panel.nameField->text();
     const std::string name(fileNameOf(shown)); // stored names may hold anything
     const SavePanel save{name.empty() ? name : acoPath(name), "aco",
-                         &panel == &parts_.two ? "Save list 2" : "Save list 1"};
+                         translated("Save list %1", &panel == &parts_.two ? 2 : 1)};
     parts_.desktop.beginSavePanel(save, *parts_.dialog, answer);
 }
 
@@ -170,7 +167,7 @@ void ListCommands::loadASE() {
         if (path) bookChosen(*path);
     };
     OpenPanel open{{"acb", "ACB"}};
-    open.title = translated("Load color book into list 1");
+    open.title = translated("Load color book into list %1", 1);
     parts_.desktop.beginOpenPanel(open, *parts_.dialog, answer);
     parts_.one.view.setNeedsDisplay();
 }

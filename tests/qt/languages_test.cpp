@@ -10,6 +10,7 @@
 #include <QAccessible>
 #include <QAction>
 #include <QComboBox>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -84,12 +85,20 @@ void look(const QString& text, const QObject& object, std::vector<std::string>& 
         found.push_back(fromQt(object.objectName() + " (" + object.metaObject()->className() + "): " + text));
 }
 
+/// What a file panel holds, beside its title, are the toolkit's texts and files' names.
+bool isInFilePanel(const QObject& object) {
+    for (const QObject* above = object.parent(); above; above = above->parent())
+        if (qobject_cast<const QFileDialog*>(above)) return true;
+    return false;
+}
+
 /// Everything below a window, hidden or not, that a person could come to read or hear in English.
 std::vector<std::string> englishIn(QWidget& window) {
     std::vector<std::string> found;
     QList<QObject*> all = window.findChildren<QObject*>();
     all.append(&window);
     for (QObject* object : all) {
+        if (isInFilePanel(*object)) continue;
         for (const char* name :
              {"windowTitle", "toolTip", "accessibleName", "accessibleDescription", "text", "title", "texts",
               "terms", "hint", "left", "right", "between", "placeholderText", "fault"})

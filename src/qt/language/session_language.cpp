@@ -33,10 +33,10 @@ class ToolkitTexts : public QTranslator {
 
 SessionLanguage::SessionLanguage(const std::string& code, bool ownApplication)
     : before_(spokenLanguage()), table_(readLanguage(code)) {
-    if (!table_) return speak(nullptr);
+    speak(table_ ? &table_->language : nullptr);
+    if (!table_) return;
     if (ownApplication) translateToolkit();
     if (table_->fromRightToLeft) qApp->installEventFilter(this);
-    speak(&table_->language);
 }
 
 SessionLanguage::~SessionLanguage() {

@@ -107,8 +107,8 @@ namespace {
 /// Whether the person lets the file be replaced.
 bool mayReplace(QWidget* over, const QString& path, const QString& title) {
     QMessageBox box(QMessageBox::Warning, title,
-                    toQt(translated("%1 already exists.\nDo you want to replace it?",
-                                    fromQt(QFileInfo(path).fileName()))),
+                    toQt(translated("%1 already exists.", fromQt(QFileInfo(path).fileName())) + "\n" +
+                         translated("Do you want to replace it?")),
                     QMessageBox::Yes | QMessageBox::No, over);
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(QMessageBox::No);
