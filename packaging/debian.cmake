@@ -15,7 +15,7 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # The platform's plug-in is loaded, not linked; pictures of more kinds, ink profiles and the portal are extras.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-qpa-plugins")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "ghostscript, qt6-image-formats-plugins")
-set(CPACK_DEBIAN_PACKAGE_SUGGESTS "xdg-desktop-portal")
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "xdg-desktop-portal, inkscape")
 
 install_compressed(debian/changelog.in changelog ${CMAKE_INSTALL_DATADIR}/doc/chromalog)
 install(FILES debian/copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/chromalog)
