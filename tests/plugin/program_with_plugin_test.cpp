@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <gmock/gmock.h>
+#include <iterator>
 #include <unistd.h>
 
 namespace chromalog {
@@ -50,6 +51,25 @@ TEST_F(ProgramWithPlugIn, TwoPicksPrintTwoColours) {
     const ProgramResult result = run({"--color", "red", "--accept", "--picks", "2", "--format", "rgb16"});
     EXPECT_EQ(result.out, "58981 19660 6553\n58981 19660 6553\n");
     EXPECT_EQ(result.exitCode, 0) << result.err;
+}
+
+/// The titles in the state of a dialog that is opened and closed.
+std::string titlesWith(ProgramWithPlugIn& program, std::vector<std::string> words) {
+    const fs::path script = program.folder / "script", state = program.folder / "state.json";
+    std::ofstream(script) << "state '" << state.string() << "'\n";
+    words.insert(words.end(), {"--drive", script.string()});
+    EXPECT_EQ(program.run(words).err, "");
+    std::ifstream in(state);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+TEST_F(ProgramWithPlugIn, AScriptIsInTheLanguageThatIsAskedForAndElseInEnglish) {
+    ::setenv("CHROMALOG_LANGUAGE", "fr", 1); // for persons
+    EXPECT_THAT(titlesWith(*this, {}), HasSubstr("Use 1st color"));
+    ::unsetenv("CHROMALOG_LANGUAGE");
+    EXPECT_THAT(titlesWith(*this, {"--language", "de"}), HasSubstr("1. Farbe verwenden"));
+    EXPECT_THAT(titlesWith(*this, {"--language", "fr"}), HasSubstr("Utiliser la 1re couleur"));
+    EXPECT_THAT(titlesWith(*this, {"--language", "ar-XB"}), HasSubstr("[Use 1st color~~~~]"));
 }
 
 TEST_F(ProgramWithPlugIn, RefusedMemoryIsExit3) {

@@ -15,7 +15,6 @@ QString contentsOf(const QString& path) {
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
-using Literal = QString;
 const QString kLiteral = R"re((?:"(?:[^"\\]|\\.)*"\s*)+)re"; // one or more, which the compiler joins
 
 std::string joined(const QString& literals) {
@@ -104,17 +103,46 @@ std::map<std::string, std::string> shownTexts() {
     return found;
 }
 
+namespace {
+
+/// The arguments of a call whose parenthesis opens at `open`.
+QString argumentsAt(const QString& text, qsizetype open) {
+    int depth = 0;
+    bool quoted = false;
+    for (qsizetype at = open; at < text.size(); ++at) {
+        const QChar c = text[at];
+        if (quoted && c == '\\') {
+            ++at;
+        } else if (c == '"') {
+            quoted = !quoted;
+        } else if (!quoted && c == '(') {
+            ++depth;
+        } else if (!quoted && c == ')' && --depth == 0) {
+            return text.mid(open, at - open + 1);
+        }
+    }
+    return text.mid(open);
+}
+
+} // namespace
+
 QStringList unmarkedLiterals() {
-    static const QRegularExpression given(
-        R"re(\b(?:setText|setTitle|setHelp|setFault|remark|sayNotWritten|setToolTip|setAccessibleName|)re"
-        R"re(setWindowTitle|addAction|describeStep|PaletteError|item|setPlaceholderText|QObject::tr|\btr)re"
-        R"re(|(?:\.|>)(?:name|value|description) =)re"
-        R"re()\(?\s*"[^"]*[A-Za-z]{2}[^"]*")re");
+    static const QRegularExpression call(
+        R"re(\b(?:setText|setTitle|setHelp|setFault|say|remark|setToolTip|setAccessibleName|setWindowTitle|)re"
+        R"re(addAction|describeSteps?|PaletteError|setPlaceholderText|runAlert|QObject::tr|tr|Fault)\()re");
+    static const QRegularExpression marked(R"re(\btransla(?:ted|table|tedCount)\((?:[^"]*?,\s*)?)re" +
+                                           kLiteral + R"re((?:,\s*)re" + kLiteral + ")?");
+    static const QRegularExpression literal(R"re("(?:[^"\\]|\\.)*")re"), word("[A-Za-z]{2}");
     QStringList found;
     forEachSource([&](const QString& name, const QString& text) {
-        if (name.startsWith("standalone/") || name.startsWith("drive/") || name.startsWith("gimp/")) return;
-        for (auto at = given.globalMatch(text); at.hasNext();)
-            found.append(name + ": " + at.next().captured());
+        for (const char* other : {"standalone/", "drive/", "gimp/"})
+            if (name.startsWith(other)) return; // in English, on a terminal
+        for (auto at = call.globalMatch(text); at.hasNext();) {
+            const QString left = argumentsAt(text, at.next().capturedEnd() - 1).remove(marked);
+            for (auto each = literal.globalMatch(left); each.hasNext();)
+                if (const QString words = each.next().captured(); words.contains(word))
+                    found.append(name + ": " + words);
+        }
     });
     return found;
 }
