@@ -11,7 +11,7 @@ constexpr std::uint64_t kLargestBlock = std::uint64_t{1} << 31;
 }
 
 void* BlockHeap::allocate(std::uint64_t size) {
-    if (size > kLargestBlock) return nullptr;
+    if (refuses_ || size > kLargestBlock) return nullptr;
     try {
         auto memory = std::make_unique<GuardedBlock>(static_cast<std::size_t>(size));
         void* const address = memory->data();

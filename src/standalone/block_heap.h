@@ -18,6 +18,8 @@ class BlockHeap {
     BlockHeap(CallLedger& ledger, const char* allocator, Use use = Use::atOnce)
         : ledger_(ledger), allocator_(allocator), use_(use) {}
 
+    /// There is no memory from now on.
+    void refuse(bool refuses) { refuses_ = refuses; }
     /// Null where there is no memory.
     void* allocate(std::uint64_t size);
     /// False where the address is not a block of this heap; `callback` is then named.
@@ -43,6 +45,7 @@ class BlockHeap {
     CallLedger& ledger_;
     const char* allocator_;
     Use use_;
+    bool refuses_ = false;
     std::map<void*, Entry> blocks_;
 };
 

@@ -1,5 +1,7 @@
 #include "standalone/call_ledger.h"
 
+#include <utility>
+
 namespace chromalog::standalone {
 
 void CallLedger::count(const char* callback) {
@@ -7,9 +9,15 @@ void CallLedger::count(const char* callback) {
         const std::lock_guard lock(mutex_);
         ++calls_[callback];
     }
-    if (std::this_thread::get_id() != mainThread_)
-        misuse(callback, "called from another thread than the host's main thread");
+    const bool isMain = std::this_thread::get_id() == mainThread_;
+    if (!isMain) misuse(callback, "called from another thread than the host's main thread");
     if (!inCall_) misuse(callback, "called while no call of the plug-in runs");
+    if (isMain && act_ && awaited_ == callback) std::exchange(act_, nullptr)();
+}
+
+void CallLedger::atNext(std::string callback, std::function<void()> act) {
+    awaited_ = std::move(callback);
+    act_ = std::move(act);
 }
 
 void CallLedger::misuse(const std::string& callback, const std::string& what) {

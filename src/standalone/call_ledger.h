@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <map>
 #include <mutex>
 #include <string>
@@ -19,6 +20,8 @@ class CallLedger {
 
     /// Counts one use of a callback. A use between calls, or from another thread, is a mistake.
     void count(const char* callback);
+    /// Does this once, within the next use of the callback on the main thread.
+    void atNext(std::string callback, std::function<void()> act);
     void misuse(const std::string& callback, const std::string& what);
 
     std::int32_t calls(const std::string& callback) const;
@@ -29,6 +32,8 @@ class CallLedger {
     mutable std::mutex mutex_;
     std::thread::id mainThread_ = std::this_thread::get_id();
     bool inCall_ = false;
+    std::string awaited_;
+    std::function<void()> act_;
     std::map<std::string, std::int32_t> calls_;
     std::deque<std::string> misuses_;
 };

@@ -18,6 +18,17 @@ bool all(const unsigned char* from, std::size_t count, unsigned char byte) {
 }
 } // namespace
 
+std::string difference(const void* before, const void* after, std::size_t length) {
+    const auto* const one = static_cast<const unsigned char*>(before);
+    const auto* const other = static_cast<const unsigned char*>(after);
+    std::size_t first = length, count = 0;
+    for (std::size_t i = length; i-- > 0;)
+        if (one[i] != other[i]) first = i, ++count;
+    if (count == 0) return "none";
+    return std::to_string(count) + (count == 1 ? " byte" : " bytes") + " from offset " +
+           std::to_string(first);
+}
+
 GuardedBlock::GuardedBlock(std::size_t size, Fresh fresh) : size_(size) {
     if (size > std::numeric_limits<std::size_t>::max() - 2 * kGuard) throw std::bad_alloc();
     bytes_.reset(static_cast<unsigned char*>(std::calloc(size + 2 * kGuard, 1)));
@@ -44,6 +55,12 @@ void GuardedBlock::setGuards() {
 void GuardedBlock::poison() {
     std::memset(data(), kPoisonByte, size());
     setGuards();
+}
+
+std::string GuardedBlock::writtenSince() const {
+    if (!guardsIntact()) return "past its ends";
+    const std::string poison(size(), static_cast<char>(kPoisonByte));
+    return difference(poison.data(), bytes_.get() + kGuard, size());
 }
 
 bool GuardedBlock::stillPoisoned() const {

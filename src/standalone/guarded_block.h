@@ -3,12 +3,16 @@
 #include <cstddef>
 #include <cstdlib>
 #include <memory>
+#include <string>
 
 namespace chromalog::standalone {
 
 /// What new memory holds: rubbish shows a plug-in that reads before it writes; zeroes come from the system
 /// and take no memory until they are written.
 enum class Fresh { rubbish, zeroes };
+
+/// Where two blocks of a length differ, in words: "3 bytes from offset 40", or "none".
+std::string difference(const void* before, const void* after, std::size_t length);
 
 /// Memory for the plug-in with guard bytes on both sides. Where there is none left, std::bad_alloc.
 class GuardedBlock {
@@ -25,6 +29,8 @@ class GuardedBlock {
     void poison();
     /// False where somebody has written since poison().
     bool stillPoisoned() const;
+    /// What was written since poison(), as far as it differs: "3 bytes from offset 40".
+    std::string writtenSince() const;
 
   private:
     void setGuards();

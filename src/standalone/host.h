@@ -1,5 +1,6 @@
 #pragma once
 
+#include "abi/picker_record.h"
 #include "standalone/block_heap.h"
 #include "standalone/call_ledger.h"
 #include "standalone/colour_services.h"
@@ -8,6 +9,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -38,8 +40,9 @@ class Host {
     int version = 16;                 ///< major version that 'vers' reports
     bool offersColourServices = true; ///< false: the record's callback is null
     bool offersProperties = true;
-    std::map<std::string, std::string> options; ///< of the command line, for the host's own suite
-    std::optional<int> endWith;                 ///< set by the plug-in: start no further pick, exit with this
+    std::function<void(PickerRecord&)> alterRecord; ///< where given: the last word on a pick's record
+    std::map<std::string, std::string> options;     ///< of the command line, for the host's own suite
+    std::optional<int> endWith; ///< set by the plug-in: start no further pick, exit with this
     std::vector<std::array<std::uint16_t, 3>> taken; ///< from the screen, by the plug-in: 16-bit RGB
     std::vector<void (*)()> atEnd;                   ///< set by the plug-in, whose functions they are
 

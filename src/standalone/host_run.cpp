@@ -38,26 +38,30 @@ void fillRecord(PickerRecord& record, const Host& host, const HostColour& offere
     std::copy(offered.components.begin(), offered.components.end(), record.pickParms.colorComponents);
 }
 
-/// True where nothing but the answer's fields differs.
-bool onlyAnswered(PickerRecord before, const PickerRecord& after) {
+/// What differs but for the answer's fields.
+std::string changedBeside(PickerRecord before, const PickerRecord& after) {
     before.pickParms.resultSpace = after.pickParms.resultSpace;
     std::copy_n(after.pickParms.colorComponents, 4, before.pickParms.colorComponents);
-    return std::memcmp(&before, &after, sizeof before) == 0;
+    return difference(&before, &after, sizeof before);
 }
+
+constexpr std::size_t kOldCalls = 4; ///< a late write may come some picks later
 
 } // namespace
 
 /// What one call hands to the plug-in, in one block that is watched after the call.
 struct HostRun::Call {
-    PickerRecord record;
-    AboutRecord about;
+    union {
+        PickerRecord record;
+        AboutRecord about;
+    };
     std::int16_t result;
     unsigned char errorString[256];
 };
 
 HostRun::~HostRun() {
     end();
-    watchOldRecord();
+    watchOldRecords();
     host_.handles.end();
 }
 
@@ -68,38 +72,51 @@ HostRun::Call& HostRun::newCall(GuardedBlock& block) {
     return call;
 }
 
-/// `unchanged`: whether the record holds what it held, but for the answer.
-void HostRun::endCall(GuardedBlock& block, bool unchanged) {
-    if (!block.guardsIntact() || !unchanged)
-        host_.ledger.misuse("PluginMain", "the record was changed outside the answer's fields");
+/// `changed`: what the record no longer holds, but for the answer.
+void HostRun::endCall(GuardedBlock& block, const std::string& changed) {
+    const std::string where = block.guardsIntact() ? changed : "past its ends";
+    if (where != "none")
+        host_.ledger.misuse("PluginMain", "the record was changed outside the answer's fields: " + where);
     block.poison();
-    oldCall_ = std::move(block);
+    oldCalls_.push_back(std::move(block));
+    if (oldCalls_.size() > kOldCalls) oldCalls_.pop_front();
 }
 
 HostRun::Answer HostRun::pick(const HostColour& offered) {
-    watchOldRecord();
+    watchOldRecords();
+    return makeCall(offered, &HostRun::enter);
+}
+
+HostRun::Answer HostRun::pickWithinCall(const HostColour& offered) {
+    return makeCall(offered, &HostRun::enterAgain);
+}
+
+HostRun::Answer HostRun::makeCall(const HostColour& offered, Enter enterBy) {
     GuardedBlock block(sizeof(Call));
     Call& call = newCall(block);
     fillRecord(call.record, host_, offered, call.errorString);
+    if (host_.alterRecord) host_.alterRecord(call.record);
     PickerRecord before;
     std::memcpy(&before, &call.record, sizeof before);
-    enter(pickerSelectorPick, &call.record, call.result);
-    Answer answer{call.result, offered, {}};
+    (this->*enterBy)(pickerSelectorPick, &call.record, call.result);
+    Answer answer{call.result, offered, call.record.pickParms.resultSpace, {}};
     std::copy_n(call.record.pickParms.colorComponents, 4, answer.colour.components.begin());
     if (call.result == errReportString)
         answer.error.assign(reinterpret_cast<const char*>(call.errorString) + 1, call.errorString[0]);
-    endCall(block, onlyAnswered(before, call.record));
+    endCall(block, changedBeside(before, call.record));
     return answer;
 }
 
-void HostRun::about() {
-    watchOldRecord();
+std::int16_t HostRun::about() {
+    watchOldRecords();
     GuardedBlock block(sizeof(Call));
     Call& call = newCall(block);
     call.about.sSPBasic = basicSuite();
     const AboutRecord before = call.about;
     enter(pickerSelectorAbout, &call.about, call.result);
-    endCall(block, std::memcmp(&before, &call.about, sizeof before) == 0);
+    const std::int16_t result = call.result;
+    endCall(block, difference(&before, &call.about, sizeof before));
+    return result;
 }
 
 void HostRun::enter(std::int16_t selector, void* record, std::int16_t& result) {
@@ -108,6 +125,11 @@ void HostRun::enter(std::int16_t selector, void* record, std::int16_t& result) {
     entry_(selector, record, &slot_, &result);
     host_.endCall(slot_);
     checkNumbers(numbers);
+}
+
+/// The bounds are those of the call that runs.
+void HostRun::enterAgain(std::int16_t selector, void* record, std::int16_t& result) {
+    entry_(selector, record, &slot_, &result);
 }
 
 void HostRun::end() {
@@ -121,10 +143,12 @@ void HostRun::checkNumbers(const std::string& before) const {
         host_.ledger.misuse("PluginMain", "the locale of numbers is not as it was before the call");
 }
 
-void HostRun::watchOldRecord() {
-    if (oldCall_ && !oldCall_->stillPoisoned())
-        host_.ledger.misuse("PluginMain", "the record was written after the call");
-    oldCall_.reset();
+void HostRun::watchOldRecords() {
+    for (GuardedBlock& old : oldCalls_) {
+        if (old.stillPoisoned()) continue;
+        host_.ledger.misuse("PluginMain", "the record was written after the call: " + old.writtenSince());
+        old.poison(); // named once
+    }
 }
 
 } // namespace chromalog::standalone

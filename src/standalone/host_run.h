@@ -5,7 +5,8 @@
 #include "standalone/host.h"
 #include "standalone/host_colour.h"
 
-#include <optional>
+#include <deque>
+#include <string>
 
 namespace chromalog::standalone {
 
@@ -21,10 +22,13 @@ class HostRun {
     struct Answer {
         std::int16_t result; ///< the plug-in's result code
         HostColour colour;   ///< what the record holds after the call
+        std::int16_t space;  ///< resultSpace after the call
         std::string error;   ///< the plug-in's own message with errReportString
     };
     Answer pick(const HostColour& offered);
-    void about();
+    /// A pick from within a callback, as by a host whose callback leads back to the plug-in.
+    Answer pickWithinCall(const HostColour& offered);
+    std::int16_t about(); ///< the plug-in's result code
     void end(); ///< no further call, and the plug-in puts away what it kept; before its module is unloaded
 
     std::intptr_t slot() const { return slot_; }
@@ -32,15 +36,18 @@ class HostRun {
   private:
     struct Call;
     static Call& newCall(GuardedBlock& block);
-    void endCall(GuardedBlock& block, bool unchanged);
+    using Enter = void (HostRun::*)(std::int16_t selector, void* record, std::int16_t& result);
+    Answer makeCall(const HostColour& offered, Enter);
+    void endCall(GuardedBlock& block, const std::string& changed);
     void enter(std::int16_t selector, void* record, std::int16_t& result);
+    void enterAgain(std::int16_t selector, void* record, std::int16_t& result);
     void checkNumbers(const std::string& before) const;
-    void watchOldRecord();
+    void watchOldRecords();
 
     Host& host_;
     PluginMainProc entry_;
     std::intptr_t slot_ = 0;
-    std::optional<GuardedBlock> oldCall_; // the last call's record, filled with rubbish
+    std::deque<GuardedBlock> oldCalls_; // the last calls' records, filled with rubbish
 };
 
 } // namespace chromalog::standalone

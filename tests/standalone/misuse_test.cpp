@@ -140,10 +140,11 @@ TEST(Misuse, ColourSlotsOutOfRangeAndUnknownSpacesAreNone) {
 }
 
 TEST(Misuse, ChangesOfTheRecordOutsideTheAnswerAreNamed) {
-    const Mistake mistakes[]{{[](PickerRecord& r, std::intptr_t&) { r.pickParms.sourceSpace = 0x55; },
-                              "PluginMain: the record was changed outside the answer's fields"},
-                             {[](PickerRecord& r, std::intptr_t&) { r.reservedBlock[251] = 1; },
-                              "PluginMain: the record was changed outside the answer's fields"}};
+    const Mistake mistakes[]{
+        {[](PickerRecord& r, std::intptr_t&) { r.pickParms.sourceSpace = 0x55; },
+         "PluginMain: the record was changed outside the answer's fields: 1 byte from offset 184"},
+        {[](PickerRecord& r, std::intptr_t&) { r.reservedBlock[251] = 1; },
+         "PluginMain: the record was changed outside the answer's fields: 1 byte from offset 475"}};
     for (const Mistake& mistake : mistakes)
         EXPECT_THAT(misusesOf(mistake.body), ElementsAre(mistake.named));
 }
@@ -158,7 +159,41 @@ TEST(Misuse, WritingTheRecordOfAnEarlierCallIsNamed) {
     run.pick({});
     kept->pickParms.colorComponents[0] = 1;
     run.pick({});
-    EXPECT_THAT(host.ledger.misuses(), ElementsAre("PluginMain: the record was written after the call"));
+    EXPECT_THAT(host.ledger.misuses(),
+                ElementsAre("PluginMain: the record was written after the call: 2 bytes from offset 188"));
+}
+
+TEST(Misuse, ARecordIsWatchedForSomePicks) {
+    static std::vector<PickerRecord*> seen;
+    seen.clear();
+    Host host(std::make_unique<ClosedConverter>());
+    currentBody = [](PickerRecord& record, std::intptr_t&) { seen.push_back(&record); };
+    HostRun run(host, entry);
+    for (int i = 0; i < 3; ++i)
+        run.pick({});
+    seen[0]->serialNumber = 7;
+    run.pick({});
+    run.pick({});
+    EXPECT_THAT(host.ledger.misuses(),
+                ElementsAre("PluginMain: the record was written after the call: 4 bytes from offset 0"));
+}
+
+TEST(Misuse, APickWithinACallSharesTheSlot) {
+    Host host(std::make_unique<ClosedConverter>());
+    static int depth = 0;
+    currentBody = [](PickerRecord& record, std::intptr_t& slot) {
+        slot = ++depth;
+        record.sSPBasic->IsEqual("a", "b");
+    };
+    HostRun run(host, entry);
+    std::intptr_t within = 0;
+    host.ledger.atNext("IsEqual", [&] {
+        run.pickWithinCall({});
+        within = run.slot();
+    });
+    run.pick({});
+    EXPECT_EQ(within, 2);
+    EXPECT_EQ(depth, 2) << "once";
 }
 
 TEST(Misuse, WritingAnUnlockedHandleAfterTheCallIsNamed) {
@@ -190,9 +225,10 @@ TEST(Misuse, TheAboutRecordIsWatchedAsWell) {
         run.about();
         kept->reserved[9] = 1;
     }
-    EXPECT_THAT(host.ledger.misuses(),
-                ElementsAre("PluginMain: the record was changed outside the answer's fields",
-                            "PluginMain: the record was written after the call"));
+    EXPECT_THAT(
+        host.ledger.misuses(),
+        ElementsAre("PluginMain: the record was changed outside the answer's fields: 1 byte from offset 31",
+                    "PluginMain: the record was written after the call: 1 byte from offset 33"));
 }
 
 TEST(Misuse, AChangedLocaleOfNumbersIsNamed) {

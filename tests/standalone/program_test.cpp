@@ -234,8 +234,8 @@ TEST(Program, MisuseIsNamedAndFatalInStrictRuns) {
 
 TEST(Program, WhatThePlugInWritesWhileItIsUnloadedIsSeen) {
     const ProgramResult result = run({"--accept", "--picks", "2"}, "write late");
-    EXPECT_EQ(result.err,
-              "chromalog: misuse of the host: PluginMain: the record was written after the call\n");
+    EXPECT_EQ(result.err, "chromalog: misuse of the host: PluginMain: the record was written after the call: "
+                          "2 bytes from offset 194\n");
     EXPECT_EQ(result.exitCode, 4);
 }
 
