@@ -1,5 +1,5 @@
 // What GIMP's plug-in asks of the loader.
-#include "plugin/elf_file.h"
+#include "plugin_check/elf_file.h"
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,5 @@
 // What plays scripts is a module of its own: a host never loads it, and it shares no state with the plug-in.
-#include "plugin/elf_file.h"
+#include "plugin_check/elf_file.h"
 
 #include <gmock/gmock.h>
 

@@ -1,6 +1,6 @@
 // What the loader and the processor are asked to guard in a release: the host runs foreign files through us;
 // and whose work a release uses.
-#include "plugin/elf_file.h"
+#include "plugin_check/elf_file.h"
 
 #include <gmock/gmock.h>
 

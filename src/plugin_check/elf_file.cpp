@@ -1,4 +1,4 @@
-#include "plugin/elf_file.h"
+#include "plugin_check/elf_file.h"
 
 #include <algorithm>
 #include <cstring>
@@ -24,7 +24,8 @@ bool isExported(const Elf64_Sym& symbol) {
 } // namespace
 
 template <typename Record> Record ElfFile::at(std::uint64_t offset) const {
-    if (offset + sizeof(Record) > file_.size()) throw std::runtime_error("the file is cut short");
+    if (file_.size() < sizeof(Record) || offset > file_.size() - sizeof(Record))
+        throw std::runtime_error("the file is cut short");
     Record record;
     std::memcpy(&record, file_.data() + offset, sizeof record);
     return record;
@@ -35,6 +36,12 @@ ElfFile::ElfFile(const std::string& path) {
     file_.assign(std::istreambuf_iterator<char>(in), {});
     header_ = at<Elf64_Ehdr>(0);
     if (std::memcmp(header_.e_ident, ELFMAG, SELFMAG) != 0) throw std::runtime_error("no ELF file");
+    if (header_.e_ident[EI_CLASS] != ELFCLASS64) throw std::runtime_error("no 64-bit file");
+}
+
+std::string ElfFile::textAt(std::uint64_t offset) const {
+    if (offset >= file_.size()) throw std::runtime_error("the file is cut short");
+    return file_.c_str() + offset;
 }
 
 Elf64_Shdr ElfFile::section(std::uint64_t index) const {
@@ -49,7 +56,7 @@ std::vector<ElfFile::Symbol> ElfFile::symbols(std::uint32_t kind) const {
         const std::uint64_t strings = section(table.sh_link).sh_offset;
         for (std::uint64_t offset = 0; offset < table.sh_size; offset += sizeof(Elf64_Sym)) {
             const auto entry = at<Elf64_Sym>(table.sh_offset + offset);
-            found.push_back({file_.c_str() + strings + entry.st_name, entry});
+            found.push_back({textAt(strings + entry.st_name), entry});
         }
     }
     return found;
@@ -127,7 +134,7 @@ std::string ElfFile::dynamicText(const Elf64_Dyn& entry) const {
     std::uint64_t strings = 0;
     for (std::uint64_t i = 0; i < header_.e_shnum; ++i)
         if (section(i).sh_type == SHT_DYNAMIC) strings = section(section(i).sh_link).sh_offset;
-    return file_.c_str() + strings + entry.d_un.d_val;
+    return textAt(strings + entry.d_un.d_val);
 }
 
 std::vector<std::string> ElfFile::searchPaths() const {

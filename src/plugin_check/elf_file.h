@@ -34,6 +34,7 @@ class ElfFile {
         Elf64_Sym entry;
     };
     template <typename Record> Record at(std::uint64_t offset) const;
+    std::string textAt(std::uint64_t offset) const;
     Elf64_Shdr section(std::uint64_t index) const;
     std::vector<Symbol> symbols(std::uint32_t table) const; ///< SHT_DYNSYM or SHT_SYMTAB
     std::vector<Elf64_Phdr> segments(std::uint32_t type) const;
