@@ -1,4 +1,5 @@
 """One session after the other, each with another file call that fails, or that it does not live to make."""
+import errno
 import os
 import random
 import signal
@@ -57,6 +58,8 @@ def once(programs, chosen):
     moved = [number for number, name in enumerate(names, 1) if name in ("read", "pread", "write", "pwrite")]
     yield from tried("call does half:", spread(moved, chosen.most), names,
                      lambda number: failing(programs, number, "fail", short=1))
+    yield from tried("call is interrupted:", spread(moved, chosen.most), names,
+                     lambda number: failing(programs, number, "fail", error=errno.EINTR))
 
 
 def for_ever(programs, chosen):

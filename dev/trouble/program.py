@@ -1,5 +1,4 @@
 """The stand-alone host in folders of its own, and what it is started with."""
-import glob
 import json
 import os
 import subprocess
@@ -96,9 +95,8 @@ class Place:
 
     def left_behind(self):
         """Temporary files anywhere below."""
-        below = glob.glob(os.path.join(glob.escape(self.work), "**"), recursive=True, include_hidden=True)
-        found = [name for name in below if ".chromalog-" in name or name.endswith(".tmp")]
-        return found + os.listdir(self.path("tmp"))
+        below = [os.path.join(folder, name) for folder, _, names in os.walk(self.work) for name in names]
+        return [name for name in below if name.endswith(".tmp")] + os.listdir(self.path("tmp"))
 
 
 def finish(process, longest=LONGEST):
