@@ -216,6 +216,14 @@ TEST_F(AcoReader, FieldsThatAFileDoesNotHoldAreKept) {
     EXPECT_TRUE(list.untouched(1)); // a shorter list leaves the records past its end
 }
 
+TEST_F(AcoReader, ANameThatTheFileCutsOffEndsInZeros) {
+    FileBuilder file;
+    file.header(2, 1).colour(0, 1, 2, 3).name("abcdef");
+    file.bytes.resize(file.bytes.size() - 2 - 2 * 4); // without the last four letters and the terminator
+    read(file);
+    EXPECT_EQ(name(0), std::string("ab\0\0\0\0", 6));
+}
+
 TEST_F(AcoReader, OtherVersionsTellTheirCountAndWriteNothing) {
     for (const int version : {0, 3, 128, 255}) {
         EXPECT_THAT(read(FileBuilder().header(version, 7).colour(0, 1, 2, 3)), ElementsAre(7));
