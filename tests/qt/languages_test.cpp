@@ -243,6 +243,13 @@ TEST_F(Languages, OfAHostsApplicationNothingIsChanged) {
     EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "&Cancel"), "&Cancel");
 }
 
+TEST_F(Languages, AFormsTextIsNotTheToolkits) {
+    QtDesktop& desktop = speak("fr");
+    const auto form = desktop.loadForm("chromalogWindow", {});
+    EXPECT_EQ(window().findChild<QAbstractButton*>("undoButton")->property("texts").toString(), "&Défaire");
+    EXPECT_NE(QCoreApplication::translate("QWidgetTextControl", "&Undo"), "&Undo");
+}
+
 TEST_F(Languages, NothingIsLeftAfterAPick) {
     speak("de");
     EXPECT_NE(QCoreApplication::translate("QPlatformTheme", "Cancel"), "Cancel");

@@ -12,12 +12,13 @@
 namespace chromalog {
 namespace {
 
-/// The toolkit's texts of the table.
+/// The toolkit's texts of the table. Its contexts are its classes: a form's text may be the same in English.
 class ToolkitTexts : public QTranslator {
   public:
     explicit ToolkitTexts(const QHash<QString, QString>& texts) : texts_(texts) {}
 
-    QString translate(const char*, const char* source, const char*, int) const override try {
+    QString translate(const char* context, const char* source, const char*, int) const override try {
+        if (!context || *context != 'Q') return {};
         return texts_.value(QString::fromUtf8(source));
     } catch (...) {
         mishap();
