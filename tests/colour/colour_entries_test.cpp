@@ -135,6 +135,15 @@ TEST(ColourEntries, InksStayAsTypedUntilTheColourChangesElsewhere) {
     EXPECT_EQ(dialog.text("secondInks"), "100 100 100 0");
 }
 
+TEST(ColourEntries, InksThatCannotBeReadGiveWayToThoseOfTheColour) {
+    Entered dialog;
+    dialog.colours.changeSecondColor(Colour::rgb(0, 0, 0));
+    dialog.fields["secondInks"].type("60 20 x");
+    EXPECT_EQ(dialog.text("secondInks"), "60 20 x");
+    dialog.fields["secondInks"].endEditing();
+    EXPECT_EQ(dialog.text("secondInks"), "100 100 100 0");
+}
+
 TEST(ColourEntries, InksThatNobodyConvertsAreNoColour) {
     for (ColorServicesProc services : {ColorServicesProc(nullptr), ColorServicesProc(refusing)}) {
         Entered dialog(services);

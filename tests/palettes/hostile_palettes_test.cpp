@@ -1,7 +1,9 @@
+#include "palettes/component_codes.h"
 #include "palettes/fit_palette.h"
 #include "palettes/random_palettes.h"
 
 #include <gtest/gtest.h>
+#include <limits>
 
 namespace chromalog {
 namespace {
@@ -31,6 +33,16 @@ std::vector<std::uint8_t> sample(const PaletteFormatRules& rules) {
 template <typename Check> void forEachReader(const Check& check) {
     for (const PaletteFormatRules& rules : paletteFormats())
         if (rules.read) check(rules);
+}
+
+TEST(HostilePalettes, RealsThatAreNoNumbersAreNothing) {
+    const float none = std::numeric_limits<float>::quiet_NaN(), far = std::numeric_limits<float>::infinity();
+    for (const PaletteSpace space : {PaletteSpace::rgb, PaletteSpace::lab}) {
+        PaletteColour colour;
+        colour.space = space;
+        takeAseReals({none, far, -far, 0}, colour);
+        EXPECT_EQ(colour.components, PaletteComponents{});
+    }
 }
 
 TEST(HostilePalettes, EndAtEveryByte) {
