@@ -32,7 +32,10 @@ class NearestSwatches {
     /// The nearest of both lists, of equally near ones that of list 1; nothing where both are empty.
     std::optional<NearSwatch> nearest(const Colour&);
 
-    SwatchPanel& panelOf(const NearSwatch& swatch) { return *panels_.both()[sideOf(swatch)]; }
+    SwatchPanel& panelOf(const NearSwatch& swatch) {
+        SwatchPanel* const panel = panels_.both()[sideOf(swatch)];
+        return *panel;
+    }
     const FCOStruct* recordOf(const NearSwatch&); ///< null where it is gone
 
   private:

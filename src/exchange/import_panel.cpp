@@ -30,7 +30,7 @@ std::string titleOf(std::string_view words, const ImportPlan& plan) {
 } // namespace
 
 ImportPanel::ImportPanel(Desktop& desktop, const ImportSource& source, const std::string& into,
-                         ConstListRecords rows, const CmykToRgb& convert, std::string ink)
+                         ConstListRecords rows, const CmykToRgb& convert, const std::string& ink)
     : desktop_(desktop) {
     form_ = desktop_.loadForm("ImportPanel", owner());
     if (!form_) desktop_.log("failed to load the form ImportPanel");

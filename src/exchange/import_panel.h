@@ -16,7 +16,7 @@ class ImportPanel {
   public:
     /// `into`: what the list is called; `rows`: it as it stands.
     ImportPanel(Desktop&, const ImportSource&, const std::string& into, ConstListRecords rows,
-                const CmykToRgb&, std::string ink);
+                const CmykToRgb&, const std::string& ink);
     std::optional<ImportWay> run(); ///< returns when it is closed; nothing: cancelled
 
   private:

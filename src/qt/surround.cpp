@@ -5,7 +5,6 @@
 #include "qt/mishap.h"
 
 #include <QAction>
-#include <QActionGroup>
 #include <QApplication>
 #include <QEvent>
 #include <QMenu>
@@ -87,9 +86,8 @@ QPalette surroundPalette(const QPalette& desktop, const QString& name) {
 }
 
 SurroundChoice::SurroundChoice(QWidget& window) : QObject(&window), window_(window) {
-    auto* group = new QActionGroup(this);
     for (QAction* item : items()) {
-        group->addAction(item);
+        group_.addAction(item);
         connect(item, &QAction::toggled, this, [this](bool on) {
             guarded([&] {
                 if (on) apply();

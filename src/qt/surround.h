@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QActionGroup>
 #include <QObject>
 #include <QPalette>
 #include <QString>
@@ -33,6 +34,7 @@ class SurroundChoice : public QObject {
     void apply();
 
     QWidget& window_; ///< the parent
+    QActionGroup group_{this};
 };
 
 } // namespace chromalog
