@@ -43,7 +43,7 @@ void addOptions(CLI::App& app, CommandLine& line) {
     app.add_flag("--list", line.list, "Name the checks and what each proves");
     app.add_option("--only", line.only, "Make this check alone; may be given several times")
         ->check(kCheckName)
-        ->expected(1);
+        ->allow_extra_args(false); // the next word is the file
     app.add_flag("--json", line.json, "Print the results as JSON");
     app.add_flag("--attended", request.attended,
                  "Show dialogs: a person presses OK in each, without a time limit");
