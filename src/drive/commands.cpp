@@ -27,8 +27,7 @@ PointerTarget targetAt(const Command& c, std::size_t outlet) {
 /// Where a person would click the control: in the middle; check boxes take clicks near their mark alone.
 PointerTarget clickTarget(QWidget& control) {
     const bool mark = qobject_cast<QCheckBox*>(&control) || qobject_cast<QRadioButton*>(&control);
-    if (!mark) return middleOf(control);
-    return {&control, {std::min(control.width(), control.height()) / 2.0, control.height() / 2.0}};
+    return mark ? boxOf(control) : middleOf(control);
 }
 
 /// Of the menu itself, or of one that an item of it opens: then that item.

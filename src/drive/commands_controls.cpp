@@ -69,8 +69,7 @@ void setStepper(QWidget& stepper, double value) {
 
 void setButton(QAbstractButton& button, double value) {
     if (!button.isCheckable() || (value != 0 && value != 1)) throw cannotBe(button, value);
-    if (button.isChecked() != (value == 1))
-        click({&button, {std::min(button.width(), button.height()) / 2.0, button.height() / 2.0}});
+    if (button.isChecked() != (value == 1)) click(boxOf(button));
     if (button.isChecked() != (value == 1)) throw cannotBe(button, value);
 }
 
@@ -78,7 +77,7 @@ void setMatrix(QWidget& matrix, double value) {
     const auto rows = matrix.findChildren<QRadioButton*>();
     if (!(value >= 0 && value < rows.size()) || value != std::floor(value)) throw cannotBe(matrix, value);
     QRadioButton& row = *rows[qsizetype(value)];
-    click({&row, {row.height() / 2.0, row.height() / 2.0}});
+    click(boxOf(row));
 }
 
 void setRow(QListWidget& list, double value) {

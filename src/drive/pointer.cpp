@@ -75,6 +75,11 @@ PointerTarget middleOf(QWidget& widget) {
     return targetOf(widget, {widget.width() / 2.0, widget.height() / 2.0});
 }
 
+PointerTarget boxOf(QWidget& button) {
+    const double inside = std::min(button.width(), button.height()) / 2.0;
+    return {&button, {button.isLeftToRight() ? inside : button.width() - inside, button.height() / 2.0}};
+}
+
 void press(const PointerTarget& target, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) {
     send(target, QEvent::MouseButtonPress, button, button, modifiers);
 }

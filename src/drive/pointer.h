@@ -21,6 +21,8 @@ QPointF widgetPoint(const QWidget&, Point inView);
 /// What a press at the position meets. A position that a scroll area hides is scrolled into view first.
 PointerTarget targetOf(QWidget& outlet, Point inView);
 PointerTarget middleOf(QWidget&);
+/// Where the box of a check or radio button is: at the side that is read first.
+PointerTarget boxOf(QWidget&);
 
 /// The pointer's events, sent to the widget itself: dispatch by the window would round to whole pixels and
 /// could not reach the edges.

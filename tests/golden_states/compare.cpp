@@ -110,6 +110,7 @@ json withoutLayout(json state) {
 json withoutTexts(json state) {
     for (auto& [name, outlet] : state["outlets"].items()) {
         outlet.erase("title");
+        if (outlet.contains("fault")) outlet["fault"] = outlet["fault"] != "";
         outlet.erase("frame"); // from right to left a list's scroll bar stands on its other side
         if (name == "found1" || name == "found2") outlet.erase("text");
     }
