@@ -16,6 +16,7 @@ WHOLE_SECONDS = 1800
 # The test programs of each room, the fastest first; those of rooms above where a room has none of its own.
 PROGRAMS = {
     "plugin": ["test_pipl", "test_plugin_checks", "test_program_with_plugin"],
+    "plugin_check": ["test_plugin_check"],
     "gimp": ["test_gimp", "test_gimp_plug_in"],
     "standalone": ["test_standalone", "test_program", "test_palette_commands", "test_small_host", "test_plugin_checks"],
     "drive": ["test_drive_script", "test_drive_parts", "test_driven_picks"],

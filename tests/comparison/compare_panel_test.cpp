@@ -238,6 +238,7 @@ TEST_F(ComparePanelTest, OneOfTheDoublesIsRemovedAlone) {
         press(rows(), 1);
         send("removeDoubles:", "ComparePanel");
         EXPECT_THAT(names(2), ElementsAre("100", "101", "10"));
+        EXPECT_EQ(controler->history().manager()->undoWords().back(), "Remove 1 near double");
     });
 }
 

@@ -128,6 +128,9 @@ TEST_F(Readouts, TheHistorysOwnListHoldsEveryStepTheLatestFirst) {
         send("doUndo:");
         EXPECT_THAT(steps(),
                     ElementsAre("Redo: Sort by name", "now", "Undo: Load nord.aco", "Undo: before Load"));
+        send("doUndo:");
+        EXPECT_THAT(steps(),
+                    ElementsAre("Redo: Sort by name", "Redo: Load nord.aco", "now", "Undo: before Load"));
         desktop->forms.at("ProtocolPanel")->send("dumpUndo");
         EXPECT_EQ(desktop->forms.at("ProtocolPanel")->outlet<HeadlessTextView>("undoView").text(), " ");
     });
