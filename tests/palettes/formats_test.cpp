@@ -77,6 +77,23 @@ TEST(AcoPalette, ComponentsAreThoseOfThePublishedFormat) {
     EXPECT_THAT(c[5].components, ElementsAre(1, 0, 0.5, 0));
 }
 
+TEST(AcoPalette, SpacesOfNoKnownBookAreUnread) {
+    const auto read = readAs(PaletteFormat::aco, "\0\1\0\6"
+                                                 "\0\6\0\0\0\0\0\0\0\0"
+                                                 "\0\xB\0\0\0\0\0\0\0\0"
+                                                 "\0\xC\0\0\0\0\0\0\0\0"
+                                                 "\xB\xB7\0\0\0\0\0\0\0\0"
+                                                 "\xB\xB8\0\0\0\0\0\0\0\0"
+                                                 "\xFF\xFF\0\0\0\0\0\0\0\0"sv);
+    std::vector<double> codes;
+    for (const PaletteColour& c : read.palette.colours) {
+        EXPECT_EQ(c.space, PaletteSpace::book);
+        codes.push_back(c.components[0]);
+    }
+    EXPECT_THAT(codes, ElementsAre(6, 11, 3000, 65535));
+    EXPECT_EQ(read.unread, 2u) << "12 and 2999";
+}
+
 TEST(AcoPalette, ComponentsBeyondTheirRangeAreClamped) {
     const auto read =
         readAs(PaletteFormat::aco, "\0\1\0\2\0\7\xFF\xFF\x80\0\x7F\xFF\0\0\0\x8\xFF\xFF\0\0\0\0\0\0"sv);
@@ -114,6 +131,12 @@ TEST(ActPalette, TheTransparentColourIsRead) {
     EXPECT_THAT(alphas("\0\3\0\1"sv), ElementsAre(1, 0, 1));
     EXPECT_THAT(alphas("\0\2\xFF\xFF"sv), ElementsAre(1, 1));
     EXPECT_THAT(alphas("\0\2\0\7"sv), ElementsAre(1, 1));
+}
+
+TEST(RiffPalette, SizesAndCountsStandLastByteFirst) {
+    Palette palette;
+    palette.colours = {colour("", 0xFF8000)};
+    EXPECT_EQ(written(PaletteFormat::riff, palette), "RIFF\x14\0\0\0PAL data\x8\0\0\0\0\3\1\0\xFF\x80\0\0"sv);
 }
 
 TEST(AcbPalette, NamesArePrefixNameAndPostfix) {

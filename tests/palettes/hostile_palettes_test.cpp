@@ -81,6 +81,13 @@ TEST(HostilePalettes, CountsPromiseMoreThanThereIs) {
     EXPECT_THROW(unread(PaletteFormat::acb, "8BCB\0\1\0\0\xFF\xFF\xFF\xFF\0A"sv), PaletteError);
 }
 
+TEST(HostilePalettes, AFileOfNoneOfTheKindsIsRefused) {
+    using F = PaletteFormat;
+    for (const F format : {F::aco, F::acb, F::ase, F::gpl, F::act, F::jasc, F::riff, F::soc, F::tokens})
+        EXPECT_THROW(rulesOf(format).read(bytesOf("Colours\n0 128 255 Blue\n")), PaletteError)
+            << rulesOf(format).word;
+}
+
 TEST(HostilePalettes, JsonTenThousandDeepIsRefused) {
     std::string objects, arrays(10'000, '[');
     for (int i = 0; i < 10'000; ++i)
