@@ -7,6 +7,7 @@
 #include <QDialogButtonBox>
 #include <QFile>
 #include <QIcon>
+#include <QImageReader>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QScreen>
@@ -85,8 +86,11 @@ QDialog* makeSheet(QWidget& window) {
 
 QIcon productIcon() {
     QIcon icon;
-    for (const char* size : {"16", "32", "48", "128"})
-        icon.addFile(QString(":/chromalog/icon-%1.png").arg(size));
+    for (const char* size : {"16", "32", "48", "128"}) {
+        QImageReader reader(QString(":/chromalog/icon-%1.png").arg(size), "png");
+        reader.setAutoDetectImageFormat(false); // a detection loads every reader that is installed
+        icon.addPixmap(QPixmap::fromImageReader(&reader));
+    }
     return icon;
 }
 

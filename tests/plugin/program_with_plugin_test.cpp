@@ -11,7 +11,9 @@ namespace chromalog {
 namespace {
 
 namespace fs = std::filesystem;
+using ::testing::ContainsRegex;
 using ::testing::HasSubstr;
+using ::testing::Not;
 
 struct ProgramWithPlugIn : ::testing::Test {
     ProgramWithPlugIn() { fs::create_directories(folder); }
@@ -51,6 +53,15 @@ TEST_F(ProgramWithPlugIn, TwoPicksPrintTwoColours) {
     const ProgramResult result = run({"--color", "red", "--accept", "--picks", "2", "--format", "rgb16"});
     EXPECT_EQ(result.out, "58981 19660 6553\n58981 19660 6553\n");
     EXPECT_EQ(result.exitCode, 0) << result.err;
+}
+
+// Reading its own icon as any picture would load a library for each kind of picture, before the window.
+TEST_F(ProgramWithPlugIn, NoReaderOfPicturesIsLoadedForTheWindow) {
+    ::setenv("QT_DEBUG_PLUGINS", "1", 1);
+    const ProgramResult result = run({"--cancel"});
+    ::unsetenv("QT_DEBUG_PLUGINS");
+    EXPECT_THAT(result.err, HasSubstr("libqoffscreen.so\" loaded library")); // the way it is told
+    EXPECT_THAT(result.err, Not(ContainsRegex("imageformats/[a-z]*.so\" loaded library")));
 }
 
 /// The titles in the state of a dialog that is opened and closed.
