@@ -1,11 +1,7 @@
 #pragma once
 
-#include "base/file_name.h"
-#include "base/translated.h"
-
 #include <functional>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -19,19 +15,11 @@ class StatusLine {
     /// One text each; the next one about the same thing takes its place.
     enum class About { otherPicks, storing, keptCopies, files, printing, colours };
 
-    void say(About about, std::string text) {
-        const std::string before = this->text();
-        std::erase_if(said_, [about](const auto& each) { return each.first == about; });
-        if (!text.empty()) said_.emplace_back(about, std::move(text));
-        if (onChange && this->text() != before) onChange();
-    }
+    void say(About about, std::string text);
     void takeBack(About about) { say(about, {}); }
 
     /// A file that a person named could not be written.
-    void sayNotWritten(About about, const std::string& path, const std::string& why) {
-        notWritten_.push_back(path + ": " + why);
-        say(about, translated("%1 was not written: %2", fileNameOf(path), why));
-    }
+    void sayNotWritten(About about, const std::string& path, const std::string& why);
     /// Those files since this was last asked, as "PATH: why".
     std::vector<std::string> takeNotWritten() { return std::exchange(notWritten_, {}); }
 

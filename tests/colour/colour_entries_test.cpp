@@ -109,6 +109,37 @@ TEST(ColourEntries, ABadTextIsMarkedAndChangesNothing) {
     EXPECT_TRUE(dialog.colours.getSecondColor().sameRgb(before));
 }
 
+TEST(ColourEntries, WhatCannotBeReadGivesWayToTheColourInEveryField) {
+    Entered dialog;
+    dialog.fields["secondInks"].type("much ink");
+    EXPECT_NE(dialog.fault("secondInks"), "");
+    dialog.fields["secondInks"].endEditing();
+    EXPECT_EQ(dialog.text("secondInks"), "90 30 70 0");
+}
+
+TEST(ColourEntries, TheMenuMarksTheNotationThatIsShown) {
+    Entered dialog;
+    const auto marked = [&dialog] {
+        std::vector<std::string> marked;
+        for (const MenuItem& item : dialog.buttons["firstReading"].menu())
+            if (item.checked.value_or(false)) marked.push_back(item.title);
+        return marked;
+    };
+    EXPECT_THAT(marked(), testing::ElementsAre("CMYK"));
+    dialog.choose("firstReading", "readLch:");
+    EXPECT_THAT(marked(), testing::ElementsAre("LCh"));
+}
+
+TEST(ColourEntries, AnInkOfAnySizeIsTheLeast) {
+    Entered dialog;
+    for (const char* much : {"6000000000000000000", "9223372036854775807", "1000000000"}) {
+        dialog.colours.second.C->setText(much);
+        EXPECT_EQ(secondInks(dialog.colours.second)[0], -32768) << much;
+    }
+    dialog.colours.second.C->setText("-6000000000000000000");
+    EXPECT_EQ(secondInks(dialog.colours.second)[0], 32767);
+}
+
 TEST(ColourEntries, FourInksGoToTheHostTogetherForBothColoursAlike) {
     for (const std::string colour : {"first", "second"}) {
         Entered dialog;

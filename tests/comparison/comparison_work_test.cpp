@@ -1,4 +1,5 @@
 #include "comparison/comparison_work.h"
+#include "support/failing_new.h"
 #include "support/headless_desktop.h"
 
 #include <gtest/gtest.h>
@@ -16,9 +17,10 @@ class SlowDesktop : public HeadlessDesktop {
         work_ = std::move(work);
         then_ = std::move(then);
     }
+    void work() { work_(); }
+    void then() { std::exchange(then_, nullptr)(); }
     void end() {
-        work_();
-        const auto then = std::exchange(then_, nullptr);
+        work();
         then();
     }
     int begun = 0;
@@ -82,6 +84,21 @@ TEST_F(ComparisonWorkTest, NothingIsToldAfterItWasAbandonedOrIsGone) {
     work.reset();
     desktop.end();
     EXPECT_TRUE(told.empty());
+}
+
+TEST_F(ComparisonWorkTest, AFailedComparisonIsNotToldAndTheNextOneIs) {
+    work->ask(0);
+    desktop.advance(0);
+    {
+        const FailingNew failing(1);
+        desktop.work();
+    }
+    desktop.then();
+    EXPECT_TRUE(told.empty());
+    work->ask(0);
+    desktop.advance(0);
+    desktop.end();
+    EXPECT_EQ(told.size(), 1u);
 }
 
 } // namespace

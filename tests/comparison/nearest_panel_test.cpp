@@ -156,6 +156,9 @@ TEST_F(WellNeighboursTest, EachWellHasItsNearestSwatchOfBothListsBelowIt) {
         EXPECT_EQ(patches[0].rect, (Rect{0, 0, 40, 14}));
         EXPECT_EQ(patches[1].rect, (Rect{42, 0, 40, 14}));
         EXPECT_NEAR(patches[0].colour.red(), 103 / 255.0, 1e-4);
+        const auto numbers = canvas.only(Primitive::Kind::text);
+        EXPECT_TRUE(numbers[0].colour.sameRgb(Colour::rgb(1, 1, 1))) << "white on dark";
+        EXPECT_TRUE(numbers[1].colour.sameRgb(Colour())) << "black on light";
         EXPECT_THAT(below.helpAt({10, 5}), HasSubstr("Nearest: 103\nList 2: 1, ΔE 0.38"));
         EXPECT_EQ(below.accessibleRow(1).name, "255");
         panel(2).view.setSelectedColor(1);
@@ -182,6 +185,26 @@ TEST_F(WellNeighboursTest, APressAndKeysSelectTheSwatchInItsList) {
         type(below, Key::space);
         EXPECT_EQ(panel(1).view.getSelected(), 0);
         EXPECT_TRUE(controler->colours().getFirstColor().sameRgb(Colour()));
+        for (int i = 0; i < 3; ++i)
+            type(below, Key::right); // past the last one
+        select(2, 0);
+        type(below, Key::enter);
+        EXPECT_EQ(panel(2).view.getSelected(), 1);
+        for (int i = 0; i < 3; ++i)
+            type(below, Key::left);
+        select(1, 1);
+        type(below, Key::enter);
+        EXPECT_EQ(panel(1).view.getSelected(), 0);
+    });
+}
+
+TEST_F(WellNeighboursTest, EachHarmonyHasARowOfItsOwn) {
+    dialog([&] {
+        const auto name = [this](const char* row) { return view("chromalogWindow", row).accessible().name; };
+        EXPECT_EQ(name("nearComplement"), "Nearest swatches, complement");
+        EXPECT_EQ(name("nearHarmoniques"), "Nearest swatches, harmoniques");
+        EXPECT_EQ(name("nearTriComplement"), "Nearest swatches, tri-complement");
+        EXPECT_EQ(name("nearQuadri"), "Nearest swatches, quadri");
     });
 }
 

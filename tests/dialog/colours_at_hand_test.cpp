@@ -63,6 +63,7 @@ TEST_F(ColoursAtHandTest, CopiesAColourAsItselfAndItsHex) {
         EXPECT_EQ(desktop.generalPasteboard().text, "#336699");
         ASSERT_TRUE(desktop.generalPasteboard().colour);
         EXPECT_TRUE(desktop.generalPasteboard().colour->sameRgb(kBlue)) << "exactly";
+        EXPECT_EQ(desktop.generalPasteboard().colour->alpha(), 1);
         operations.copy({"chromaView", {}});
         EXPECT_EQ(desktop.generalPasteboard().text, "#336699") << "beside the wheel there is nothing";
     });
@@ -130,6 +131,9 @@ TEST_F(ColoursAtHandTest, AColourOfAnotherProgramIsPastedWithTheNameBesideIt) {
         desktop.setGeneralPasteboard({true, false, kBlue, std::nullopt});
         operations.paste({"swatch1", {}});
         EXPECT_THAT(namesIn(one), ElementsAre("Deep Sea", "#336699", "#336699"));
+        desktop.setGeneralPasteboard({true, true, kBlue, "Sky: #87ceeb\nLime: #00ff00"});
+        operations.paste({"swatch2", {}});
+        EXPECT_THAT(namesIn(controler.panels().two), ElementsAre("Sky", "Lime")) << "all that the text has";
     });
 }
 

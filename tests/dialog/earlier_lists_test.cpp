@@ -107,6 +107,7 @@ TEST_F(EarlierListsTest, BothListsComeBackThoughTheFirstStepReplacesTheCopy) {
         EXPECT_EQ(c.panels().one.view.getNumberOfColors(), 2);
         EXPECT_EQ(c.panels().two.view.getNumberOfColors(), 3);
         EXPECT_EQ(c.panels().two.view.getSwatchName(), "Other.aco");
+        EXPECT_EQ(c.record().swatchList2[0].Namen[1], 'O');
         EXPECT_EQ(c.history().undoSteps(), 2);
     });
 }

@@ -263,6 +263,16 @@ TEST_F(CustomAngleTest, ItsColoursAreAScheme) {
     });
 }
 
+TEST_F(CustomAngleTest, AnotherAngleIsDrawn) {
+    pick([](ChromalogControler& c, HeadlessDesktop& d) {
+        dialog(d).send("showCustomAngle:");
+        auto& wheel = dynamic_cast<HeadlessViewHost&>(*c.views().wheel.host());
+        const int before = wheel.redisplays;
+        field(d).type("44");
+        EXPECT_GT(wheel.redisplays, before);
+    });
+}
+
 class GamutWarningTest : public JudgeToolsTest {
   protected:
     static HeadlessButton& item(HeadlessDesktop& d) { return control<HeadlessButton>(d, "itemGamutWarning"); }
@@ -323,6 +333,21 @@ TEST_F(GamutWarningTest, MarksWhatCannotBePrintedAndReplacesIt) {
     });
 }
 
+TEST_F(GamutWarningTest, AColourThatStaysIsNotJudgedAgain) {
+    record.colorServices = MadeHost::convert;
+    pick([](ChromalogControler& c, HeadlessDesktop& d) {
+        const auto callsOfAnEvent = [&c] {
+            const int before = MadeHost::calls;
+            c.colours().enterSecond(Colour::rgb(0.3, 0.3, 0.3));
+            return MadeHost::calls - before;
+        };
+        callsOfAnEvent();
+        const int without = callsOfAnEvent();
+        dialog(d).send("toggleGamutWarning:");
+        EXPECT_EQ(callsOfAnEvent(), without);
+    });
+}
+
 TEST_F(GamutWarningTest, TheOutlineComesBesideTheEventsAndGoesWithTheRest) {
     record.colorServices = MadeHost::convert;
     pick([](ChromalogControler& c, HeadlessDesktop& d) {
@@ -330,10 +355,13 @@ TEST_F(GamutWarningTest, TheOutlineComesBesideTheEventsAndGoesWithTheRest) {
         dialog(d).send("toggleGamutWarning:");
         const int before = MadeHost::calls;
         EXPECT_EQ(strokesOver(c), 2u) << "not in the event itself";
+        auto& wheel = dynamic_cast<HeadlessViewHost&>(*c.views().wheel.host());
+        const int asked = wheel.redisplays;
         for (int slice = 0; slice < 500; ++slice)
             d.advance(0.001);
         EXPECT_GT(MadeHost::calls, before + 1000);
         EXPECT_EQ(strokesOver(c), 4u);
+        EXPECT_GT(wheel.redisplays, asked);
         const int found = MadeHost::calls;
         c.views().wheel.mouseDown({{100, 100}});
         for (int slice = 0; slice < 500; ++slice)

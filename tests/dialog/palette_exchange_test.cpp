@@ -320,8 +320,14 @@ TEST_F(PaletteExchangeTest, TheLibraryFollowsItsFolderAndAClickLoads) {
         std::filesystem::remove(path("chromalog/palettes/b.hex"));
         press(view, 100); // before the next look
         EXPECT_THAT(d.statusLine().text(), HasSubstr("b.hex could not be read"));
+        write("chromalog/palettes/.hidden.hex", "#00ff00 Green\n");
+        auto& host = dynamic_cast<HeadlessViewHost&>(*view.host());
+        const int before = host.redisplays;
         d.advance(1.5);
         EXPECT_EQ(view.accessibleRowCount(), 2);
+        EXPECT_EQ(view.accessibleSelectedRow(), 1) << "the last of those that are left";
+        EXPECT_GT(host.redisplays, before);
+        type(view, Key::up);
         type(view, Key::down);
         type(view, Key::down);
         EXPECT_EQ(view.accessibleSelectedRow(), 1);

@@ -49,6 +49,30 @@ TEST_F(PickFailures, NoMemoryInTheDialogIsTheResultForNoMemory) {
     expectNextPickWorks();
 }
 
+/// The stand-alone host, asked for a colour of the screen.
+const StandaloneSuite3 kScreenHost{
+    {{[](const char* key) -> const char* { return std::string_view(key) == "pick" ? "1" : nullptr; }}},
+    [](std::uint16_t, std::uint16_t, std::uint16_t) { FAIL() << "nothing was taken"; }};
+
+class LongProblem : public PickFailures {
+  public:
+    ScreenColours pickFromScreen() override { return {{}, std::string(290, 'x')}; }
+};
+
+TEST_F(LongProblem, IsHeldToItsLengthByte) {
+    basic.AcquireSuite = [](const char*, std::int32_t, const void** suite) -> std::int32_t {
+        return ++acquired, *suite = &kScreenHost, 0;
+    };
+    std::vector<unsigned char> text(300, 0x55);
+    record.errorString = text.data();
+    pick();
+    EXPECT_EQ(result, errReportString);
+    EXPECT_EQ(text[0], 255);
+    EXPECT_EQ(text[255], 'x');
+    EXPECT_EQ(text[256], 0x55);
+    EXPECT_EQ(acquired, released);
+}
+
 TEST_F(PickFailures, AnythingElseEndsThePickAsCancelWithALineOfTheLog) {
     pick([](ChromalogControler&, HeadlessDesktop&) { throw std::runtime_error("a slip of ours"); });
     EXPECT_EQ(result, 0);

@@ -117,6 +117,18 @@ TEST_F(HistoryTest, UndoBringsBackTheWholeRecordAndRedoTheChange) {
     EXPECT_EQ(std::memcmp(changed.get(), data.get(), sizeof *data), 0);
 }
 
+TEST_F(HistoryTest, WhatIsRedoneNextStandsJustAboveNow) {
+    changeCount(1);
+    history->setUndoablePosition(undo_label::colorChanged);
+    history->undoOutAction();
+    history->undoOutAction();
+    const auto& rows = platform.forms.at("ProtocolPanel")->outlet<test::HeadlessRowList>("historySteps").rows;
+    ASSERT_EQ(rows.size(), 3u);
+    EXPECT_EQ(rows[2], "now");
+    EXPECT_EQ(rows[1], redoButton.help);
+    EXPECT_NE(rows[0], rows[1]);
+}
+
 TEST_F(HistoryTest, AClearCanBeUndoneAndRedoneThoughItChangedOnlyTheViewsCount) {
     viewCount = 12;
     changeCount(0);

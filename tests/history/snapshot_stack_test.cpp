@@ -1,5 +1,7 @@
 #include "history/snapshot_stack.h"
 
+#include "support/failing_new.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -44,6 +46,26 @@ TEST_F(SnapshotStackTest, StartsWithNothingToUndoOrRedo) {
     stack.redo();
     EXPECT_EQ(stack.latest(), nullptr);
     EXPECT_EQ(stack.storedBytes(), 0u);
+}
+
+TEST_F(SnapshotStackTest, AStepThatFindsNoMemoryLeavesNoGroupOpen) {
+    stack.setLevelLimit(limit);
+    const std::string label = "a label that is longer than a text without memory of its own";
+    bool failed = true;
+    int failures = 0;
+    for (long n = 1; failed; ++n) {
+        UndoAction action{std::make_shared<Snapshot>(state, nullptr), label};
+        test::FailingNew failing(n);
+        try {
+            stack.registerStep(std::move(action));
+            failed = false;
+        } catch (const std::bad_alloc&) {
+            ++failures;
+        }
+        failing.stop();
+        EXPECT_EQ(stack.canUndo(), !failed) << n;
+    }
+    EXPECT_GE(failures, 2);
 }
 
 TEST_F(SnapshotStackTest, UndoesAndRedoesInOrderWithNames) {

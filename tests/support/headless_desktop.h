@@ -34,7 +34,7 @@ class HeadlessForm : public Form {
 /// A view's host without a widget: counts what it is told.
 class HeadlessViewHost : public ViewHost {
   public:
-    int redisplays = 0, frameChanges = 0;
+    int redisplays = 0, frameChanges = 0, announcements = 0;
     std::optional<Rect> clip;
     std::optional<TextEdit> edit; ///< that is open
     void editText(TextEdit text) override { edit = std::move(text); }
@@ -42,7 +42,7 @@ class HeadlessViewHost : public ViewHost {
     void needsDisplay() override { ++redisplays; }
     void frameChanged() override { ++frameChanges; }
     void hiddenChanged() override {}
-    void accessibleChanged() override {}
+    void accessibleChanged() override { ++announcements; }
     std::optional<Rect> superviewBounds() const override { return clip; }
 };
 
