@@ -28,6 +28,11 @@ TEST(Abi, RecordsHaveThePublishedOffsetsAndSizes) {
     EXPECT_EQ(layoutInC(), published);
 }
 
+TEST(Abi, CallsAreAskedForByTheirPublishedNumbers) {
+    EXPECT_EQ(pickerSelectorAbout, 0);
+    EXPECT_EQ(pickerSelectorPick, 1);
+}
+
 TEST(Abi, FourCharacterCodesReadAsText) {
     EXPECT_EQ(kHostSignature, ('8' << 24) | ('B' << 16) | ('I' << 8) | 'M');
     EXPECT_EQ(propHostVersion, ('v' << 24) | ('e' << 16) | ('r' << 8) | 's');

@@ -128,6 +128,8 @@ TEST_F(DriveParts, KeysAreReadByName) {
         {"Ctrl+Shift+z", Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, ""},
         {"Option+Return", Qt::Key_Return, Qt::AltModifier, ""},
         {"+", Qt::Key_Plus, {}, "+"},
+        {"PageUp", Qt::Key_PageUp, {}, ""},
+        {"PageDown", Qt::Key_PageDown, {}, ""},
     };
     for (const auto& expected : cases) {
         const auto stroke = readKey(expected.name);

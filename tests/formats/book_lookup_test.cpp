@@ -152,5 +152,13 @@ TEST(BooksOnDisk, ReadsBooksAndNothingElse) {
     EXPECT_FALSE(BooksOnDisk("").readBook("TRUMATCH.acb"));
 }
 
+TEST_F(Lookup, ABookIsReadOnceForAllItsColours) {
+    inMemory.books["ANPA Color.acb"] =
+        FileBuilder().bookHeader(1, 0).bookColour("", "rgb   ", {1, 128, 255}).bytes;
+    for (int i = 0; i < 3; ++i)
+        look(3000, "rgb   ");
+    EXPECT_EQ(inMemory.reads["ANPA Color.acb"], 1);
+}
+
 } // namespace
 } // namespace chromalog

@@ -54,6 +54,7 @@ TEST(FittedPicture, ASmallerOneHasMeansALargerOneCopies) {
 TEST(FittedPicture, AnOverviewIsNeverLarger) {
     EXPECT_EQ(overviewOf(plane(8, 4), 4).width, 4);
     EXPECT_EQ(overviewOf(plane(8, 4), 4).height, 2);
+    EXPECT_EQ(overviewOf(plane(1000, 1), 4).height, 1) << "thin, and still a picture";
     const Picture small = plane(3, 2);
     EXPECT_EQ(overviewOf(small, 4).pixels.data(), small.pixels.data());
     EXPECT_TRUE(overviewOf({}, 4).empty());
@@ -108,6 +109,9 @@ TEST_F(PictureViews, ADragPicksAllTheWayAndStaysInside) {
 
 TEST_F(PictureViews, TheArrowsWalkByAPixelAndReturnTakes) {
     EXPECT_EQ(view.place(), "x 20, y 10, #140a00");
+    const int told = host.announcements;
+    key(Key::right), key(Key::left);
+    EXPECT_EQ(host.announcements, told + 2);
     key(Key::right), key(Key::down), key(Key::left), key(Key::left), key(Key::up), key(Key::up);
     EXPECT_EQ(view.place(), "x 19, y 9, #130900");
     EXPECT_THAT(picks, ElementsAre()) << "walking takes nothing";
@@ -135,6 +139,22 @@ TEST_F(PictureViews, IsDrawnFittedAndItsMarkOnTheScreenAlone) {
     RecordingCanvas layer;
     view.drawDisplayLayer(layer);
     EXPECT_EQ(layer.only(Primitive::Kind::strokeRect).size(), 2u);
+}
+
+/// Keeps what is drawn.
+struct BitmapCanvas : RecordingCanvas {
+    void drawBitmap(const Bitmap& drawn, const Rect&) override { bitmap = drawn; }
+    Bitmap bitmap;
+};
+
+TEST_F(PictureViews, ANewPictureOfTheSameSizeIsShown) {
+    BitmapCanvas canvas;
+    view.setPicture(picture(1, {0xFF0000FF}), picture(1, {0xFF0000FF}));
+    view.drawRect(canvas);
+    EXPECT_EQ(canvas.bitmap.pixels.at(0), 0xFF0000FFu);
+    view.setPicture(picture(1, {0xFF00FF00}), picture(1, {0xFF00FF00}));
+    view.drawRect(canvas);
+    EXPECT_EQ(canvas.bitmap.pixels.at(0), 0xFF00FF00u);
 }
 
 TEST_F(PictureViews, WithoutAPictureItSaysWhatToDo) {
@@ -187,6 +207,8 @@ TEST(TakenColoursViews, TheKeyboardWalksTheRowsAndTakesOne) {
     EXPECT_EQ(view.accessibleRow(1).name, "blue");
     EXPECT_EQ(view.accessibleRow(1).value, "#0000ff, 25.0 %");
     EXPECT_FALSE(press(Key::escape));
+    view.setColours({{Colour::rgb(1, 0, 0), "red", 1}});
+    EXPECT_EQ(view.accessibleSelectedRow(), 0) << "the last of those that are left";
     view.setColours({});
     press(Key::enter), press(Key::down);
     EXPECT_EQ(picks.size(), 1u);

@@ -201,5 +201,14 @@ TEST_F(SwatchPages, TheDateIsDayMonthYearAndTime) {
     EXPECT_EQ(printDate(time), "03 02 2026 04:05:59");
 }
 
+TEST_F(SwatchPages, TheHostIsAskedForInksWhateverIsPrinted) {
+    static int asked;
+    asked = 0;
+    setting.services = [](ColorServicesInfo*) -> std::int16_t { return ++asked, 0; };
+    setting.options = {0, 1, 0, 0}; // names alone
+    pagesOf(3);
+    EXPECT_EQ(asked, 3);
+}
+
 } // namespace
 } // namespace chromalog

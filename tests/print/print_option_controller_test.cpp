@@ -58,6 +58,11 @@ TEST_F(PrintOptionDialog, TheNextOneOpensWithWhatWasChosen) {
         EXPECT_EQ(sizes().selectedTitle(), "Large");
         EXPECT_EQ(check("NameCheck").state(), 1);
         EXPECT_EQ(check("RGBCheck").state(), 0);
+        tick("RGBCheck", "putRGB:", 1);
+    });
+    run([&] {
+        EXPECT_EQ(check("RGBCheck").state(), 1);
+        EXPECT_EQ(check("CMYKCheck").state(), 0);
         EXPECT_EQ(check("CMYKCheck").state(), 0);
     });
 }

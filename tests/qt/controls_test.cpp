@@ -140,6 +140,25 @@ TEST_F(ControlsTest, RadioRowsAreInTheirOrder) {
     EXPECT_EQ(matrix.selectedRow(), 2);
 }
 
+/// Counts how often it is painted.
+struct CountingButton : TintedButton {
+    int paints = 0;
+    void paintEvent(QPaintEvent* event) override {
+        ++paints;
+        TintedButton::paintEvent(event);
+    }
+};
+
+TEST_F(ControlsTest, ATintIsPaintedAtOnce) {
+    CountingButton button;
+    button.show();
+    QApplication::processEvents();
+    const int before = button.paints;
+    button.setTint(Colour::rgb(0, 1, 0));
+    QApplication::processEvents();
+    EXPECT_GT(button.paints, before);
+}
+
 TEST_F(ControlsTest, ATitleIsReadableOnAnyColour) {
     EXPECT_EQ(readableOn(Colour::rgb(1, 1, 1)), QColor(Qt::black));
     EXPECT_EQ(readableOn(Colour::rgb(1, 1, 0)), QColor(Qt::black));

@@ -235,6 +235,7 @@ TEST(HostRecord, HoldsTheOfferedColourAndTheHostsCallbacks) {
     EXPECT_THAT(seen.pickParms.colorComponents, ::testing::ElementsAre(1, 2, 3, 4));
     EXPECT_EQ(seen.pickParms.pickerPrompt[0],
               std::strlen(reinterpret_cast<char*>(seen.pickParms.pickerPrompt) + 1));
+    EXPECT_EQ(seen.monitor.gamma, 144179) << "2.2, in 16.16";
     EXPECT_EQ(seen.sSPBasic, basicSuite());
     EXPECT_EQ(seen.handleProcs->numHandleProcs, 8);
     EXPECT_EQ(seen.propertyProcs->numPropertyProcs, 2);

@@ -57,6 +57,9 @@ TEST_F(PaletteCommands, SortsAndLeavesOutNearDoubles) {
               "#0000ff  Deep \u00FCber blue\n#00ff00  Green\n#fe0000  Nearly red\n#ff0000  Red\n");
     EXPECT_EQ(run({"convert", "--list", "--sort", "hue", "--dedupe", "1", hex, gpl}).out,
               "#fe0000  Nearly red\n#00ff00  Green\n#0000ff  Deep \u00FCber blue\n");
+    const std::string grey = write("grey.txt", "#808080 Grey\n");
+    EXPECT_EQ(run({"convert", "--list", "--sort", "hue", hex, grey}).out,
+              "#808080  Grey\n#fe0000  Nearly red\n#00ff00  Green\n");
 }
 
 TEST_F(PaletteCommands, JsonTellsWhatTheFileHolds) {
@@ -145,6 +148,22 @@ TEST_F(PaletteCommands, LoadNoToolkit) {
 #endif
     EXPECT_THAT(result.err, Not(HasSubstr("Qt6")));
     EXPECT_THAT(result.err, Not(HasSubstr("Chromalog.so")));
+}
+
+TEST_F(PaletteCommands, ControlCharactersOfANameDoNotReachTheTerminal) {
+    const std::string name = write("odd.gpl", "GIMP Palette\n1 2 3\tnext\u0085line \u00A9\n");
+    EXPECT_EQ(run({"convert", "--list", name}).out, "#010203  next line \u00A9\n");
+}
+
+TEST_F(PaletteCommands, AReferenceToABookIsNearNothing) {
+    const std::string references = write("book.aco", {"\0\1\0\2"
+                                                      "\x0B\xB8 71-1D\0\0"
+                                                      "\0\0\xFF\xFF\xFF\xFF\xFF\xFF\0\0",
+                                                      24});
+    EXPECT_EQ(run({"convert", "--list", references}).out, "-------\n#ffffff\n") << "it is read as one";
+    const ProgramResult nearest = run({"nearest", "#000000", references, "-n", "2"});
+    EXPECT_THAT(nearest.out, HasSubstr("#ffffff"));
+    EXPECT_THAT(nearest.out, Not(HasSubstr("-------")));
 }
 
 } // namespace

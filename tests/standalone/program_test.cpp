@@ -1,7 +1,9 @@
 // The program as a person or a script runs it, with a picker that has no dialog.
 #include "support/run_program.h"
+#include "support/temporary_folder.h"
 
 #include <filesystem>
+#include <fstream>
 #include <gmock/gmock.h>
 #include <unistd.h>
 
@@ -325,6 +327,16 @@ TEST(Program, WithoutCopiesThereIsNothingToRecover) {
     EXPECT_EQ(result.out, "");
     EXPECT_THAT(result.err, HasSubstr("no earlier lists"));
     EXPECT_FALSE(std::filesystem::exists("/nowhere"));
+}
+
+TEST(Program, ACopyThatIsDamagedIsListedAsThat) {
+    const test::TemporaryFolder folder;
+    const std::filesystem::path lists = folder / "Quorvex";
+    std::filesystem::create_directories(lists);
+    std::ofstream(lists / "com_Quorvex_Chromalog_64_3-50.prf.before") << "short";
+    const ProgramResult result = run({"recover", "--list", "--data-dir", folder.path()});
+    EXPECT_EQ(result.out, "before  damaged\n");
+    EXPECT_EQ(result.exitCode, 0) << result.err;
 }
 
 TEST(Program, HelpAndVersionGoToStandardOutput) {

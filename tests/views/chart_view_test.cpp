@@ -41,6 +41,7 @@ TEST_P(ChartView, DraggingBeforeAnyClickCarriesNothing) {
 
 TEST_P(ChartView, AClickPicksThePixelUnderThePointer) {
     chart.mouseDown({{5.9, 10.2}}); // row 32 - 10.2 = 21.8
+    EXPECT_EQ(host.announcements, 1) << "what it holds is another colour";
     EXPECT_TRUE(chart.selectedColor()->sameRgb(pixel(5, 21)));
     chart.mouseDown({{0, 32}});
     EXPECT_TRUE(chart.selectedColor()->sameRgb(pixel(0, 0)));
