@@ -49,6 +49,25 @@ TEST_F(PickFailures, NoMemoryInTheDialogIsTheResultForNoMemory) {
     expectNextPickWorks();
 }
 
+TEST_F(PickFailures, ThePickEndsBeforeItsListsAreStored) {
+    bool stored = true;
+    pick([&](ChromalogControler& c, HeadlessDesktop& d) {
+        d.whenStopped = [&] { stored = std::filesystem::exists(preferences()); };
+        c.okPressed();
+    });
+    EXPECT_FALSE(stored) << "it ends also where they cannot be";
+    EXPECT_TRUE(std::filesystem::exists(preferences()));
+}
+
+TEST_F(PickFailures, NobodyListensToADesktopWhoseDialogIsGone) {
+    bool listens = true;
+    pick([&listens](ChromalogControler&, HeadlessDesktop& d) {
+        const auto last = [&listens, &d](void*) { listens = static_cast<bool>(d.status.onChange); };
+        d.whenStopped = [goesWithTheDesktop = std::shared_ptr<void>(nullptr, last)] {};
+    });
+    EXPECT_FALSE(listens);
+}
+
 /// The stand-alone host, asked for a colour of the screen.
 const StandaloneSuite3 kScreenHost{
     {{[](const char* key) -> const char* { return std::string_view(key) == "pick" ? "1" : nullptr; }}},

@@ -12,7 +12,18 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/syscall.h>
 #include <unistd.h>
+
+namespace {
+int flushes = 0;
+}
+
+/// In place of the C library's: counts, and does the same.
+extern "C" int fsync(int fd) {
+    ++flushes;
+    return static_cast<int>(::syscall(SYS_fsync, fd));
+}
 
 namespace chromalog {
 namespace {
@@ -57,6 +68,12 @@ TEST_F(StoredListTest, PalettesOfEverySizeComeBackAsTheyAre) {
             EXPECT_THAT(replaceStoredList(list, palette), IsEmpty()) << count;
             EXPECT_EQ(readStoredList(list), palette) << count;
         }
+}
+
+TEST_F(StoredListTest, AListIsOnTheDiskBeforeItIsCalledStored) {
+    flushes = 0;
+    replaceStoredList(1, numbered("Mine", 3));
+    EXPECT_GE(flushes, 2) << "the file, and the folder that holds its name";
 }
 
 TEST_F(StoredListTest, WithoutAFileBothListsAreEmpty) {

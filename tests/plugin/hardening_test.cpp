@@ -54,6 +54,14 @@ TEST_P(Hardening, LibrariesAreLookedForInTheSystemAndTheBuildAlone) {
     EXPECT_THAT(file.searchPaths(), Each(AnyOf(StartsWith("$ORIGIN"), StartsWith(CHROMALOG_BUILD_FOLDER))));
 }
 
+TEST_P(Hardening, OfItsOwnItShowsItsEntriesAtMost) {
+    const bool isProgram = GetParam().entry == std::string("main"); // which shows what its libraries ask for
+    for (const std::string& symbol : file.exportedSymbols())
+        EXPECT_TRUE(isProgram ? symbol.find("9chromalog") == symbol.npos
+                              : symbol == GetParam().entry || symbol == "chromalogReadForm")
+            << symbol;
+}
+
 TEST_P(Hardening, JumpsLandOnlyWhereFunctionsBegin) {
 #if defined(__x86_64__)
     EXPECT_EQ(file.codeOf(GetParam().entry, 4), "\xF3\x0F\x1E\xFA") << "endbr64 at " << GetParam().entry;

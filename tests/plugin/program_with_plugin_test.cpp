@@ -125,6 +125,16 @@ TEST_F(ProgramWithPlugIn, WithoutItsPlayerAPlugInReadsNoInterfaceFiles) {
                 HasSubstr("interface files cannot be read: " + (folder / "ChromalogDrive.so").string()));
 }
 
+TEST_F(ProgramWithPlugIn, WithoutItsPlayerAPlugInShowsItsDialogWhereNoScriptIsAskedFor) {
+    const fs::path alone = folder / "Chromalog.so";
+    fs::copy_file(CHROMALOG_MODULE, alone);
+    const ProgramResult result =
+        runProgram({"timeout", "--preserve-status", "-s", "KILL", "1", CHROMALOG_PROGRAM, "--data-dir",
+                    (folder / "data").string(), "--plugin", alone.string()},
+                   {{"QT_QPA_PLATFORM", "offscreen"}});
+    EXPECT_EQ(result.exitCode, 137) << "until it is killed: " << result.err;
+}
+
 TEST_F(ProgramWithPlugIn, TheScreenshotIsAPicture) {
     const fs::path picture = folder / "dialog.png";
     EXPECT_EQ(run({"--screenshot", picture.string(), "--accept"}).exitCode, 0);

@@ -131,6 +131,8 @@ QAccessibleInterface& readingOf(QWidget& widget) {
 
 TEST_F(KeyboardTest, EitherListHasANameAndASelectionOfRows) {
     EXPECT_EQ(nameOf(readingOf(widget("swatch1"))), "Swatch list 1");
+    EXPECT_EQ(nameOf(readingOf(widget("swatch1Name"))), "Name of list 1");
+    EXPECT_EQ(nameOf(readingOf(widget("swatch2Name"))), "Name of list 2");
     controler->panels().two.view.setName("nord.aco");
     QAccessibleInterface& list = readingOf(widget("swatch2"));
     EXPECT_EQ(nameOf(list), "Swatch list 2 nord.aco");

@@ -145,6 +145,27 @@ TEST_F(ViewWidgetTest, AViewOutlivesItsWidget) {
     view.setNeedsDisplay();
 }
 
+/// Where the keyboard stands in it.
+struct MarkedView : SpyView {
+    std::optional<Rect> focusMark() const override { return Rect{20, 10, 40, 20}; }
+};
+
+TEST_F(ViewWidgetTest, WhereTheKeyboardStandsIsSeenWhileKeysAreUsed) {
+    MarkedView marked;
+    ViewWidget target;
+    target.resize(100, 50);
+    target.setView(&marked, &desktop);
+    target.show();
+    target.activateWindow();
+    target.setFocus();
+    QApplication::processEvents();
+    ASSERT_TRUE(target.hasFocus());
+    const auto shown = [&target] { return target.grab().toImage(); };
+    const QImage byMouse = shown();
+    target.window()->setAttribute(Qt::WA_KeyboardFocusChange);
+    EXPECT_NE(shown(), byMouse);
+}
+
 /// Takes files, and tells the key.
 struct FileTaker : SpyView {
     bool acceptsFiles() const override { return true; }

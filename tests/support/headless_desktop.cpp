@@ -95,6 +95,7 @@ std::int64_t HeadlessDesktop::runModal(Window&) {
 void HeadlessDesktop::stopModal(std::int64_t code) {
     stops.push_back(code);
     stopped_ = true;
+    if (whenStopped) whenStopped();
 }
 
 void HeadlessDesktop::runAlert(const Alert& alert) {

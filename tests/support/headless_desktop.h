@@ -86,6 +86,7 @@ class HeadlessDesktop : public Desktop {
     ScreenAnswer answerScreenPick; ///< of the pick from the screen that was begun last
     std::shared_ptr<int> screenPicks = std::make_shared<int>(0); ///< under way; may be kept
     StatusLine status;
+    std::function<void()> whenStopped;         ///< called as the modal loop is told to end
     std::function<void(const Alert&)> onAlert; ///< called while the alert is up
 
     /// Answers the panel that was opened last.
