@@ -84,8 +84,7 @@ LibraryPanel& PaletteExchange::library() {
 void PaletteExchange::showLibrary(SwatchPanel& panel) {
     libraryLoadsInto_ = &panel;
     const bool isFirst = &panel == &parts_.one;
-    library().show(isFirst ? translated("A click loads into list 1.")
-                           : translated("A click loads into list 2."),
+    library().show(isFirst ? translated("A click replaces list 1.") : translated("A click replaces list 2."),
                    isFirst);
 }
 

@@ -300,7 +300,7 @@ TEST_F(PaletteExchangeTest, TheLibraryFollowsItsFolderAndAClickLoads) {
         EXPECT_EQ(d.forms.count("LibraryPanel"), 0u) << "not shown yet";
         d.forms.at("chromalogWindow")->send("showLibrary2:");
         HeadlessForm& panel = *d.forms.at("LibraryPanel");
-        EXPECT_EQ(panel.outlet<HeadlessTextField>("libraryNote").text(), "A click loads into list 2.");
+        EXPECT_EQ(panel.outlet<HeadlessTextField>("libraryNote").text(), "A click replaces list 2.");
         auto& view = dynamic_cast<LibraryView&>(*panel.views.at("library"));
         ASSERT_EQ(view.accessibleRowCount(), 2);
         EXPECT_EQ(view.accessibleRow(0).name, "a 2.aco");

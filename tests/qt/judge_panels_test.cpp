@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QDialog>
+#include <QScreen>
 #include <QTest>
 
 #include <filesystem>
@@ -71,6 +72,18 @@ TEST_F(JudgePanels, PanelsDoNotHideEachOther) {
     desktop.widget("contrastWindow")->move(5, 6);
     item("itemContrast").trigger();
     EXPECT_EQ(desktop.widget("contrastWindow")->pos(), QPoint(5, 6)) << "where a person has put it";
+}
+
+TEST_F(JudgePanels, PanelsStandWhollyOnTheScreen) {
+    makeDialog();
+    QWidget* dialog = desktop.widget("chromalogWindow");
+    dialog->show();
+    const QRect screen = dialog->screen()->availableGeometry();
+    for (const auto& [action, window] : {std::pair("itemNearestSwatches", "nearestWindow"),
+                                         std::pair("itemCompareLists", "compareWindow")}) {
+        item(action).trigger();
+        EXPECT_TRUE(screen.contains(desktop.widget(window)->frameGeometry())) << window;
+    }
 }
 
 TEST_F(JudgePanels, ANumberIsKeptForAPersonAlone) {

@@ -55,24 +55,37 @@ void WindowControl::whenClosed(std::function<void()> f) {
 
 namespace {
 
-/// Below the other panels that stand there, as far as the screen goes.
-QPoint besideOthers(const QWidget& panel, const QWidget& dialog, QPoint at, int gap) {
-    QRect wanted(at, panel.sizeHint());
-    for (const auto* other : dialog.findChildren<DialogWindow*>(Qt::FindDirectChildrenOnly))
-        if (other != &panel && other->isVisible() && other->frameGeometry().intersects(wanted))
-            wanted.moveTop(other->frameGeometry().bottom() + gap);
-    return wanted.bottom() < dialog.screen()->availableGeometry().bottom() ? wanted.topLeft() : at;
+/// What a panel will take of the screen: the size of its form, and a frame like its dialog's.
+QSize sizeOnScreen(const QWidget& panel, const QWidget& dialog) {
+    return panel.size().expandedTo(panel.minimumSizeHint()) + dialog.frameGeometry().size() - dialog.size();
+}
+
+/// Below the other panels that stand there; where the screen has no room for that, over them with their
+/// titles free.
+QPoint besideOthers(const QWidget& panel, const QWidget& dialog, QRect wanted, int gap) {
+    const int bottom = dialog.screen()->availableGeometry().bottom(), title = 32; // pixels
+    QRect below = wanted, over = wanted;
+    for (const auto* other : dialog.findChildren<DialogWindow*>(Qt::FindDirectChildrenOnly)) {
+        if (other == &panel || !other->isVisible()) continue;
+        const QRect frame = other->frameGeometry();
+        if (frame.intersects(below)) below.moveTop(frame.bottom() + gap);
+        if (frame.intersects(over)) over.moveTop(std::max(over.top(), frame.top() + title));
+    }
+    if (below.bottom() < bottom) return below.topLeft();
+    return over.bottom() < bottom ? over.topLeft() : wanted.topLeft();
 }
 
 /// Where its screen has room, to the right of the window that carries it; else over that window's right edge.
 void placeByDialog(QWidget& panel, const QWidget& dialog) {
     constexpr int gap = 8; // pixels
     const QRect around = dialog.frameGeometry(), free = dialog.screen()->availableGeometry();
-    const int width = panel.sizeHint().width() + gap, most = free.right() - width;
+    const QSize size = sizeOnScreen(panel, dialog);
+    const int width = size.width() + gap, most = free.right() - width;
     const bool fits = around.right() + gap <= most;
     const int left = fits ? around.right() + gap : std::min(most, around.right() - width);
-    const int top = dialog.geometry().top() + (fits ? 0 : gap);
-    panel.move(besideOthers(panel, dialog, {left, std::max(free.top(), top)}, gap));
+    const int top = std::min(dialog.geometry().top() + (fits ? 0 : gap), free.bottom() - size.height());
+    panel.move(
+        besideOthers(panel, dialog, {{std::max(free.left(), left), std::max(free.top(), top)}, size}, gap));
 }
 
 } // namespace
@@ -117,8 +130,7 @@ void WindowControl::standBeside(Window& other, bool left) {
     const auto* beside = dynamic_cast<WindowControl*>(&other);
     if (!widget_ || !beside || !beside->dialog()) return;
     const QDialog& dialog = *beside->dialog();
-    const QSize frame = dialog.frameSize() - dialog.size(); // not known yet of a window that has not shown
-    const auto place = placeBeside(dialog.frameGeometry(), widget_->size() + frame,
+    const auto place = placeBeside(dialog.frameGeometry(), sizeOnScreen(*widget_, dialog),
                                    dialog.screen()->availableGeometry(), left);
     if (place) widget_->move(*place);
 }
