@@ -85,6 +85,13 @@ TEST_F(DriveLists, APressFindsAnOperationInTheMenuOfAButton) {
     EXPECT_EQ(state()["outlets"]["findColor1"]["class"], "QLineEdit") << "whichever class shows it";
 }
 
+TEST_F(DriveLists, TheStoredCountIsTheRecordsOwn) {
+    playWell("choose $/five.aco\npress loadSwatch1:\npress killSwatch1:\nstate $/state.json\n");
+    const json list = state()["lists"][0];
+    EXPECT_EQ(list["viewCount"], 0);
+    EXPECT_EQ(list["storedCount"], 5) << "until the next change is stored";
+}
+
 TEST_F(DriveLists, ThePanelIsAnsweredBeforeOrAfterItOpens) {
     for (const char* script : {"choose $/five.aco\npress loadSwatch1:\nstate $/state.json\n",
                                "press loadSwatch1:\nchoose $/five.aco\nstate $/state.json\n"}) {
