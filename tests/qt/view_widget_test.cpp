@@ -10,7 +10,6 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QHelpEvent>
-#include <QMimeData>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QToolTip>
@@ -122,75 +121,6 @@ TEST_F(ViewWidgetTest, HidingTheViewHidesTheWidget) {
     EXPECT_TRUE(widget.isHidden());
     view.setHidden(false);
     EXPECT_FALSE(widget.isHidden());
-}
-
-TEST_F(ViewWidgetTest, AViewIsPaintedWhereItAsksForIt) {
-    int paints = 0;
-    view.draw = [&paints](Canvas&) { ++paints; };
-    show();
-    QApplication::processEvents();
-    const int before = paints;
-    view.setNeedsDisplay();
-    QApplication::processEvents();
-    EXPECT_GT(paints, before);
-}
-
-TEST_F(ViewWidgetTest, AViewOutlivesItsWidget) {
-    {
-        ViewWidget gone;
-        gone.setView(&view, &desktop);
-        EXPECT_EQ(view.host(), &gone);
-    }
-    EXPECT_EQ(view.host(), nullptr);
-    view.setNeedsDisplay();
-}
-
-/// Where the keyboard stands in it.
-struct MarkedView : SpyView {
-    std::optional<Rect> focusMark() const override { return Rect{20, 10, 40, 20}; }
-};
-
-TEST_F(ViewWidgetTest, WhereTheKeyboardStandsIsSeenWhileKeysAreUsed) {
-    MarkedView marked;
-    ViewWidget target;
-    target.resize(100, 50);
-    target.setView(&marked, &desktop);
-    target.show();
-    target.activateWindow();
-    target.setFocus();
-    QApplication::processEvents();
-    ASSERT_TRUE(target.hasFocus());
-    const auto shown = [&target] { return target.grab().toImage(); };
-    const QImage byMouse = shown();
-    target.window()->setAttribute(Qt::WA_KeyboardFocusChange);
-    EXPECT_NE(shown(), byMouse);
-}
-
-/// Takes files, and tells the key.
-struct FileTaker : SpyView {
-    bool acceptsFiles() const override { return true; }
-    bool filesDropped(const std::vector<std::string>& files, bool shift) override {
-        calls.push_back(files.at(0) + (shift ? " shift" : ""));
-        return true;
-    }
-};
-
-TEST_F(ViewWidgetTest, AFileIsDroppedWithItsKey) {
-    FileTaker taker;
-    taker.takesColours = true;
-    ViewWidget target;
-    target.resize(100, 50);
-    target.setView(&taker, &desktop);
-    target.show();
-    QMimeData files;
-    files.setUrls({QUrl::fromLocalFile("/a.aco")});
-    for (const auto modifiers : {Qt::NoModifier, Qt::ShiftModifier}) {
-        QDragEnterEvent enter({5, 5}, Qt::CopyAction, &files, Qt::LeftButton, modifiers);
-        QApplication::sendEvent(&target, &enter);
-        QDropEvent drop({5, 5}, Qt::CopyAction, &files, Qt::LeftButton, modifiers);
-        QApplication::sendEvent(&target, &drop);
-    }
-    EXPECT_THAT(taker.calls, testing::IsSupersetOf({"/a.aco", "/a.aco shift"}));
 }
 
 TEST_F(ViewWidgetTest, TheDisplayLayerStandsOverThePictureOnTheScreenAlone) {

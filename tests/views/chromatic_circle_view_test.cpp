@@ -390,33 +390,5 @@ TEST_F(ChromaticCircleView, TellsAssistiveTechnologyTheSecondColour) {
     ASSERT_TRUE(view.focusMark());
 }
 
-TEST_F(ChromaticCircleView, OnAnyScreenThePictureIsAtMostFourTimesAsSharp) {
-    SharpCanvas canvas;
-    canvas.scale = 1000;
-    view.drawRect(canvas);
-    ASSERT_FALSE(canvas.bitmaps.empty());
-    EXPECT_LE(canvas.bitmaps.back().width, 4 * 200);
-}
-
-/// Takes every press, and counts what it gets of the drag.
-struct Taker : WheelTool {
-    bool takesPress(Point) override { return true; }
-    void handleDragged(Point) override { ++drags; }
-    void handleReleased() override { ++releases; }
-    int drags = 0, releases = 0;
-};
-
-TEST_F(ChromaticCircleView, AToolThatIsTakenAwayGetsNoMoreOfItsDrag) {
-    Taker tool;
-    view.addTool(tool);
-    view.mouseDown({{100, 100}});
-    view.mouseDragged({{101, 100}});
-    view.removeTool(tool);
-    view.mouseDragged({{102, 100}});
-    view.mouseUp({});
-    EXPECT_EQ(tool.drags, 1);
-    EXPECT_EQ(tool.releases, 0);
-}
-
 } // namespace
 } // namespace chromalog
