@@ -88,6 +88,8 @@ TEST_F(PaletteCommands, InkTakesTheProfileThatIsNamed) {
 TEST_F(PaletteCommands, AMistakeIsOneLineAndWritesNothing) {
     const std::string kept = write("kept.gpl", "kept");
     const std::string broken = write("broken.soc", "<?xml version='1.0'?><a:color-table><");
+    const std::string empty = write("empty.css", ""), headed = write("headed.gpl", "GIMP Palette\n");
+    const std::string noise = write("noise", "\x13zq\n\x91\xF7--\n");
     write("long.gpl", "GIMP Palette\n");
     std::filesystem::resize_file(path("long.gpl"), std::uintmax_t{1} << 30);
     const std::pair<Words, std::string> cases[]{
@@ -106,6 +108,12 @@ TEST_F(PaletteCommands, AMistakeIsOneLineAndWritesNothing) {
         {{"convert", gpl, path("no/folder.gpl")}, "cannot write "},
         {{"convert", "--sort", "size", gpl, kept}, "--sort: size "},
         {{"convert", "--dedupe", "-1", gpl, kept}, "--dedupe: "},
+        {{"convert", empty, kept}, empty + ": it holds no colors\n"},
+        {{"convert", empty, headed, kept}, "none of the 2 files holds a color\n"},
+        {{"convert", headed, kept}, headed + ": it holds no colors\n"},
+        {{"convert", "--from", "css", noise, kept}, noise + ": it holds no colors\n"},
+        {{"convert", "--from", "paintnet", noise, kept}, noise + ": it holds no colors that can be read\n"},
+        {{"nearest", "red", empty}, empty + ": it holds no colors\n"},
         {{"nearest", "bleu", gpl}, "not a colour: bleu\n"},
         {{"nearest", "#fff"}, "FILE is required\n"},
         {{"nearest", "#fff", gpl, "-n", "0"}, "-n: "},
@@ -122,6 +130,21 @@ TEST_F(PaletteCommands, AMistakeIsOneLineAndWritesNothing) {
         runProgram({"sh", "-c", std::string(CHROMALOG_PROGRAM) + " convert --list " + gpl + " > /dev/full"})
             .exitCode,
         2);
+}
+
+TEST_F(PaletteCommands, AFileWithoutColoursBesideAnotherIsNoMistakeNorIsAListOfNone) {
+    const std::string empty = write("empty.css", "");
+    EXPECT_EQ(run({"convert", empty, hex, path("out.hex")}).exitCode, 0);
+    EXPECT_EQ(contents("out.hex"), "#00ff00 Green\n#fe0000 Nearly red\n");
+    EXPECT_THAT(run({"nearest", "red", empty, hex}).out, HasSubstr("Nearly red"));
+    const ProgramResult json = run({"convert", "--json", empty});
+    EXPECT_EQ(json.out, "[]\n");
+    EXPECT_EQ(json.exitCode, 0);
+    EXPECT_EQ(run({"convert", "--list", empty}).exitCode, 0);
+    const std::string some = write("some.txt", "; paint.net Palette File\nFF102030\nGG\n");
+    const ProgramResult part = run({"convert", "--list", "--from", "paintnet", some});
+    EXPECT_EQ(part.err, "chromalog: " + some + ": 1 color could not be read\n");
+    EXPECT_EQ(part.out, "#102030\n");
 }
 
 // Pairs of the published test data that lie inside sRGB.

@@ -19,12 +19,36 @@ namespace chromalog::standalone {
 
 namespace {
 
-Palette readAll(const std::vector<std::string>& files, const std::string& from) {
+std::string unreadLine(const std::string& file, std::size_t unread) {
+    return named(file) + ": " + std::to_string(unread) + (unread == 1 ? " color" : " colors") +
+           " could not be read";
+}
+
+std::string noColours(const std::vector<std::string>& files, bool someUnread) {
+    const std::string readable = someUnread ? " that can be read" : "";
+    if (files.size() > 1)
+        return "none of the " + std::to_string(files.size()) + " files holds a color" + readable;
+    return named(files.front()) + ": it holds no colors" + readable;
+}
+
+enum class WithoutColours { shown, refused };
+
+/// All files as one palette; says what of them could not be read.
+Palette readAll(const std::vector<std::string>& files, const std::string& from, WithoutColours none) {
     const PaletteInput input(from);
     std::vector<Palette> palettes;
-    for (const std::string& file : files)
-        palettes.push_back(input.read(file));
-    return joined(std::move(palettes));
+    std::vector<std::string> unread;
+    for (const std::string& file : files) {
+        ReadPalette read = input.read(file);
+        if (read.unread > 0) unread.push_back(unreadLine(file, read.unread));
+        palettes.push_back(std::move(read.palette));
+    }
+    Palette all = joined(std::move(palettes));
+    if (all.colours.empty() && none == WithoutColours::refused)
+        throw std::runtime_error(noColours(files, !unread.empty()));
+    for (const std::string& line : unread)
+        say(line);
+    return all;
 }
 
 void print(std::string_view text) {
@@ -71,14 +95,15 @@ void runConvert(const ConvertRequest& request) {
     Ink ink(request.cmykProfile);
     std::vector<std::string> inputs = request.files;
     if (request.list || request.json) {
-        Palette palette = readAll(inputs, request.from);
+        Palette palette = readAll(inputs, request.from, WithoutColours::shown);
         prepare(palette, request, ink.converter());
         return print(request.json ? jsonOf(palette, ink.converter()) : tableOf(palette, ink.converter()));
     }
     const std::string output = inputs.back();
     inputs.pop_back();
     const PaletteFormat format = formatOfOutput(output, request.to);
-    Palette palette = readAll(inputs, request.from);
+    Palette palette =
+        readAll(inputs, request.from, WithoutColours::refused); // an empty one would only empty OUT
     prepare(palette, request, ink.converter());
     const FittedPalette fitted = fitPalette(palette, format, ink.converter());
     writeOut(output, rulesOf(format).write(fitted.palette));
@@ -89,7 +114,7 @@ void runNearest(const NearestRequest& request) {
     const auto colour = readCssColour(request.colour);
     if (!colour) throw std::runtime_error("not a colour: " + request.colour);
     Ink ink(request.cmykProfile);
-    const Palette all = readAll(request.files, request.from);
+    const Palette all = readAll(request.files, request.from, WithoutColours::refused);
     const Palette palette = withoutReferences(all, all.colours.size()).palette;
     const auto labs = labsOf(palette, ink.converter());
     std::string text;

@@ -1,7 +1,6 @@
 #include "standalone/palettes/palette_input.h"
 
 #include "files/file_io.h"
-#include "standalone/standard_streams.h"
 
 #include <cerrno>
 #include <unistd.h>
@@ -32,23 +31,19 @@ std::vector<std::uint8_t> contentsOf(const std::string& path) {
     return std::move(*bytes);
 }
 
+} // namespace
+
 std::string named(const std::string& path) {
     return path == kStandardStream ? "standard input" : path;
 }
 
-} // namespace
-
-Palette PaletteInput::read(const std::string& path) const {
+ReadPalette PaletteInput::read(const std::string& path) const {
     const auto bytes = contentsOf(path);
     if (bytes.size() > kLongestRead) throw std::runtime_error(named(path) + ": too long for a palette");
     const auto format = from_.empty() ? formatOfContents(bytes, path) : formatOfWord(from_);
     if (!format) throw std::runtime_error(named(path) + ": no palette of a kind that is known here");
     try {
-        ReadPalette read = rulesOf(*format).read(bytes);
-        if (read.unread > 0)
-            say(named(path) + ": " + std::to_string(read.unread) + (read.unread == 1 ? " color" : " colors") +
-                " could not be read");
-        return std::move(read.palette);
+        return rulesOf(*format).read(bytes);
     } catch (const PaletteError& error) {
         throw std::runtime_error(named(path) + ": " + error.what());
     }

@@ -16,12 +16,14 @@ class PaletteInput {
     /// `from`: a format's word in place of what the contents tell; may be empty.
     explicit PaletteInput(std::string from) : from_(std::move(from)) {}
 
-    /// Says what of it could not be read.
-    Palette read(const std::string& path) const;
+    ReadPalette read(const std::string& path) const;
 
   private:
     std::string from_;
 };
+
+/// What a person calls the file.
+std::string named(const std::string& path);
 
 /// All colours of several palettes in their order; the first title there is.
 Palette joined(std::vector<Palette> palettes);
