@@ -6,6 +6,7 @@
 #include "standalone/standard_streams.h"
 
 #include <CLI/CLI.hpp>
+#include <cmath>
 #include <iostream>
 
 namespace chromalog::standalone {
@@ -37,6 +38,15 @@ CLI::Validator quiet(CLI::Validator check) {
     return check.description("");
 }
 
+/// A finite one; the parser's own check would tell of the largest number there is, in 309 digits.
+const CLI::Validator kDifference(
+    [](std::string& text) {
+        double value = 0;
+        const bool good = CLI::detail::lexical_cast(text, value) && std::isfinite(value) && value >= 0;
+        return good ? std::string() : text + " is no difference: a number from 0 on";
+    },
+    "");
+
 void addCommon(CLI::App& app, std::string& from, std::string& profile) {
     app.set_help_flag("--help", "Print this text");
     app.add_option("--from", from, "Read every file as this kind, whatever it holds")
@@ -62,7 +72,7 @@ void addConvert(CLI::App& app, ConvertRequest& request) {
         ->type_name("name|hue|lightness");
     app.add_option("--dedupe", request.dedupe,
                    "Leave out what differs from an earlier colour by at most N (CIEDE2000)")
-        ->check(quiet(CLI::NonNegativeNumber))
+        ->check(kDifference)
         ->type_name("N");
     app.add_flag("--list", request.list, "Write no file: print hexes and names");
     app.add_flag("--json", request.json, "Write no file: print the colours as JSON");
