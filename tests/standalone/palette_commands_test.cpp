@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
 namespace chromalog {
 namespace {
@@ -150,6 +151,14 @@ TEST_F(PaletteCommands, AFileWithoutColoursBesideAnotherIsNoMistakeNorIsAListOfN
     const ProgramResult part = run({"convert", "--list", "--from", "paintnet", some});
     EXPECT_EQ(part.err, "chromalog: " + some + ": 1 color could not be read\n");
     EXPECT_EQ(part.out, "#102030\n");
+}
+
+TEST_F(PaletteCommands, WhereAPipeIsNamedTheyTellOfTheDash) {
+    ASSERT_EQ(::mkfifo(path("pipe").c_str(), 0600), 0);
+    const ProgramResult result = run({"convert", "--list", path("pipe")});
+    EXPECT_EQ(result.err, "chromalog: cannot read " + path("pipe") +
+                              ": it is no regular file; - stands for standard input\n");
+    EXPECT_EQ(result.exitCode, 2);
 }
 
 // Pairs of the published test data that lie inside sRGB.

@@ -27,8 +27,11 @@ std::vector<std::uint8_t> readStandardInput() {
 std::vector<std::uint8_t> contentsOf(const std::string& path) {
     if (path == kStandardStream) return readStandardInput();
     auto bytes = readDataFromFileAtURL(path, kTooLong);
-    if (!bytes) throw std::runtime_error("cannot read " + path + ": " + reasonOf(errno));
-    return std::move(*bytes);
+    if (bytes) return std::move(*bytes);
+    const bool pipeOrDevice = errno == EOPNOTSUPP;
+    throw std::runtime_error(
+        "cannot read " + path + ": " +
+        (pipeOrDevice ? "it is no regular file; - stands for standard input" : reasonOf(errno)));
 }
 
 } // namespace
