@@ -7,6 +7,7 @@
 #include <cstring>
 #include <fcntl.h>
 #include <iostream>
+#include <stdexcept>
 #include <unistd.h>
 
 namespace chromalog::standalone {
@@ -30,6 +31,14 @@ void holdStandardStreams() {
 std::string flushStandardOutput() {
     if (std::cout.flush()) return {};
     return std::string("cannot write to standard output: ") + std::strerror(errno);
+}
+
+void finishStandardOutput() {
+    const std::string failure = flushStandardOutput();
+    const bool unread = errno == EPIPE;
+    if (failure.empty()) return;
+    if (unread) throw NobodyReads();
+    throw std::runtime_error(failure);
 }
 
 void say(std::string_view text) {

@@ -13,6 +13,12 @@ void holdStandardStreams();
 /// Empty where everything printed so far has reached standard output; else what went wrong, in one line.
 std::string flushStandardOutput();
 
+struct NobodyReads {};
+
+/// The same for commands that belong into pipes: throws NobodyReads where the reader has gone (head has seen
+/// enough), std::runtime_error where anything else went wrong.
+void finishStandardOutput();
+
 /// One line on standard error. Control characters are shown as numbers: texts of the plug-in and names of
 /// files are among what is said, and a terminal would obey them.
 void say(std::string_view text);

@@ -2,10 +2,12 @@
 #include "support/run_program.h"
 #include "support/temporary_folder.h"
 
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <gmock/gmock.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace chromalog {
 namespace {
@@ -151,6 +153,21 @@ TEST_F(PaletteCommands, AFileWithoutColoursBesideAnotherIsNoMistakeNorIsAListOfN
     const ProgramResult part = run({"convert", "--list", "--from", "paintnet", some});
     EXPECT_EQ(part.err, "chromalog: " + some + ": 1 color could not be read\n");
     EXPECT_EQ(part.out, "#102030\n");
+}
+
+TEST_F(PaletteCommands, WhereNobodyReadsTheyEndQuietly) {
+    int pipe[2];
+    ASSERT_EQ(::pipe(pipe), 0);
+    ::close(pipe[0]);
+    const std::string program = "exec '" CHROMALOG_PROGRAM "' ", where = " >&" + std::to_string(pipe[1]);
+    for (const std::string& words :
+         {"convert --list " + gpl, "convert --json " + gpl, "convert --to css " + gpl + " -",
+          "nearest red " + gpl, std::string("convert --help")}) {
+        const ProgramResult result = runProgram({"sh", "-c", program + words + where});
+        EXPECT_EQ(result.err, "") << words;
+        EXPECT_EQ(result.exitCode, 128 + SIGPIPE) << words;
+    }
+    ::close(pipe[1]);
 }
 
 TEST_F(PaletteCommands, WhereAPipeIsNamedTheyTellOfTheDash) {

@@ -54,8 +54,7 @@ Palette readAll(const std::vector<std::string>& files, const std::string& from, 
 void print(std::string_view text) {
     const SizeLimitSignalBlock onlyFails;
     std::cout.write(text.data(), static_cast<std::streamsize>(text.size()));
-    if (const std::string failure = flushStandardOutput(); !failure.empty())
-        throw std::runtime_error(failure);
+    finishStandardOutput();
 }
 
 PaletteFormat formatOfOutput(const std::string& path, const std::string& to) {

@@ -23,7 +23,7 @@ struct NearestRequest {
     int count = 1;
 };
 
-/// Both throw std::runtime_error with one line.
+/// Both throw std::runtime_error with one line, and NobodyReads.
 void runConvert(const ConvertRequest&);
 void runNearest(const NearestRequest&);
 

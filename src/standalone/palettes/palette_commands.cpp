@@ -7,6 +7,7 @@
 
 #include <CLI/CLI.hpp>
 #include <cmath>
+#include <csignal>
 #include <iostream>
 
 namespace chromalog::standalone {
@@ -92,17 +93,28 @@ int complain(const std::string& text) {
     return 2;
 }
 
+/// Prints the help.
+int show(const CLI::App& app, const CLI::Success& wanted) {
+    const SizeLimitSignalBlock onlyFails;
+    const int exitCode = app.exit(wanted);
+    finishStandardOutput();
+    return exitCode;
+}
+
+constexpr int kNobodyReads = 128 + SIGPIPE; // what a shell tells of a program that the signal ends
+
 /// Parses, then runs.
 template <typename Run> int run(CLI::App& app, int argc, const char* const* argv, const Run& command) {
     try {
-        app.parse(argc, argv);
+        try {
+            app.parse(argc, argv);
+        } catch (const CLI::Success& wanted) {
+            return show(app, wanted);
+        }
         command();
         return 0;
-    } catch (const CLI::Success& wanted) {
-        const SizeLimitSignalBlock onlyFails;
-        const int exitCode = app.exit(wanted);
-        const std::string failure = flushStandardOutput();
-        return failure.empty() ? exitCode : complain(failure);
+    } catch (const NobodyReads&) {
+        return kNobodyReads;
     } catch (const CLI::ParseError& error) {
         return complain(error.what());
     } catch (const std::runtime_error& error) {
