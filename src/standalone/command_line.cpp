@@ -172,8 +172,9 @@ std::string missingValue(const CLI::App& app, const std::vector<std::string>& wo
         const CLI::Option* option = optionNamed(app, words[i]);
         if (!option) continue;
         const bool hasNext = i + 1 < words.size() && !optionNamed(app, words[i + 1]);
-        const bool assigns = words[i].find('=') != std::string::npos;
-        if (assigns ? words[i].ends_with('=') : takesValue(*option) && !hasNext)
+        const std::size_t sign = words[i].find('=');
+        const bool assigns = sign != std::string::npos;
+        if (assigns ? sign + 1 == words[i].size() : takesValue(*option) && !hasNext)
             return option->get_name() + " lacks its value: " + valueKind(*option);
         if (!assigns && takesValue(*option)) ++i;
     }

@@ -144,6 +144,10 @@ TEST(Program, AValueMayLookLikeAnythingButAnOption) {
     EXPECT_EQ(run({"--color=red", "--data-dir", "--nowhere"}).out, "#ff0000\n");
     EXPECT_EQ(run({"--data-dir=--accept", "--color", "red"}).out, "#ff0000\n");
     EXPECT_EQ(run({"--data-dir", "a=b", "--color", "red"}).out, "#ff0000\n");
+    const test::TemporaryFolder folder;
+    const ProgramResult ending = run({"--data-dir=" + std::string(folder / "a="), "--color", "red"});
+    EXPECT_EQ(ending.out, "#ff0000\n") << ending.err;
+    EXPECT_TRUE(std::filesystem::is_directory(folder / "a="));
 }
 
 /// The program behind a shell's redirection.
