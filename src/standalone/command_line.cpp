@@ -30,7 +30,7 @@ std::string knownLanguage(const std::string& code) {
     std::string all;
     for (const std::string_view known : kLanguages)
         all.append(all.empty() ? "" : ", ").append(known);
-    return "no language " + code + " is known; these are: " + all;
+    return "no language " + (code.empty() ? "''" : code) + " is known; these are: " + all;
 }
 
 const CLI::Validator kPictureFile(

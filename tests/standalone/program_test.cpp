@@ -116,6 +116,7 @@ TEST(Program, ABadArgumentIsOneLineAndExit2) {
         {{"--cmyk-profile", "/nowhere/profile.icc"}, "/nowhere/profile.icc"},
         {{"--language", "it"}, "no language it is known; these are: en, de, fr"},
         {{"--language", "DE"}, "no language DE is known; these are: en, de, fr"},
+        {{"--language", ""}, "no language '' is known; these are: en, de, fr"},
         {{"--language"}, "--language lacks its value: en|de|fr"},
         {{"--cmyk-profile", TEST_PICKER_MODULE},
          "cannot read a colour profile from " TEST_PICKER_MODULE ": "},
