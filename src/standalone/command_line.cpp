@@ -244,6 +244,15 @@ int show(const CLI::App& app, const CLI::Success& wanted) {
     return failure.empty() ? exitCode : complain(failure);
 }
 
+/// Options that exclude one another; empty where there are none. What presses a button at once would not
+/// find it behind the Import.
+std::string excluded(const std::map<std::string, std::string>& given) {
+    const bool accept = given.contains("accept"), cancel = given.contains("cancel");
+    if (accept && cancel) return "--accept excludes --cancel";
+    if (!given.contains("import") || !(accept || cancel)) return {};
+    return std::string(accept ? "--accept" : "--cancel") + " excludes FILE";
+}
+
 std::string wrongColour(const std::string& text) {
     const std::string missing = missingComponents(text);
     return "not a colour: " + text + (missing.empty() ? missing : "; " + missing);
@@ -295,9 +304,9 @@ std::optional<CommandLine> parseCommandLine(int argc, const char* const* argv, i
     readTables(line);
     completePick(*app.get_subcommand(kPick), line);
     const auto parsed = readColour(colour, line.scale);
-    const bool both = line.given.contains("accept") && line.given.contains("cancel");
-    if (!parsed || both) {
-        exitCode = complain(both ? "--accept excludes --cancel" : wrongColour(colour));
+    const std::string wrong = excluded(line.given);
+    if (!parsed || !wrong.empty()) {
+        exitCode = complain(wrong.empty() ? wrongColour(colour) : wrong);
         return std::nullopt;
     }
     line.colour = *parsed;

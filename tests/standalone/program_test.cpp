@@ -93,6 +93,8 @@ TEST(Program, ABadArgumentIsOneLineAndExit2) {
         {{"--zork"}, "--zork"},
         {{"word"}, "word"},
         {{"--accept", "--cancel"}, "--accept excludes --cancel\n"},
+        {{TEST_PICKER_MODULE, "--accept"}, "chromalog: --accept excludes FILE\n"},
+        {{"--cancel", TEST_PICKER_MODULE}, "chromalog: --cancel excludes FILE\n"},
         {{"--picks", "0"}, "--picks"},
         {{"--picks", "many"}, "--picks"},
         {{"--host-version", "0"}, "--host-version"},
