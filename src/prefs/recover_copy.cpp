@@ -27,10 +27,10 @@ Recovery failed(const std::string& what) {
 
 } // namespace
 
-Recovery recoverCopy(const std::string& preferences, std::string name) {
-    name = withoutFile(std::move(name), preferences);
+Recovery recoverCopy(const std::string& preferences, const std::string& name) {
+    const std::string own = withoutFile(name, preferences);
     const auto copies = keptCopies(preferences);
-    const auto copy = std::ranges::find(copies, name, &KeptCopy::name);
+    const auto copy = std::ranges::find(copies, own, &KeptCopy::name);
     if (copy == copies.end()) return {"no copy is named '" + name + "'"};
     const auto real = realFile(preferences);
     if (!real) return failed(preferences);

@@ -12,6 +12,6 @@ struct Recovery {
 
 /// Puts a kept copy in the place of the preferences file, which is kept first. The copy stays. `name` is its
 /// name as KeptCopy has it, with or without the file's own before it.
-Recovery recoverCopy(const std::string& preferences, std::string name);
+Recovery recoverCopy(const std::string& preferences, const std::string& name);
 
 } // namespace chromalog

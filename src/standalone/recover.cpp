@@ -25,7 +25,7 @@ std::string preferencesFile(const RecoverRequest& request) {
 }
 
 int complain(const std::string& what) {
-    std::cerr << "chromalog: " << what << '\n';
+    say(what);
     return kMistake;
 }
 

@@ -23,7 +23,8 @@ TEST_F(RecoverCopyTest, ARecoveredCopyTakesThePlaceOfTheListsWhichAreKept) {
         EXPECT_EQ(file(".before"), listsOf(1));
     }
     EXPECT_TRUE(isAnywhere(listsOf(2)));
-    EXPECT_THAT(recoverCopy(path, "kept-nothing").problem, HasSubstr("kept-nothing"));
+    for (const char* name : {"kept-nothing", "lists.prf.gone", "..", ""})
+        EXPECT_EQ(recoverCopy(path, name).problem, "no copy is named '" + std::string(name) + "'");
 }
 
 TEST_F(RecoverCopyTest, ARecoveredCopyIsNotPrunedForWhatItReplaces) {

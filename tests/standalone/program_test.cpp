@@ -111,6 +111,8 @@ TEST(Program, ABadArgumentIsOneLineAndExit2) {
         {{"recover", "--list", "before"}, "excludes"},
         {{"recover", "--list", "--data-dir", ""}, "empty"},
         {{"recover", "nothing", "--data-dir", "/nowhere"}, "nothing"},
+        {{"recover", "../../etc/passwd", "--data-dir", "/nowhere"}, "no copy is named '../../etc/passwd'\n"},
+        {{"recover", "a\x1b[31m", "--data-dir", "/nowhere"}, "no copy is named 'a\\x1b[31m'\n"},
         {{"--screenshot", "/nowhere/shot.png"}, "/nowhere"},
         {{"--screenshot", "/tmp"}, "/tmp"},
         {{"--screenshot", "shot.jpg"}, "no .png file: shot.jpg"},
