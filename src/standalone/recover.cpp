@@ -1,5 +1,6 @@
 #include "standalone/recover.h"
 
+#include "files/real_file.h"
 #include "prefs/data_directory.h"
 #include "prefs/kept_copies.h"
 #include "prefs/preferences_layout.h"
@@ -7,6 +8,7 @@
 #include "standalone/standard_streams.h"
 
 #include <cstdlib>
+#include <filesystem>
 #include <iostream>
 
 namespace chromalog::standalone {
@@ -34,11 +36,20 @@ int done() {
     return failure.empty() ? kDone : complain(failure);
 }
 
+/// Why the copies beside the file cannot be looked for; empty where they can, or no folder is there yet.
+std::string unreadable(const std::string& file) {
+    const std::string folder = folderOf(file);
+    std::error_code error;
+    const std::filesystem::directory_iterator entries(folder, error);
+    if (!error || error == std::errc::no_such_file_or_directory) return {};
+    return "cannot read " + folder + ": " + error.message();
+}
+
 int list(const std::string& file) {
     const auto copies = keptCopies(file);
     for (const KeptCopy& copy : copies)
         std::cout << copy.name << "  " << (copy.lists ? describe(*copy.lists) : "damaged") << '\n';
-    if (copies.empty()) std::cerr << "chromalog: no earlier lists are kept beside " << file << '\n';
+    if (copies.empty()) say("no earlier lists are kept beside " + file);
     return done();
 }
 
@@ -47,6 +58,7 @@ int list(const std::string& file) {
 int runRecover(const RecoverRequest& request) {
     const std::string file = preferencesFile(request);
     if (file.empty()) return complain("there is no home folder, and no --data-dir");
+    if (const std::string why = unreadable(file); !why.empty()) return complain(why);
     if (request.list) return list(file);
     const Recovery recovery = recoverCopy(file, request.name);
     if (!recovery.problem.empty()) return complain(recovery.problem);

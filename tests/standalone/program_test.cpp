@@ -113,6 +113,9 @@ TEST(Program, ABadArgumentIsOneLineAndExit2) {
         {{"recover", "nothing", "--data-dir", "/nowhere"}, "nothing"},
         {{"recover", "../../etc/passwd", "--data-dir", "/nowhere"}, "no copy is named '../../etc/passwd'\n"},
         {{"recover", "a\x1b[31m", "--data-dir", "/nowhere"}, "no copy is named 'a\\x1b[31m'\n"},
+        {{"recover", "--list", "--data-dir", TEST_PICKER_MODULE},
+         "chromalog: cannot read " TEST_PICKER_MODULE "/Quorvex: Not a directory\n"},
+        {{"recover", "before", "--data-dir", TEST_PICKER_MODULE}, "/Quorvex: Not a directory\n"},
         {{"--screenshot", "/nowhere/shot.png"}, "/nowhere"},
         {{"--screenshot", "/tmp"}, "/tmp"},
         {{"--screenshot", "shot.jpg"}, "no .png file: shot.jpg"},
@@ -336,6 +339,19 @@ TEST(Program, WithoutCopiesThereIsNothingToRecover) {
     EXPECT_EQ(result.out, "");
     EXPECT_THAT(result.err, HasSubstr("no earlier lists"));
     EXPECT_FALSE(std::filesystem::exists("/nowhere"));
+}
+
+TEST(Program, AFolderThatMayNotBeReadIsNotOneWithoutCopies) {
+    if (getuid() != 0 || !othersReach(CHROMALOG_PROGRAM)) GTEST_SKIP() << "nobody else can be played";
+    const test::TemporaryFolder folder;
+    std::filesystem::create_directories(folder / "Quorvex");
+    std::filesystem::permissions(folder / "Quorvex", std::filesystem::perms(0700));
+    std::filesystem::permissions(folder.path(), std::filesystem::perms(0755));
+    const ProgramResult other =
+        runProgram({"setpriv", "--reuid", "65534", "--clear-groups", CHROMALOG_PROGRAM, "recover", "--list",
+                    "--data-dir", folder.path()});
+    EXPECT_THAT(other.err, HasSubstr("/Quorvex: Permission denied\n"));
+    EXPECT_EQ(other.exitCode, 2);
 }
 
 TEST(Program, ACopyThatIsDamagedIsListedAsThat) {
