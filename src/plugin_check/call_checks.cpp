@@ -52,9 +52,11 @@ bool isLoaded(const std::string& module) {
 } // namespace
 
 void checkExports(Trial& trial) {
-    auto names = ElfFile(trial.request().plugin).exportedSymbols();
+    const ElfFile file(trial.request().plugin);
+    auto names = file.exportedSymbols();
     std::erase_if(names, isLoaders);
     if (std::erase(names, kPluginMainSymbol) == 0) return trial.fault("no PluginMain is exported");
+    if (file.exportsData(kPluginMainSymbol)) return trial.fault("PluginMain is data, no function");
     if (!names.empty())
         trial.fault("exports " + names.front() +
                     (names.size() > 1 ? " and " + std::to_string(names.size() - 1) + " other names" : "") +

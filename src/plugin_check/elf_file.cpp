@@ -69,6 +69,14 @@ std::vector<std::string> ElfFile::exportedSymbols() const {
     return names;
 }
 
+bool ElfFile::exportsData(const std::string& name) const {
+    return std::ranges::any_of(symbols(SHT_DYNSYM), [&name](const Symbol& symbol) {
+        const unsigned type = ELF64_ST_TYPE(symbol.entry.st_info); // code of an assembler may have none
+        return symbol.name == name && isExported(symbol.entry) &&
+               (type == STT_OBJECT || type == STT_COMMON || type == STT_TLS);
+    });
+}
+
 std::vector<std::string> ElfFile::importedSymbols() const {
     std::vector<std::string> names;
     for (const Symbol& symbol : symbols(SHT_DYNSYM))

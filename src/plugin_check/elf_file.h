@@ -15,6 +15,7 @@ class ElfFile {
 
     /// Names offered to a loader: defined, not hidden symbols of the dynamic symbol table.
     std::vector<std::string> exportedSymbols() const;
+    bool exportsData(const std::string& name) const; ///< a symbol of this name that is no code
     std::vector<std::string> importedSymbols() const;
     /// Names of all that the file holds itself, as far as it was not stripped of them.
     std::vector<std::string> ownSymbols() const;

@@ -61,17 +61,29 @@ int complain(const std::string& text) {
     return 2;
 }
 
-void listChecks() {
+void listChecks(bool json) {
+    if (json) {
+        std::cout << listAsJson();
+        return;
+    }
     for (const Check& check : checks())
         std::cout << check.name << ": " << check.proves << '\n';
 }
 
-/// Whether the file has the entry; throws std::runtime_error where it is no library.
+/// Nothing was checked: why, for people and, where it was asked for, for a program.
+int nothingChecked(const CommandLine& line, const std::string& why) {
+    if (line.json) std::cout << asJson({}, line.plan.request.plugin, why) << std::flush;
+    return complain(why);
+}
+
+/// Whether the file has an entry that can be called; throws std::runtime_error where it is no library.
 bool hasEntry(const std::string& file) {
     if (!fs::exists(file)) throw std::runtime_error(file + ": no such file");
     if (!fs::is_regular_file(file)) throw std::runtime_error(file + " is no file");
     try {
-        return std::ranges::count(ElfFile(file).exportedSymbols(), kPluginMainSymbol) > 0;
+        const ElfFile elf(file);
+        return std::ranges::count(elf.exportedSymbols(), kPluginMainSymbol) > 0 &&
+               !elf.exportsData(kPluginMainSymbol);
     } catch (const std::exception& error) {
         throw std::runtime_error(file + " is no library: " + error.what());
     }
@@ -114,7 +126,7 @@ int runAll(CommandLine& line) {
     if (!loadable) plan.checks = {checkNamed("exports")};
     const auto verdicts = carryOut(plan);
     if (std::ranges::all_of(verdicts, [](auto& verdict) { return verdict.end == Verdict::End::unable; }))
-        return complain(verdicts.front().lines.front());
+        return nothingChecked(line, verdicts.front().lines.front());
     std::cout << (line.json ? asJson(verdicts, plan.request.plugin) : asText(verdicts)) << std::flush;
     return std::cout ? exitCodeOf(verdicts) : complain("cannot write to standard output");
 }
@@ -133,14 +145,14 @@ int run(int argc, char** argv) {
         return complain(error.what());
     }
     if (line.list) {
-        listChecks();
+        listChecks(line.json);
         return 0;
     }
     if (line.plan.request.plugin.empty()) return complain("which plug-in? plugin_check FILE.so");
     try {
         return line.here.empty() ? runAll(line) : runHere(line);
     } catch (const std::exception& error) {
-        return complain(error.what());
+        return line.here.empty() ? nothingChecked(line, error.what()) : complain(error.what());
     }
 }
 

@@ -107,7 +107,23 @@ std::string asText(const std::vector<Verdict>& verdicts) {
     return text.str();
 }
 
-std::string asJson(const std::vector<Verdict>& verdicts, const std::string& plugin) {
+namespace {
+
+std::string textOf(const nlohmann::ordered_json& all) {
+    return all.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) + "\n";
+}
+
+} // namespace
+
+std::string listAsJson() {
+    nlohmann::ordered_json list = nlohmann::ordered_json::array();
+    for (const Check& check : checks())
+        list.push_back({{"name", check.name}, {"proves", check.proves}});
+    return textOf({{"checks", list}});
+}
+
+std::string asJson(const std::vector<Verdict>& verdicts, const std::string& plugin,
+                   const std::string& error) {
     nlohmann::ordered_json list = nlohmann::ordered_json::array();
     for (const Verdict& verdict : verdicts) {
         nlohmann::ordered_json one{{"name", verdict.check->name},
@@ -117,8 +133,9 @@ std::string asJson(const std::vector<Verdict>& verdicts, const std::string& plug
         if (!verdict.lines.empty()) one[verdict.end == End::failed ? "faults" : "why"] = verdict.lines;
         list.push_back(std::move(one));
     }
-    const nlohmann::ordered_json all{{"plugin", plugin}, {"checks", list}};
-    return all.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) + "\n";
+    nlohmann::ordered_json all{{"plugin", plugin}, {"checks", list}};
+    if (!error.empty()) all["error"] = error;
+    return textOf(all);
 }
 
 int exitCodeOf(const std::vector<Verdict>& verdicts) {

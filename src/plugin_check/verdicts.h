@@ -29,7 +29,9 @@ std::vector<Verdict> carryOut(const Plan&);
 
 /// A line a fault, three of a check at most, or one for a check that found none; how many of each at the end.
 std::string asText(const std::vector<Verdict>&);
-std::string asJson(const std::vector<Verdict>&, const std::string& plugin);
+/// `error`: why nothing could be checked, if so.
+std::string asJson(const std::vector<Verdict>&, const std::string& plugin, const std::string& error = {});
+std::string listAsJson(); ///< what checks there are
 /// 0 no check failed, 1 some did, 2 some could not be made.
 int exitCodeOf(const std::vector<Verdict>&);
 

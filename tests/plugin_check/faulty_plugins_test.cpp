@@ -38,6 +38,7 @@ TEST_P(FaultyPlugIn, IsCaughtByItsCheckAlone) {
 
 constexpr Faulty kFaulty[]{
     {"no_entry", "exports", "no PluginMain is exported"},
+    {"data_entry", "exports", "PluginMain is data, no function"},
     {"many_names", "exports", "exports readColours"},
     {"about_fails", "about-call", "ended with -50"},
     {"fails_always", "pick", "ended with 12"},

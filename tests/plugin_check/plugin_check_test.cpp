@@ -80,6 +80,31 @@ TEST(PluginCheck, TellsTheSameAsJson) {
     EXPECT_FALSE(one.contains("faults"));
 }
 
+TEST(PluginCheck, TheListTellsTheSameAsJson) {
+    const ProgramResult result = check({"--list", "--json"});
+    EXPECT_EQ(result.exitCode, 0);
+    const auto all = nlohmann::json::parse(result.out);
+    std::string text;
+    for (const auto& one : all.at("checks"))
+        text += one.at("name").get<std::string>() + ": " + one.at("proves").get<std::string>() + "\n";
+    EXPECT_EQ(text, check({"--list"}).out);
+}
+
+TEST(PluginCheck, WhatCannotBeCheckedIsToldAsJsonToo) {
+    const std::pair<std::string, std::string> files[]{
+        {"/none.so", "/none.so: no such file"},
+        {FAULTY_PLUGINS "/needs_symbol.so", "cannot load the plug-in: "}};
+    for (const auto& [file, says] : files) {
+        const ProgramResult result = check({file, "--json", "--only", "pick"});
+        EXPECT_EQ(result.exitCode, 2) << file;
+        EXPECT_THAT(result.err, StartsWith("plugin_check: " + says));
+        const auto all = nlohmann::json::parse(result.out);
+        EXPECT_EQ(all.at("plugin"), file);
+        EXPECT_THAT(all.at("error").get<std::string>(), StartsWith(says));
+        EXPECT_TRUE(all.at("checks").empty());
+    }
+}
+
 TEST(PluginCheck, EndsWhatHangs) {
     const ProgramResult result =
         check({FAULTY_PLUGINS "/about_hangs.so", "--only", "about-call", "--limit", "1"});

@@ -1,0 +1,2 @@
+/* The entry is a number. */
+__attribute__((visibility("default"))) int PluginMain = 3;
