@@ -23,7 +23,7 @@ constexpr NamedSpace kSpaces[] = {{"rgb", 0, {"red", "green", "blue"}},
                                   {"gray", 4, {"gray"}}};
 
 const NamedSpace* spaceOf(std::string_view name) {
-    const auto found = std::ranges::find(kSpaces, name, &NamedSpace::name);
+    const auto* const found = std::ranges::find(kSpaces, name, &NamedSpace::name);
     return found == std::end(kSpaces) ? nullptr : found;
 }
 
@@ -39,7 +39,7 @@ WrittenColour fromBytes(std::uint32_t rgb) {
 
 std::optional<std::uint32_t> number(std::string_view digits, int base) {
     std::uint32_t value = 0;
-    const auto end = digits.data() + digits.size();
+    const auto* const end = digits.data() + digits.size();
     const auto [stop, error] = std::from_chars(digits.data(), end, value, base);
     if (error != std::errc{} || stop != end) return std::nullopt;
     return value;
@@ -95,7 +95,7 @@ std::optional<WrittenColour> readComponents(const NamedSpace& space, std::string
 std::optional<WrittenColour> readName(std::string_view text) {
     std::string lower(text);
     std::ranges::transform(lower, lower.begin(), [](char c) { return c >= 'A' && c <= 'Z' ? c + 32 : c; });
-    const auto found = std::ranges::lower_bound(kCssColours, lower, {}, &CssColour::name);
+    const auto* const found = std::ranges::lower_bound(kCssColours, lower, {}, &CssColour::name);
     if (found == std::end(kCssColours) || found->name != lower) return std::nullopt;
     return fromBytes(found->rgb);
 }

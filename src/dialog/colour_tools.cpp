@@ -51,6 +51,7 @@ void ColourTools::listsChanged() {
 void ColourTools::showPictures() {
     const auto add = [this](int list, const std::vector<TakenColour>& taken) {
         std::vector<AddedColour> added;
+        added.reserve(taken.size());
         for (const TakenColour& each : taken)
             added.push_back({each.colour, each.name});
         parts_.panels.add(list == 2 ? parts_.panels.two : parts_.panels.one, added, undo_label::colorsAdded);

@@ -61,7 +61,7 @@ bool ColoursAtHand::standsForColours(const std::string& outlet) const {
 }
 
 /// With the name that it has where it stands.
-AddedColour ColoursAtHand::named(const ColourPlace& place) {
+AddedColour ColoursAtHand::named(const ColourPlace& place) const {
     std::string name;
     if (place.outlet == "origFirstColor") name = colours_.colorName->text();
     if (place.outlet == "nearColor") name = panels_.nearest.nearName->text();

@@ -31,7 +31,7 @@ class ColoursAtHand : public ColourOperations {
   private:
     SwatchPanel& panel(int list) { return list == 2 ? panels_.two : panels_.one; }
     SwatchPanel* listAt(const std::string& outlet); ///< null where no list stands there
-    AddedColour named(const ColourPlace&);
+    AddedColour named(const ColourPlace&) const;
     std::vector<AddedColour> schemeAt(const std::string& outlet);
     std::vector<AddedColour> onPasteboard();
 

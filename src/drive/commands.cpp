@@ -96,7 +96,7 @@ void Commands::perform(const Command& c) {
         {Verb::cancel, &Commands::cancel},
     };
     ++performed_;
-    const auto row = std::ranges::find(kRows, c.verb, &Row::verb);
+    const auto* const row = std::ranges::find(kRows, c.verb, &Row::verb);
     if (row != std::end(kRows)) (this->*row->run)(c);
 }
 

@@ -90,7 +90,7 @@ std::optional<KeyStroke> readKey(std::string_view name) {
         stroke = strokeOf(letter.front());
         if (modifiers & kCommands) stroke.modifiers = {}; // Ctrl+A is the key A, not Ctrl+Shift+A
     } else {
-        const auto found = std::ranges::find(kKeys, name, &NamedKey::name);
+        const auto* const found = std::ranges::find(kKeys, name, &NamedKey::name);
         if (found == std::end(kKeys)) return std::nullopt;
         stroke.key = found->key;
         stroke.text = QString::fromLatin1(found->text);

@@ -55,7 +55,7 @@ const Row& rowOf(Verb verb) {
 }
 
 std::size_t colourPlace(std::string_view name) {
-    const auto row = std::ranges::find(kCommands, name, &Row::name);
+    const auto* const row = std::ranges::find(kCommands, name, &Row::name);
     const auto place = row == std::end(kCommands) ? std::string_view::npos : row->words.find('c');
     return place == std::string_view::npos ? kNoColour : place + 1;
 }
@@ -134,7 +134,7 @@ std::variant<Script, ScriptError> readScript(std::string_view text) {
         text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
         if (!error.empty()) return ScriptError{line, error};
         if (words.empty()) continue;
-        const auto row = std::ranges::find(kCommands, words.front(), &Row::name);
+        const auto* const row = std::ranges::find(kCommands, words.front(), &Row::name);
         if (row == std::end(kCommands)) return ScriptError{line, "unknown command '" + words.front() + "'"};
         words.erase(words.begin());
         if (auto wrong = wrongWords(*row, words)) return ScriptError{line, *wrong};

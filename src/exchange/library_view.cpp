@@ -27,6 +27,7 @@ std::vector<Colour> stripOf(const Palette& palette) {
 
 void LibraryView::setEntries(std::vector<LibraryEntry> entries) {
     std::vector<std::vector<Colour>> strips;
+    strips.reserve(entries.size());
     for (const LibraryEntry& entry : entries)
         strips.push_back(stripOf(entry.palette));
     entries_ = std::move(entries);
