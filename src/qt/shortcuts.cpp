@@ -24,6 +24,20 @@ QString shown(const QKeySequence& keys) {
     return keys.toString(QKeySequence::NativeText);
 }
 
+/// A panel shows none of the dialog's lists: what is done to one is not seen there.
+bool isOfAList(const Shortcut& shortcut) {
+    return QString(shortcut.control).contains("%1") || !shortcut.presses;
+}
+
+/// The button of the window itself, not of the panels that it carries, that the keys press.
+QAbstractButton* buttonOf(const QWidget& window, const QKeySequence& keys) {
+    for (auto* button : window.findChildren<QAbstractButton*>())
+        if (button->shortcut() == keys && button->window() == &window && button->isVisible() &&
+            button->isEnabled())
+            return button;
+    return nullptr;
+}
+
 } // namespace
 
 const QList<Shortcut>& shortcuts() {
@@ -44,6 +58,8 @@ const QList<Shortcut>& shortcuts() {
 Shortcuts::Shortcuts(QWidget& window) : QObject(&window), window_(window) {
     for (const Shortcut& shortcut : shortcuts())
         if (control(shortcut, list_)) add(shortcut);
+    for (auto* button : window.findChildren<QAbstractButton*>())
+        button->installEventFilter(this);
     if (!window.findChild<QShortcut*>()) return; // a panel beside the dialog, whose keys work there too
     addSheet();
     for (QWidget* widget : window.findChildren<QWidget*>())
@@ -62,7 +78,11 @@ void Shortcuts::add(const Shortcut& shortcut) {
     for (auto* button : window_.findChildren<QAbstractButton*>())
         if (button->shortcut() == keys) button->setShortcut({});
     auto* key = new QShortcut(keys, &window_);
-    connect(key, &QShortcut::activated, this, [this, shortcut] { guarded([&] { run(shortcut); }); });
+    key->installEventFilter(this);
+    connect(key, &QShortcut::activated, this, [this, shortcut] {
+        const bool here = QApplication::activeWindow() == &window_ || !isOfAList(shortcut);
+        if (here) guarded([&] { run(shortcut); });
+    });
 }
 
 void Shortcuts::addSheet() {
@@ -101,14 +121,29 @@ QString Shortcuts::keysOf(const QWidget& widget) const {
     return keys.join(", ");
 }
 
-bool Shortcuts::eventFilter(QObject* object, QEvent* event) try {
-    auto* widget = qobject_cast<QWidget*>(object);
-    if (event->type() != QEvent::ToolTip || !widget || widget->toolTip().isEmpty()) return false;
-    const QString keys = keysOf(*widget);
-    if (keys.isEmpty()) return false;
-    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
-                       QString("%1 (%2)").arg(widget->toolTip(), keys), widget);
+/// The toolkit takes a panel's keys and those of the window that carries it for the same ones, and then gives
+/// each owner of a key every second press, to do nothing with.
+bool Shortcuts::isElsewhere(QObject& target, const QShortcutEvent& event) const {
+    const QWidget* active = QApplication::activeWindow();
+    QAbstractButton* own = active ? buttonOf(*active, event.key()) : nullptr;
+    if (!own || (own == &target && !event.isAmbiguous())) return false;
+    own->animateClick();
     return true;
+}
+
+bool Shortcuts::nameKeys(QWidget& widget, QPoint at) const {
+    const QString keys = widget.toolTip().isEmpty() ? QString() : keysOf(widget);
+    if (keys.isEmpty()) return false;
+    QToolTip::showText(at, QString("%1 (%2)").arg(widget.toolTip(), keys), &widget);
+    return true;
+}
+
+bool Shortcuts::eventFilter(QObject* object, QEvent* event) try {
+    if (event->type() == QEvent::Shortcut)
+        return isElsewhere(*object, *static_cast<const QShortcutEvent*>(event));
+    auto* widget = qobject_cast<QWidget*>(object);
+    return event->type() == QEvent::ToolTip && widget &&
+           nameKeys(*widget, static_cast<QHelpEvent*>(event)->globalPos());
 } catch (...) {
     mishap();
     return false;

@@ -2,8 +2,11 @@
 
 #include <QList>
 #include <QObject>
+#include <QPoint>
 #include <QString>
 
+class QAbstractButton;
+class QShortcutEvent;
 class QWidget;
 
 namespace chromalog {
@@ -21,7 +24,8 @@ struct Shortcut {
 const QList<Shortcut>& shortcuts();
 
 /// The keys of a form's window, as far as it has the controls; F1 shows the sheet. It is the window's child.
-/// A key stands in its control's tool tip, after what the tip says.
+/// The dialog's work in the panels beside it too, but for those of its lists and those that a panel has
+/// itself. A key stands in its control's tool tip, after what the tip says.
 class Shortcuts : public QObject {
   public:
     explicit Shortcuts(QWidget& window);
@@ -35,6 +39,8 @@ class Shortcuts : public QObject {
     void add(const Shortcut&);
     void addSheet();
     void run(const Shortcut&);
+    bool isElsewhere(QObject& target, const QShortcutEvent&) const;
+    bool nameKeys(QWidget&, QPoint at) const;
     void noteList(const QWidget* focus);
     QWidget* control(const Shortcut&, int list) const;
 

@@ -7,7 +7,9 @@
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QAction>
+#include <QClipboard>
 #include <QDialog>
+#include <QFileDialog>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -226,6 +228,60 @@ TEST_F(KeyboardTest, AMnemonicPressesItsButton) {
     strike(Qt::Key_P, Qt::AltModifier);
     QTest::qWait(200);
     EXPECT_EQ(controler->colours().getHarmonyMode(), 1);
+}
+
+/// The panel of pictures with one, over the dialog.
+class PanelKeyboardTest : public KeyboardTest {
+  protected:
+    void SetUp() override {
+        KeyboardTest::SetUp();
+        find<QAbstractButton>("choosePicture").click();
+        desktop.panels().current()->reject(); // there is no picture yet: it asks for one
+        QImage image(4, 4, QImage::Format_RGB32);
+        image.fill(Qt::red);
+        QGuiApplication::clipboard()->setImage(image);
+        find<QAbstractButton>("pastePicture").click();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return widget("pictureToList1").isEnabled(); }));
+        find<QAbstractButton>("pictureToList1").click(); // a change to undo
+    }
+    ~PanelKeyboardTest() override { QGuiApplication::clipboard()->clear(); }
+    void activate(const char* outlet) const {
+        widget(outlet).activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&widget(outlet)));
+    }
+    /// How often a key, struck twice, presses the button: of two owners of a key, each gets every second one.
+    int presses(const char* button, const char* window, int key, Qt::KeyboardModifiers held) {
+        int count = 0;
+        const QObject watch;
+        QObject::connect(&find<QAbstractButton>(button), &QAbstractButton::pressed, &watch, [&] { ++count; });
+        for (int i = 0; i < 2; ++i) {
+            activate(window);
+            QTest::keyClick(widget(window).windowHandle(), Qt::Key(key), held);
+            QTest::qWait(200); // the press is shown
+            if (auto* file = desktop.panels().current()) file->reject();
+        }
+        return count;
+    }
+};
+
+TEST_F(PanelKeyboardTest, APanelsLettersPressItsOwnButtons) {
+    for (const auto& [button, key] :
+         {std::pair("openPicture", Qt::Key_O), std::pair("takePictureColors", Qt::Key_T),
+          std::pair("pictureToList1", Qt::Key_1), std::pair("pictureToList2", Qt::Key_2)})
+        EXPECT_EQ(presses(button, "pictureWindow", key, Qt::AltModifier), 2) << button;
+    EXPECT_EQ(presses("triComplementOn", "chromalogWindow", Qt::Key_O, Qt::AltModifier), 2)
+        << "the dialog's own";
+    EXPECT_EQ(presses("harmoniquesOn", "pictureWindow", Qt::Key_H, Qt::AltModifier), 2)
+        << "the panel has none";
+}
+
+TEST_F(PanelKeyboardTest, FromAPanelUndoWorksAndTheListsAreLeftAlone) {
+    EXPECT_EQ(presses("undoButton", "pictureWindow", Qt::Key_Z, Qt::ControlModifier), 1) << "no more to undo";
+    for (const auto& [button, key] :
+         {std::pair("loadSwatch1", Qt::Key_O), std::pair("saveSwatch1", Qt::Key_S)}) {
+        EXPECT_EQ(presses(button, "pictureWindow", key, Qt::ControlModifier), 0) << button;
+        EXPECT_EQ(presses(button, "chromalogWindow", key, Qt::ControlModifier), 2) << button;
+    }
 }
 
 TEST_F(KeyboardTest, AToolTipNamesTheKeys) {
