@@ -5,6 +5,7 @@
 
 #include <QDrag>
 #include <QDropEvent>
+#include <QElapsedTimer>
 #include <QPainter>
 #include <QPixmap>
 #include <QWidget>
@@ -39,8 +40,14 @@ std::optional<std::string> textOf(const QMimeData& mime) {
 Pasteboard pasteboardOf(const QMimeData* mime, SystemBoard board) {
     if (!mime) return {};
     if (const auto* ours = dynamic_cast<const ColourMime*>(mime)) return ours->pasteboard();
+    QElapsedTimer asked;
+    asked.start();
+    // The toolkit waits seconds for every answer of a program that hangs: whoever lets us wait is asked no
+    // more.
+    const auto hangs = [&asked] { return asked.restart() > 2000; }; // milliseconds
     Pasteboard out;
     out.colourType = mime->hasColor();
+    if (hangs()) return out;
     if (out.colourType) {
         const QColor colour = qvariant_cast<QColor>(mime->colorData());
         if (colour.isValid()) out.colour = fromQt(colour);
@@ -48,9 +55,10 @@ Pasteboard pasteboardOf(const QMimeData* mime, SystemBoard board) {
         out.colourType = true;
         out.colour = fromQt(*colour);
     }
+    if (hangs()) return out;
     out.text = textOf(*mime);
     out.textType = out.text.has_value();
-    out.picture = pictureIn(*mime);
+    if (!hangs()) out.picture = pictureIn(*mime);
     return out;
 }
 

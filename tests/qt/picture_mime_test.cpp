@@ -53,6 +53,40 @@ TEST_F(PictureMime, AnImageOfThisProcessIsTaken) {
     EXPECT_EQ(firstPixel(pasteboardOf(&mime).picture()), 0xFF123456);
 }
 
+/// Of a program that hangs: what it is asked for fails late. It may have told what it has before.
+class HangingMime : public QMimeData {
+  public:
+    explicit HangingMime(QStringList told) : told_(std::move(told)) {}
+    mutable int waits = 0;
+    bool hasFormat(const QString& type) const override { return formats().contains(type); }
+    QStringList formats() const override {
+        if (told_.isEmpty()) wait();
+        return told_;
+    }
+
+  protected:
+    QVariant retrieveData(const QString&, QMetaType) const override {
+        wait();
+        return {};
+    }
+
+  private:
+    void wait() const {
+        ++waits;
+        QTest::qSleep(2100);
+    }
+    QStringList told_;
+};
+
+TEST_F(PictureMime, AProgramThatHangsIsWaitedForOnce) {
+    for (const QStringList& told :
+         {QStringList(), QStringList{"application/x-color", "text/plain", "text/uri-list", "image/png"}}) {
+        const HangingMime mime(told);
+        EXPECT_FALSE(pasteboardOf(&mime).picture);
+        EXPECT_EQ(mime.waits, 1) << told.join(' ').toStdString();
+    }
+}
+
 TEST_F(PictureMime, ACopiedFileIsRead) {
     const QString path = QString::fromStdString(folder / "copied.png");
     ASSERT_TRUE(image.save(path));
