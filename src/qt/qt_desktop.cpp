@@ -138,14 +138,30 @@ void QtDesktop::stopModal(std::int64_t code) {
     modalLoops_.stop(code);
 }
 
+namespace {
+bool isOver(const QWidget* window, const QWidget* modal) {
+    while (modal && window && window != modal)
+        window = window->parentWidget();
+    return window;
+}
+} // namespace
+
+/// The active window where it is one of ours that no other blocks: a panel beside the dialog carries what it
+/// asks itself.
 QWidget* QtDesktop::frontWindow() const {
-    if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+    QWidget* modal = QApplication::activeModalWidget();
+    for (const QtForm* form : forms_)
+        if (form->window() && QApplication::activeWindow() == form->window() && isOver(form->window(), modal))
+            return form->window();
+    if (modal) return modal;
     return forms_.empty() ? nullptr : static_cast<QWidget*>(forms_.front()->window());
 }
 
 void QtDesktop::runAlert(const Alert& alert) {
     alerts_.push_back(alert);
-    QMessageBox box(QMessageBox::Warning, "Chromalog", QString(), QMessageBox::NoButton, frontWindow());
+    const QPointer<QWidget> asking = frontWindow();
+    const bool active = asking && QApplication::activeWindow() == asking;
+    QMessageBox box(QMessageBox::Warning, "Chromalog", QString(), QMessageBox::NoButton, asking);
     box.setWindowIcon(icon_);
     box.setTextFormat(Qt::PlainText);
     box.setText(toQt(alert.message));
@@ -154,6 +170,7 @@ void QtDesktop::runAlert(const Alert& alert) {
     openAlert_ = &box;
     box.exec();
     openAlert_ = nullptr;
+    if (active && asking) asking->activateWindow(); // else the next key may go to the dialog below it
 }
 
 namespace {

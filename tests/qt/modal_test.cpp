@@ -2,9 +2,11 @@
 #include "qt/desktop_fixture.h"
 
 #include <QAbstractButton>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QTimer>
 
@@ -197,6 +199,25 @@ TEST_F(ModalTest, EscapeDismissesAnAlert) {
     EXPECT_EQ(desktop.openAlert(), nullptr);
 }
 
+TEST_F(ModalTest, TheWindowThatWasActiveCarriesTheAlertAndGetsTheKeyboardBack) {
+    panel = load("dialog", panelWindow);
+    panelWindow->attachAsChildOf(*window);
+    DialogWindow* asking = desktop.forms()[1]->window();
+    later([&] {
+        panelWindow->makeKeyAndOrderFront();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(asking));
+        later([&] {
+            EXPECT_EQ(desktop.openAlert()->parentWidget(), asking);
+            EXPECT_TRUE(QTest::qWaitForWindowActive(desktop.openAlert()));
+            QTest::keyClick(desktop.openAlert(), Qt::Key_Escape);
+        });
+        desktop.runAlert({"m", "", "ok"});
+        EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == asking; }));
+        desktop.stopModal(0);
+    });
+    desktop.runModal(*window);
+}
+
 class PanelTest : public ModalTest {
   protected:
     std::vector<std::optional<std::string>> answers;
@@ -286,6 +307,29 @@ TEST_F(PanelTest, PanelsLeaveNoFilesBehind) {
     desktop.panels().current()->reject();
     form.reset();
     EXPECT_EQ(folder.entries(), before); // the toolkit's settings would lie here too
+}
+
+TEST_F(PanelTest, AnAnsweredPanelGoesAtOnce) {
+    desktop.beginOpenPanel({{"aco"}}, *window, answer);
+    const QPointer<QFileDialog> sheet = desktop.panels().current();
+    sheet->reject();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !sheet; }));
+    EXPECT_TRUE(dialog()->findChildren<QFileDialog*>().isEmpty());
+}
+
+TEST_F(PanelTest, APanelOverAPanelOfTheDialogLeavesNoFilesBehind) {
+    const int before = folder.entries();
+    for (const bool answered : {true, false}) {
+        panel = load("dialog", panelWindow);
+        panelWindow->attachAsChildOf(*window);
+        desktop.beginOpenPanel({{"aco"}}, *panelWindow, answer);
+        if (answered) desktop.panels().current()->reject();
+        form.reset(); // takes the panel's window and the sheet over it with it
+        EXPECT_EQ(desktop.panels().current(), nullptr);
+        EXPECT_EQ(folder.entries(), before) << answered;
+        panel.reset();
+        form = load("dialog", window);
+    }
 }
 
 TEST_F(ModalTest, ATimerFiresOnceAndCanBeMoved) {

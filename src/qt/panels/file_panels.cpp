@@ -10,6 +10,7 @@
 #include <QMessageBox>
 #include <QSettings>
 #include <QSignalBlocker>
+#include <QTimer>
 
 namespace chromalog {
 
@@ -170,9 +171,20 @@ FilePanels::~FilePanels() {
     });
 }
 
-void FilePanels::closeOn(const QWidget* parent) {
-    if (open_ && open_->parentWidget() == parent) deleteWithoutTraces(open_);
-    if (answered_ && answered_->parentWidget() == parent) deleteWithoutTraces(answered_);
+namespace {
+
+/// Whether the panel goes when the window goes: it may stand over a panel of that window.
+bool goesWith(const QWidget* panel, const QWidget* window) {
+    while (panel && panel != window)
+        panel = panel->parentWidget();
+    return panel;
+}
+
+} // namespace
+
+void FilePanels::closeOn(const QWidget* window) {
+    if (goesWith(open_, window)) deleteWithoutTraces(open_);
+    if (goesWith(answered_, window)) deleteWithoutTraces(answered_);
 }
 
 void FilePanels::show(TypedPanel* panel, const std::string& kind, PanelAnswer answer) {
@@ -191,8 +203,15 @@ void FilePanels::show(TypedPanel* panel, const std::string& kind, PanelAnswer an
         else
             answer(std::nullopt);
     };
-    QObject::connect(panel, &QDialog::finished, panel,
-                     [finished](int result) { guarded([&] { finished(result); }); });
+    QObject::connect(
+        panel, &QDialog::finished, panel, [finished, mine = QPointer<QFileDialog>(panel)](int result) {
+            const QPointer<QFileDialog> answered = mine; // goes with the panel
+            guarded([&] { finished(result); });
+            // It would go on watching its folder. An answer that begins the next one has taken it.
+            if (answered)
+                QTimer::singleShot(0, answered,
+                                   [answered] { guarded([&] { deleteWithoutTraces(answered); }); });
+        });
     panel->open();
 }
 
