@@ -139,6 +139,24 @@ TEST(RiffPalette, SizesAndCountsStandLastByteFirst) {
     EXPECT_EQ(written(PaletteFormat::riff, palette), "RIFF\x14\0\0\0PAL data\x8\0\0\0\0\3\1\0\xFF\x80\0\0"sv);
 }
 
+TEST(RiffPalette, AnOddChunkBeforeTheColoursIsFollowedByAByteOfFilling) {
+    const auto read =
+        readAs(PaletteFormat::riff, "RIFF\x24\0\0\0PAL note\3\0\0\0abc\0data\x8\0\0\0\0\3\1\0\xFF\x80\0\0"s);
+    EXPECT_THAT(told(read.palette), ElementsAre(testing::HasSubstr("#ff8000")));
+}
+
+TEST(HexPalette, CommentsAreNeitherColoursNorMissed) {
+    const auto read = readAs(PaletteFormat::hex, "// a comment\n; another\n#ff8000 Orange\n"s);
+    EXPECT_THAT(told(read.palette), ElementsAre("Orange #ff8000"));
+    EXPECT_EQ(read.unread, 0u);
+}
+
+TEST(ActPalette, HoldsTwoHundredAndFiftySix) {
+    Palette palette;
+    palette.colours.resize(300);
+    EXPECT_EQ(fitPalette(palette, PaletteFormat::act, nullptr).palette.colours.size(), 256u);
+}
+
 TEST(AcbPalette, NamesArePrefixNameAndPostfix) {
     const std::string text = "8BCB\0\1\0\0"s + "\0\0\0\x09\0$\0$\0$\0/\0t\0=\0B\0^\0R"s + "\0\0\0\2\0P\0 "s +
                              "\0\0\0\2\0 \0C"s + "\0\0\0\0\0\2\0\x9\0\0\0\x7"s + "\0\0\0\1\0\x37"s +
