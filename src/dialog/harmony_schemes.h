@@ -39,7 +39,8 @@ inline constexpr HarmonyScheme kHarmonySchemes[] = {
 
 /// Null where the outlet belongs to none.
 inline const HarmonyScheme* harmonySchemeOf(std::string_view outlet) {
-    const auto* const found = std::ranges::find_if(kHarmonySchemes, [&](const auto& s) { return s.has(outlet); });
+    const auto* const found =
+        std::ranges::find_if(kHarmonySchemes, [&](const auto& s) { return s.has(outlet); });
     return found == std::end(kHarmonySchemes) ? nullptr : found;
 }
 

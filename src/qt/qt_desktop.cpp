@@ -55,8 +55,7 @@ QtDesktopSettings QtDesktopSettings::fromEnvironment() {
 QtDesktop::QtDesktop(QtDesktopSettings settings)
     : keyboard(&QGuiApplication::queryKeyboardModifiers), settings_(std::move(settings)),
       log_(settings_.logToSystem), texts_(settings_.formsDirectory),
-      language_(settings_.language, settings_.ownApplication) {
-    icon_ = productIcon();
+      language_(settings_.language, settings_.ownApplication), icon_(productIcon()) {
     installAccessibility();
 }
 

@@ -140,6 +140,7 @@ bool refine(Clusters& clusters, std::span<const WeightedColour> colours) {
 
 } // namespace
 
+// cppcheck-suppress passedByValue ; its own, as it is sorted in place
 std::optional<std::vector<ColourCluster>> clustersOf(std::vector<WeightedColour> colours, std::size_t count,
                                                      const std::function<bool()>& goOn) {
     Clusters clusters = medianCut(colours, count);

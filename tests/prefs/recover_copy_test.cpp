@@ -28,10 +28,11 @@ TEST_F(RecoverCopyTest, ARecoveredCopyTakesThePlaceOfTheListsWhichAreKept) {
 }
 
 TEST_F(RecoverCopyTest, ARecoveredCopyIsNotPrunedForWhatItReplaces) {
-    for (int i = 1; i <= 5; ++i)
+    for (int i = 1; i <= 4; ++i)
         makeCopy(nameOf(24 * i + 1), listsOf(static_cast<std::uint8_t>(i)));
+    const std::string oldest = nameOf(24 * 5 + 1); // once: a second later it is another
+    makeCopy(oldest, listsOf(5));
     writeForeign(listsOf(9));
-    const std::string oldest = nameOf(24 * 5 + 1);
     ASSERT_EQ(recoverCopy(path, oldest).problem, "");
     EXPECT_EQ(file(), listsOf(5));
     EXPECT_TRUE(isAnywhere(listsOf(9)));
