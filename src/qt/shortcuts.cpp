@@ -80,7 +80,8 @@ void Shortcuts::add(const Shortcut& shortcut) {
     auto* key = new QShortcut(keys, &window_);
     key->installEventFilter(this);
     connect(key, &QShortcut::activated, this, [this, shortcut] {
-        const bool here = QApplication::activeWindow() == &window_ || !isOfAList(shortcut);
+        const QWidget* active = QApplication::activeWindow(); // none where another program's is
+        const bool here = !active || active == &window_ || !isOfAList(shortcut);
         if (here) guarded([&] { run(shortcut); });
     });
 }
