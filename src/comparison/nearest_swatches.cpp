@@ -8,7 +8,7 @@ namespace chromalog {
 void NearestSwatches::refresh() {
     if (!stale_) return;
     for (std::size_t i = 0; i < sides_.size(); ++i) {
-        const ListRecords shown = panels_.both()[i]->view.shownRecords();
+        const ConstListRecords shown = panels_.both()[i]->view.shownRecords();
         const std::uint64_t mark = listMark(shown);
         if (!made_ || mark != sides_[i].mark) sides_[i] = {mark, LabGrid(labsOf(shown))};
     }

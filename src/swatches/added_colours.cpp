@@ -52,7 +52,7 @@ bool addRecords(CSwatchListDelegate& delegate, CSwatchList& list, std::span<cons
     const int before = list.shownRows(), total = before + static_cast<int>(added.size());
     const std::string words = wordsFor(added.size());
     delegate.setUndoablePosition(labelKey);
-    std::ranges::copy(added, list.records().begin() + before);
+    std::ranges::copy(added, list.recordsToChange().begin() + before);
     list.setNumberOfColors(static_cast<std::int16_t>(total));
     list.setSelectedColor(static_cast<std::int16_t>(total - 1));
     delegate.describeStep(words);

@@ -18,7 +18,7 @@ std::string_view withoutExtension(std::string_view path) {
     const std::size_t name = path.size() - fileNameOf(path).size();
     const std::size_t dot = path.rfind('.');
     // A name that begins with its only dot has no extension.
-    return dot == path.npos || dot <= name ? path : path.substr(0, dot);
+    return dot == std::string_view::npos || dot <= name ? path : path.substr(0, dot);
 }
 
 /// The file's contents; where it cannot be read, the status line says why.
@@ -138,7 +138,7 @@ void ListCommands::bringIn(SwatchPanel& panel, Way way, const std::string& path,
 void ListCommands::DispachSwatch(std::span<const std::uint8_t> data, CSwatchList& view, std::int16_t start) {
     const AcoHeader header = readAcoHeader(data, start);
     if (header.overLimit) parts_.desktop.runAlert(limitAlert(*header.overLimit));
-    const ListRecords records = view.records();
+    const ListRecords records = view.recordsToChange();
     std::vector<FCOStruct> read(records.begin(), records.end());
     const BooksOnDisk books(parts_.hostBooks()); // asked for whatever the file holds
     const auto secondCount = readAcoRecords(data, header, start, read, parts_.services, books);
@@ -178,7 +178,7 @@ void ListCommands::bookChosen(const std::string& path) {
     SwatchPanel& panel = parts_.one;
     const std::string_view name = fileNameOf(path);
     panel.storeName(StoredName(name));
-    panel.storedCount = loadBook(*data, panel.view.records(), parts_.services);
+    panel.storedCount = loadBook(*data, panel.view.recordsToChange(), parts_.services);
     panel.view.setSelectedColor(0);
     panel.nameField->setText(name);
     panel.view.setScrollSize();

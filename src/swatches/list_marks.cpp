@@ -89,7 +89,7 @@ void ListMarks::draw(Canvas& canvas, const RowSelection& selection,
 void ListMarks::drawHits(Canvas& canvas, const std::function<bool(const FCOStruct&)>& isHit) const {
     const Rect bounds = list_.bounds();
     const geometry::RowRange range = shownIn(canvas, list_);
-    const ListRecords shown = list_.shownRecords();
+    const ConstListRecords shown = list_.shownRecords();
     canvas.setFill(hitOrange());
     for (int row = range.first; row < range.end; ++row)
         if (isHit(shown[static_cast<std::size_t>(row)]))

@@ -66,7 +66,7 @@ void eraseRows(CSwatchListDelegate& delegate, CSwatchList& list, Rows rows, std:
     if (rows.empty()) return;
     delegate.setUndoablePosition(labelKey);
     const std::size_t left = sizeOf(list) - rows.size();
-    removeRows(list.shownRecords(), rows);
+    removeRows(list.shownRecordsToChange(), rows);
     setCount(list, left);
     delegate.describeStep(words);
 }
@@ -77,7 +77,7 @@ std::optional<int> moveRowsTo(CSwatchListDelegate& delegate, CSwatchList& list, 
     if (together && gap >= rows.front() && gap <= rows.back() + 1) return std::nullopt;
     delegate.setUndoablePosition(undo_label::rowsMoved);
     const std::string words = translatedCount(rows.size(), "Move %1 swatch", "Move %1 swatches");
-    const int first = moveRows(list.shownRecords(), rows, gap);
+    const int first = moveRows(list.shownRecordsToChange(), rows, gap);
     list.contentsChanged();
     delegate.describeStep(words);
     return first;
@@ -97,10 +97,10 @@ bool bringAcross(CSwatchListDelegate& delegate, CSwatchList& from, Rows rows, CS
         moves ? translatedCount(rows.size(), "Move across %1 swatch", "Move across %1 swatches")
               : translatedCount(rows.size(), "Copy across %1 swatch", "Copy across %1 swatches");
     delegate.setUndoablePosition(moves ? undo_label::rowsMovedAcross : undo_label::rowsCopiedAcross);
-    insertRecords(to.records(), to.shownRows(), gap, copies);
+    insertRecords(to.recordsToChange(), to.shownRows(), gap, copies);
     if (moves) {
         const std::size_t left = sizeOf(from) - rows.size();
-        removeRows(from.shownRecords(), rows);
+        removeRows(from.shownRecordsToChange(), rows);
         setCount(from, left);
     }
     setCount(to, total);
@@ -116,7 +116,7 @@ void sortRows(CSwatchListDelegate& delegate, CSwatchList& list, Rows rows, SortK
     const std::string words =
         some ? wordsOf(key) + ": " + translatedCount(rows.size(), "%1 swatch", "%1 swatches") : wordsOf(key);
     delegate.setUndoablePosition(some ? undo_label::sortRows : labelOf(key));
-    reorderRows(list.shownRecords(), rows, order);
+    reorderRows(list.shownRecordsToChange(), rows, order);
     list.contentsChanged();
     delegate.describeStep(words);
 }
@@ -126,7 +126,7 @@ std::string keptName(const std::string& utf8) {
 }
 
 void renameRow(CSwatchListDelegate& delegate, CSwatchList& list, int row, const std::string& utf8) {
-    FCOStruct* record = recordAt(list.shownRecords(), row);
+    FCOStruct* record = recordAt(list.shownRecordsToChange(), row);
     if (!record || utf8 == macRomanToUtf8(nameBytes(*record))) return;
     const StoredName name(keptName(utf8));
     if (name.bytes == nameBytes(*record)) return;

@@ -4,7 +4,7 @@ namespace chromalog {
 
 bool nameHolds(const FCOStruct& record, std::string_view text) {
     const std::string_view name = zeroTerminatedName(record);
-    if (text.empty() || name.find(text) == name.npos) return false;
+    if (text.empty() || name.find(text) == std::string_view::npos) return false;
     return std::all_of(name.begin(), name.end(), [](char c) { return static_cast<std::uint8_t>(c) < 0x80; });
 }
 

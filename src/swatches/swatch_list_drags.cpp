@@ -15,7 +15,7 @@ constexpr float kSameColour = 10.0F; ///< at most this far from a swatch, a drop
 
 /// The alert's text was a format once: "%%" is shown as "%", and nothing else is replaced.
 std::string shownAsFormat(std::string text) {
-    for (std::size_t at = 0; (at = text.find("%%", at)) != text.npos; ++at)
+    for (std::size_t at = 0; (at = text.find("%%", at)) != std::string::npos; ++at)
         text.erase(at, 1);
     return text;
 }
@@ -65,7 +65,7 @@ std::string CSwatchList::takeDrop(const DragInfo& info) {
                 fromOutside = translated("Drop of a color"); // before anything changes
     int place = -1;                                          ///< of the swatch in question
     if (info.source == this) {
-        moveRecord(records(), selectcolor, drop); // the count and the selection stay
+        moveRecord(recordsToChange(), selectcolor, drop); // the count and the selection stay
         place = drop;
         words.swap(move);
     } else if (distance <= kSameColour) {
@@ -100,7 +100,7 @@ bool CSwatchList::insertDropped(const Pasteboard& pasteboard, const Colour& colo
     const int place = std::min<int>(drop, nfcocolors);
     const StoredName name = droppedName(pasteboard, colour, place);
     if (!addFcoColor(colour, drop)) return false;
-    if (FCOStruct* record = recordAt(records(), place)) writeName(*record, name);
+    if (FCOStruct* record = recordAt(recordsToChange(), place)) writeName(*record, name);
     setScrollSize();
     return true;
 }

@@ -41,7 +41,7 @@ void CSwatchList::markMenuRow(std::optional<int> row) {
 void CSwatchList::deleteEntry() {
     if (selectcolor >= nfcocolors) return;
     delegate_.setUndoablePosition(undo_label::colorDeleted);
-    deleteRecord(records(), nfcocolors, selectcolor);
+    deleteRecord(recordsToChange(), nfcocolors, selectcolor);
     --nfcocolors;
     contentsChanged();
 }
@@ -51,15 +51,15 @@ bool CSwatchList::addFcoColor(const Colour& colour, std::int16_t position) {
         delegate_.desktop().runAlert(limitAlert(nfcocolors + 1));
         return false;
     }
-    const int place = insertGap(records(), nfcocolors, position);
+    const int place = insertGap(recordsToChange(), nfcocolors, position);
     ++nfcocolors;
-    if (FCOStruct* record = recordAt(records(), place)) storeColour(*record, colour);
+    if (FCOStruct* record = recordAt(recordsToChange(), place)) storeColour(*record, colour);
     return true;
 }
 
 void CSwatchList::setColor(const Colour& colour, std::string_view name) {
     const StoredName stored(name);
-    if (FCOStruct* record = recordAt(records(), selectcolor)) {
+    if (FCOStruct* record = recordAt(recordsToChange(), selectcolor)) {
         overwriteColour(*record, colour);
         writeName(*record, stored);
     }

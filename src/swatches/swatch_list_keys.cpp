@@ -63,7 +63,7 @@ void CSwatchList::moveSelected(int rows) {
     const int target = selectcolor + rows;
     if (selectcolor < 0 || selectcolor >= shownRows() || target < 0 || target >= shownRows()) return;
     delegate_.setUndoablePosition(undo_label::colorMoved);
-    moveRecord(records(), selectcolor, target);
+    moveRecord(recordsToChange(), selectcolor, target);
     selectcolor = static_cast<std::int16_t>(target);
     contentsChanged();
     scrollToShow(target);

@@ -5,7 +5,7 @@
 namespace chromalog {
 
 void CSwatchList::sortSwatchList(std::string_view key) {
-    const ListRecords shown = shownRecords();
+    const ListRecords shown = shownRecordsToChange();
     if (key == "nom")
         sortByName(shown);
     else if (key == "color")
@@ -14,7 +14,7 @@ void CSwatchList::sortSwatchList(std::string_view key) {
 }
 
 std::vector<FoundEntry> CSwatchListDelegate::find(CSwatchList& list, std::string_view text) {
-    return findByName(list.records(), list1Records(), list.getNumberOfColors(), text);
+    return findByName(list.recordsToChange(), list1Records(), list.getNumberOfColors(), text);
 }
 
 void CSwatchList::queryForColorsByName(std::string_view text) {

@@ -81,18 +81,28 @@ class CSwatchList : public View {
     void setName(std::string name) { swatchListName = std::move(name); }
     void setSelectedColor(std::int16_t index) { selectcolor = index; }
     void setStartColor(std::int16_t index) { startcolor = index; }
-    void setNumberOfColors(std::int16_t count) { nfcocolors = count; }
-    void setSwatchList(FCOStruct* first) { mySwatch = first; } ///< the first of kListCapacity records
+    void setNumberOfColors(std::int16_t count) {
+        nfcocolors = count;
+        namesEndedFrom_ = kNoRow;
+    }
+    void setSwatchList(FCOStruct* first) { ///< the first of kListCapacity records
+        mySwatch = first;
+        namesEndedFrom_ = kNoRow;
+    }
     std::int16_t getSelected() const { return selectcolor; }
     std::int16_t getStartColor() const { return startcolor; }
     std::int16_t getNumberOfColors() const { return nfcocolors; }
 
     /// All records of the array, shown or not.
-    ListRecords records() const { return mySwatch ? ListRecords(mySwatch, kListCapacity) : ListRecords(); }
+    ConstListRecords records() const { return array(); }
     int shownRows() const { return clampedCount(nfcocolors); } ///< rows that may be read
-    ListRecords shownRecords() const {
-        return records().first(std::min<std::size_t>(records().size(), shownRows()));
+    ConstListRecords shownRecords() const { return shownOf(array()); }
+    /// The same for whoever writes to them, before the next draw.
+    ListRecords recordsToChange() {
+        namesEndedFrom_ = kNoRow;
+        return array();
     }
+    ListRecords shownRecordsToChange() { return shownOf(recordsToChange()); }
 
     void drawRect(Canvas&) override;
     void drawDisplayLayer(Canvas&) override; ///< marks, and the row that an open context menu means
@@ -142,6 +152,12 @@ class CSwatchList : public View {
     void scrollToShow(int row); ///< no further than it takes to show the row with its frame
 
   private:
+    static constexpr int kNoRow = kListCapacity;
+
+    ListRecords array() const { return mySwatch ? ListRecords(mySwatch, kListCapacity) : ListRecords(); }
+    template <typename Records> Records shownOf(Records all) const {
+        return all.first(std::min<std::size_t>(all.size(), shownRows()));
+    }
     ListExtras& extras() const { return delegate_.extras(*this); }
     void moveSelected(int rows); ///< by one step of undo
     void markMenuRow(std::optional<int> row);
@@ -160,6 +176,7 @@ class CSwatchList : public View {
     std::optional<int> menuRow_;          ///< while the context menu is open
     std::int16_t startcolor = 0;          ///< first row at the scroll position; drawing does not use it
     FCOStruct* mySwatch = nullptr;        ///< not owned
+    int namesEndedFrom_ = kNoRow;         ///< a draw ended all names from this row on; nothing changed since
     std::vector<FoundEntry> lostAndFound; ///< hits of the last search, in list order
     std::uint64_t LAFindex = 0;           ///< reset by each search, not used otherwise
     std::uint64_t LAFCount = 0;           ///< number of hits

@@ -113,7 +113,7 @@ std::vector<FoundEntry> SwatchPanels::find(CSwatchList& list, std::string_view t
     const SearchOptions& options = search.options();
     if (rows(list).isHit) list.setNeedsDisplay(); // where nothing is found, nothing else redraws
     rows(list).isHit = text.empty() ? nullptr : swatchTest(text, options);
-    return findSwatches(list.records(), one.records, list.getNumberOfColors(), text, options);
+    return findSwatches(list.recordsToChange(), one.records, list.getNumberOfColors(), text, options);
 }
 
 /// With Shift the first swatch file among them loads as by the list's button, in one step.

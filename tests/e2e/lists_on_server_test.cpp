@@ -235,7 +235,7 @@ TEST_F(ListsOnServer, AMenuSortsByBrightness) {
             tool({"click", "3"});
         },
         [this] { return undoNames().back() == "!Sort Swatch Brightness!"; });
-    const ListRecords shown = one().shownRecords();
+    const ConstListRecords shown = one().shownRecords();
     const auto brightness = [](const FCOStruct& r) { return std::max({r.SRed, r.SGreen, r.SBlue}); };
     EXPECT_TRUE(std::ranges::is_sorted(shown, {}, brightness));
 }

@@ -68,7 +68,7 @@ class ListTest : public testing::Test, public CSwatchListDelegate {
         swatch2.initWithFrame({0, 0, 200, 220});
     }
     void fill(CSwatchList& list, const std::vector<FCOStruct>& swatches) {
-        std::copy(swatches.begin(), swatches.end(), list.records().begin());
+        std::copy(swatches.begin(), swatches.end(), list.recordsToChange().begin());
         list.setNumberOfColors(static_cast<std::int16_t>(swatches.size()));
         list.setScrollSize();
     }

@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 
 namespace chromalog {
@@ -143,6 +144,37 @@ TEST_F(SwatchListView, AllRowsAreEndedWhateverTheClipShows) {
         ASSERT_EQ(records[i].Namen[records[i].Namen[0] + 1], 0) << i;
     EXPECT_EQ(records[999].SRed, 0x1200);
     EXPECT_EQ(records[1000].Namen[1], 0);
+}
+
+TEST_F(SwatchListView, AfterEachWayToChangeItARowIsEndedAgain) {
+    fill(1000);
+    const std::function<void()> ways[] = {
+        [this] { list.recordsToChange(); }, [this] { list.shownRecordsToChange(); },
+        [this] { list.setNumberOfColors(1000); }, [this] { list.setSwatchList(records.get()); }};
+    for (const int row : {0, 500, 999})
+        for (const auto& change : ways) {
+            draw({0, 4400, 200, 100});
+            change();
+            setName(row, std::string(255, 'n'));
+            records[row].SRed = 0x1234;
+            draw({0, 4400, 200, 100});
+            EXPECT_EQ(records[row].SRed, 0x1200) << row;
+        }
+}
+
+TEST_F(SwatchListView, RowsScrolledToAreEndedThen) {
+    fill(1000);
+    setName(3, std::string(255, 'n'));
+    records[3].SRed = 0x1234;
+    Rect frame = list.frame();
+    frame.y = -4400; // rows whose patch begins above are not drawn at all
+    list.setFrame(frame);
+    draw();
+    EXPECT_EQ(records[3].SRed, 0x1234);
+    frame.y = 0;
+    list.setFrame(frame);
+    draw({0, 4400, 200, 100}); // and not painted
+    EXPECT_EQ(records[3].SRed, 0x1200);
 }
 
 TEST_F(SwatchListView, OnlyRowsThatTouchTheClipArePainted) {
