@@ -4,6 +4,7 @@
 #include "dialog/chromalog_controler.h"
 #include "dialog/globals.h"
 #include "record/allocate_globals.h"
+#include "views/wheel_picture.h"
 
 #include <algorithm>
 #include <exception>
@@ -112,7 +113,9 @@ void pickFromScreen(PickerRecord& record, std::int16_t* result, Platform& platfo
 
 void pick(PickerRecord& record, std::intptr_t* data, std::int16_t* result, Platform& platform) {
     const StandaloneHost standalone(sSPBasic);
-    if (const AtEnd atEnd = standalone.atEnd()) platform.staysLoaded(atEnd);
+    const AtEnd atEnd = standalone.atEnd();
+    if (atEnd) platform.staysLoaded(atEnd);
+    WheelPicture::keepMeasure(atEnd != nullptr);
     if (asksForScreen(standalone.suite())) return pickFromScreen(record, result, platform);
     const std::unique_ptr<Desktop> desktop = platform.makeDesktop(standalone.suite());
     if (!desktop) return; // no display: nothing changed

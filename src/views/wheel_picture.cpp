@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 namespace chromalog {
 namespace {
@@ -33,6 +34,9 @@ struct Factors {
     std::uint32_t order;
     double middle, low;
 };
+
+WheelMeasure kept;
+bool keeps = false;
 
 /// As Colour::hsb has them. A hue of a full turn or no number counts as 0.
 Factors factorsOf(double hue, double saturation) {
@@ -79,9 +83,21 @@ Bitmap plainWheelPicture(int size, float brightness) {
     return picture;
 }
 
+WheelPicture::~WheelPicture() {
+    if (keeps && size_ > 0) kept = std::move(static_cast<WheelMeasure&>(*this));
+}
+
+void WheelPicture::keepMeasure(bool wanted) {
+    keeps = wanted;
+    if (!wanted) kept = {};
+}
+
 void WheelPicture::render(int size, float brightness) {
     size = std::max(size, 0);
-    if (size != bitmap_.width) measure(size);
+    if (size != size_ && size == kept.size_)
+        static_cast<WheelMeasure&>(*this) = std::exchange(kept, {});
+    else if (size != size_)
+        measure(size);
     const float clamped = brightness > 0 ? std::min(brightness, 1.0f) : 0; // as a colour holds it
     if (byteOf(clamped) == 0)                                              // so is every byte
         for (const RowSpan& span : spans_)
@@ -96,6 +112,7 @@ void WheelPicture::render(int size, float brightness) {
 
 void WheelPicture::measure(int size) {
     const auto area = static_cast<std::size_t>(size) * size;
+    size_ = 0;
     bitmap_ = {size, size, std::vector<std::uint32_t>(area, background())};
     middle_.assign(size, 0);
     low_.assign(size, 0);
@@ -115,6 +132,7 @@ void WheelPicture::measure(int size) {
         for (int i = 0; i < chunkFactors; ++i)
             factors_.push_back(factors_[factors_.size() - chunkFactors]);
     }
+    size_ = size;
 }
 
 void WheelPicture::measureRow(int row) {

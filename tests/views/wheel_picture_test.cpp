@@ -57,6 +57,34 @@ TEST(WheelPicture, ARebuildOf1024PixelsEqualsThePlainAlgorithm) {
     compareAtBrightnesses(1024, 27);
 }
 
+TEST(WheelPicture, AKeptMeasureServesTheNextPictureOfItsSize) {
+    WheelPicture::keepMeasure(true);
+    const std::uint32_t* first = nullptr;
+    for (const auto& [size, brightness] :
+         {std::pair{64, 0.5F}, {64, 1.0F}, {65, 0.25F}, {64, 0.0F}, {64, 0.75F}}) {
+        WheelPicture picture;
+        picture.render(size, brightness);
+        EXPECT_TRUE(equalsPlain(picture, size, brightness)) << size << " at " << brightness;
+        const std::uint32_t* pixels = picture.bitmap().pixels.data();
+        if (!first) first = pixels;
+        if (brightness == 1) EXPECT_EQ(pixels, first) << "the same memory: nothing was measured";
+    }
+    WheelPicture::keepMeasure(false);
+    WheelPicture picture;
+    picture.render(64, 1);
+    EXPECT_TRUE(equalsPlain(picture, 64, 1));
+}
+
+TEST(WheelPicture, TwoAtATimeShareNothing) {
+    WheelPicture::keepMeasure(true);
+    { WheelPicture().render(64, 1); }
+    WheelPicture one, other;
+    one.render(64, 1);
+    other.render(64, 0.5F);
+    EXPECT_TRUE(equalsPlain(one, 64, 1) && equalsPlain(other, 64, 0.5F));
+    WheelPicture::keepMeasure(false);
+}
+
 TEST(WheelPicture, EverySmallSizeEqualsThePlainAlgorithm) {
     for (int size = 0; size <= 80; ++size)
         compareAtBrightnesses(size, 23);
