@@ -71,6 +71,9 @@ void addRecover(CLI::App& app, RecoverRequest& request) {
     auto* list = recover->add_flag("--list", request.list, "Show what each copy holds");
     recover->add_option("NAME", request.name, "Bring this copy back")->excludes(list)->type_name("");
     recover->add_option("--data-dir", request.folder, kDataDirHelp)->type_name("DIR");
+    recover->footer(
+        "Exit code: 0 done; 2 there is no such copy, it cannot be brought back, or the folder of the "
+        "lists cannot be read.");
 }
 
 /// What is wrong with a request to recover; empty where nothing is.
@@ -90,8 +93,10 @@ void addPick(CLI::App& app) {
     pick->fallthrough();
     pick->add_flag_callback(
         "--json", [] {}, "Print them as JSON");
-    pick->footer("A click takes a colour; with Shift it goes on, and each is printed. Escape takes none.\n\n"
-                 "Exit code: 0 a colour was taken; 1 none; 2 none can be.");
+    pick->footer(
+        "--format prints them in another form, as without pick. A click takes a colour; with Shift it "
+        "goes on, and each is printed. Escape takes none.\n\n"
+        "Exit code: 0 a colour was taken; 1 none; 2 none can be.");
 }
 
 void completePick(const CLI::App& pick, CommandLine& line) {
@@ -104,8 +109,9 @@ void completePick(const CLI::App& pick, CommandLine& line) {
 void addHostOptions(CLI::App& app, CommandLine& line, std::string& colour) {
     app.add_option(
            "--color", colour,
-           "Offer this colour (#3366cc): #rrggbb, #rgb, a CSS name, or SPACE:c0,c1,... with SPACE one of rgb "
-           "hsb cmyk lab gray and its 16-bit components as the record holds them")
+           "Offer this colour (#3366cc): #rrggbb, #rgb, a name or an opaque function of CSS as 'hsl(173 58% "
+           "39%)', or SPACE:c0,c1,... with SPACE one of rgb hsb cmyk lab gray and its 16-bit components as "
+           "the record holds them")
         ->type_name("COLOUR");
     app.add_option("--format", "Print the colour in this form (hex)")
         ->check(CLI::IsMember(kFormats))

@@ -1,13 +1,31 @@
 #include "standalone/host_colour.h"
 
+#include "spaces/css_colour.h"
+
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 
 namespace chromalog::standalone {
 
+namespace {
+
+/// A record has no alpha: what is not opaque is no colour to offer.
+std::optional<HostColour> readFunction(const std::string& text, Scale scale) {
+    const auto read = text.find('(') == std::string::npos ? std::nullopt : readCssColour(text);
+    if (!read || read->alpha < 1) return std::nullopt;
+    const auto component = [most = scale == Scale::eight ? 255 : 65535](double part) {
+        return static_cast<std::uint16_t>(std::lround(std::clamp(part, 0.0, 1.0) * most));
+    };
+    return HostColour{Space::rgb,
+                      {component(read->rgb.red), component(read->rgb.green), component(read->rgb.blue)}};
+}
+
+} // namespace
+
 std::optional<HostColour> readColour(const std::string& text, Scale scale) {
     const auto written = readWrittenColour(text);
-    if (!written) return std::nullopt;
+    if (!written) return readFunction(text, scale);
     HostColour colour{Space{written->space}, written->components};
     // Only bytes need scaling: components that were written out are taken as they stand.
     if (scale == Scale::eight && text.find(':') == std::string::npos)

@@ -21,7 +21,8 @@ struct HostColour {
     bool operator==(const HostColour&) const = default;
 };
 
-/// Reads #rrggbb, #rgb, a CSS name, or SPACE:c0,c1,c2[,c3] with the components as the record holds them.
+/// Reads #rrggbb, #rgb, a CSS name, an opaque function of CSS (`hsl(173 58% 39%)`), or SPACE:c0,c1,c2[,c3]
+/// with the components as the record holds them.
 std::optional<HostColour> readColour(const std::string& text, Scale scale);
 
 /// The colour as 16-bit RGB; other spaces go through the converter.

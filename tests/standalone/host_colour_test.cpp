@@ -14,6 +14,16 @@ TEST(HostColour, IsReadAsTheRecordHoldsIt) {
     EXPECT_EQ(readColour("#12345678", Scale::sixteen), std::nullopt);
 }
 
+TEST(HostColour, FunctionsOfCssAreRead) {
+    EXPECT_EQ(readColour("rgb(18, 171, 255)", Scale::sixteen),
+              (HostColour{Space::rgb, {0x1212, 0xABAB, 0xFFFF, 0}}));
+    EXPECT_EQ(readColour("hsl(240 100% 50%)", Scale::eight), (HostColour{Space::rgb, {0, 0, 255, 0}}));
+    EXPECT_EQ(readColour("oklch(1 0 0)", Scale::sixteen),
+              (HostColour{Space::rgb, {0xFFFF, 0xFFFF, 0xFFFF, 0}}));
+    for (const char* text : {"rgb(1 2 3 / 50%)", "rgb(1, 2)", "cmyk(1 2 3 4)", "rgb(1 2 3", "()"})
+        EXPECT_EQ(readColour(text, Scale::sixteen), std::nullopt) << text;
+}
+
 TEST(HostColour, EightBitRecordsHoldBytes) {
     EXPECT_EQ(readColour("#12ABff", Scale::eight), (HostColour{Space::rgb, {0x12, 0xAB, 0xFF, 0}}));
     EXPECT_EQ(readColour("rgb:1,2,300", Scale::eight), (HostColour{Space::rgb, {1, 2, 300, 0}}));

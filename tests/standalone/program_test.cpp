@@ -378,5 +378,13 @@ TEST(Program, HelpAndVersionGoToStandardOutput) {
     EXPECT_EQ(run({"--version"}).out, "chromalog " CHROMALOG_VERSION "\n");
 }
 
+TEST(Program, HelpOfASubcommandTellsItsOwnExitCodes) {
+    const std::string recover = run({"recover", "--help"}).out, pick = run({"pick", "--help"}).out;
+    EXPECT_THAT(recover, HasSubstr("Exit code: 0 done; 2 there is no such copy"));
+    for (const std::string& help : {recover, pick})
+        EXPECT_EQ(help.find("as offered"), std::string::npos) << help;
+    EXPECT_THAT(pick, HasSubstr("--format"));
+}
+
 } // namespace
 } // namespace chromalog
