@@ -51,7 +51,8 @@ inline constexpr std::size_t kMostPaletteColours = 65535;
 /// What a reader makes of a file.
 struct ReadPalette {
     Palette palette;
-    std::size_t unread = 0; ///< colours that the file announces or names and that could not be read
+    std::size_t unread =
+        0; ///< colours that the file announces or names and that could not be read, all or their names
 };
 
 /// A palette changed into what a format, or a list of swatches, holds.

@@ -117,7 +117,7 @@ TEST(AcoPalette, WhereTheNamesEndEarlyTheFirstSectionCounts) {
     const auto read = readAs(PaletteFormat::aco, "\0\1\0\2\0\0\xFF\xFF\0\0\0\0\0\0\0\0\0\0\0\0\xFF\xFF\0\0"
                                                  "\0\2\0\3\0\0\xFF\xFF\0\0\0\0\0\0\0\0\0\2\0A\0\0\0\0"sv);
     EXPECT_THAT(told(read.palette), ElementsAre("A #ff0000", " #0000ff"));
-    EXPECT_EQ(read.unread, 1u);
+    EXPECT_EQ(read.unread, 2u) << "the second one's name, and the third";
 }
 
 TEST(ActPalette, TheTransparentColourIsRead) {

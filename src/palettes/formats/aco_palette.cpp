@@ -33,12 +33,13 @@ std::string readName(ByteReader& in) {
     return textOfUtf16(in.take(std::min(length, in.left()) * 2));
 }
 
-/// Colour after colour over those of a section before, which stay where this one ends early.
-void readSection(ByteReader& in, unsigned version, unsigned count, std::vector<Record>& records) {
-    for (std::size_t i = 0; i < count && in.left() >= kColourSize; ++i) {
+/// Colour after colour over those of a section before, which stay where this one ends early. How many it had.
+std::size_t readSection(ByteReader& in, unsigned version, unsigned count, std::vector<Record>& records) {
+    std::size_t i = 0;
+    for (; i < count && in.left() >= kColourSize; ++i) {
         Record record = readColour(in);
         if (version == 2) {
-            if (in.left() < 4) return;
+            if (in.left() < 4) return i;
             record.colour.name = readName(in);
         }
         if (i < records.size())
@@ -46,6 +47,7 @@ void readSection(ByteReader& in, unsigned version, unsigned count, std::vector<R
         else
             records.push_back(std::move(record));
     }
+    return i;
 }
 
 void writeName(ByteWriter& out, const std::string& name) {
@@ -76,9 +78,10 @@ ReadPalette readAcoPalette(Bytes file) {
         throw PaletteError(translated("this is no swatch file"));
     std::vector<Record> records;
     readSection(in, version, count, records);
+    std::size_t unnamed = 0; // colours that are known, but not by their names
     if (version == 1 && in.left() >= kHeaderSize && in.word() == 2) {
         const unsigned named = in.word();
-        readSection(in, 2, named, records);
+        unnamed = named - readSection(in, 2, named, records);
         count = std::max(count, named);
     }
     ReadPalette read;
@@ -87,7 +90,7 @@ ReadPalette readAcoPalette(Bytes file) {
         if (i < groups.size()) records[i].colour.group = std::move(groups[i]);
         if (records[i].known) addColour(read.palette, std::move(records[i].colour));
     }
-    read.unread = count - read.palette.colours.size();
+    read.unread = std::max(count - read.palette.colours.size(), unnamed);
     return read;
 }
 
