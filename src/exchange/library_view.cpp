@@ -30,6 +30,11 @@ void LibraryView::setEntries(std::vector<LibraryEntry> entries) {
     strips.reserve(entries.size());
     for (const LibraryEntry& entry : entries)
         strips.push_back(stripOf(entry.palette));
+    if (has(row_)) { // the keyboard stays on its palette
+        const auto same =
+            std::ranges::find(entries, entries_[static_cast<std::size_t>(row_)].path, &LibraryEntry::path);
+        if (same != entries.end()) row_ = static_cast<int>(same - entries.begin());
+    }
     entries_ = std::move(entries);
     strips_ = std::move(strips);
     row_ = std::clamp(row_, 0, std::max(0, accessibleRowCount() - 1));

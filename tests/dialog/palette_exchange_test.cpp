@@ -336,6 +336,19 @@ TEST_F(PaletteExchangeTest, TheLibraryFollowsItsFolderAndAClickLoads) {
     });
 }
 
+TEST_F(PaletteExchangeTest, TheLibrarysKeyboardStaysOnItsPaletteWhenOneComesBefore) {
+    pick([this](ChromalogControler&, HeadlessDesktop& d) {
+        d.forms.at("chromalogWindow")->send("showLibrary2:");
+        auto& view = dynamic_cast<LibraryView&>(*d.forms.at("LibraryPanel")->views.at("library"));
+        std::filesystem::create_directories(path("chromalog/palettes"));
+        write("chromalog/palettes/b.hex", "#00ff00\n");
+        d.advance(1.5);
+        write("chromalog/palettes/a.hex", "#ff0000\n");
+        d.advance(1.5);
+        EXPECT_EQ(view.accessibleSelectedRow(), 1);
+    });
+}
+
 TEST_F(PaletteExchangeTest, WhatOtherProgramsKeepIsShownAndNeverWritten) {
     std::filesystem::create_directories(path(".config/inkscape/palettes"));
     write(".config/inkscape/palettes/theirs.gpl", "GIMP Palette\n1 2 3\tA\n");
