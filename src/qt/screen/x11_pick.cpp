@@ -76,28 +76,29 @@ bool X11Pick::grab() {
 
 /// Of the windows for the mouse, as widgets are told rounded places; of the widget that has them for keys.
 bool X11Pick::eventFilter(QObject*, QEvent* event) try {
-    const auto* mouse = static_cast<QMouseEvent*>(event);
-    const auto* key = static_cast<QKeyEvent*>(event);
+    const auto mouse = [event]() -> const QMouseEvent& { return *static_cast<QMouseEvent*>(event); };
     switch (event->type()) {
     case QEvent::MouseMove:
-        pointedAt(mouse->globalPosition());
+        pointedAt(mouse().globalPosition());
         return true;
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
-        pressed_ = mouse->button();
-        pointedAt(mouse->globalPosition());
+        pressed_ = mouse().button();
+        pointedAt(mouse().globalPosition());
         return true;
     case QEvent::MouseButtonRelease:
-        if (std::exchange(pressed_, Qt::NoButton) != mouse->button()) return true; // begun before the pick
-        pointedAt(mouse->globalPosition());
-        mouse->button() == Qt::LeftButton ? take(mouse->modifiers() & Qt::ShiftModifier) : end({});
+        if (std::exchange(pressed_, Qt::NoButton) != mouse().button()) return true; // begun before the pick
+        pointedAt(mouse().globalPosition());
+        mouse().button() == Qt::LeftButton ? take(mouse().modifiers() & Qt::ShiftModifier) : end({});
         return true;
     case QEvent::ShortcutOverride: // no key is the dialog's
         event->accept();
         return true;
-    case QEvent::KeyPress:
-        keyPressed(key->key(), key->isAutoRepeat(), key->modifiers() & Qt::ShiftModifier);
+    case QEvent::KeyPress: {
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        keyPressed(key.key(), key.isAutoRepeat(), key.modifiers() & Qt::ShiftModifier);
         return true;
+    }
     default:
         return false;
     }
