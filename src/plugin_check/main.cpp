@@ -125,8 +125,12 @@ int runAll(CommandLine& line) {
     // Without an entry there is nothing more to check.
     if (!loadable) plan.checks = {checkNamed("exports")};
     const auto verdicts = carryOut(plan);
-    if (std::ranges::all_of(verdicts, [](auto& verdict) { return verdict.end == Verdict::End::unable; }))
-        return nothingChecked(line, verdicts.front().lines.front());
+    const auto made = [](const Verdict& v) {
+        return v.end == Verdict::End::ok || v.end == Verdict::End::failed;
+    };
+    const auto unable = std::ranges::find(verdicts, Verdict::End::unable, &Verdict::end);
+    if (unable != verdicts.end() && std::ranges::none_of(verdicts, made))
+        return nothingChecked(line, unable->lines.front());
     std::cout << (line.json ? asJson(verdicts, plan.request.plugin) : asText(verdicts)) << std::flush;
     return std::cout ? exitCodeOf(verdicts) : complain("cannot write to standard output");
 }
