@@ -70,7 +70,12 @@ TEST_F(PickFailures, NobodyListensToADesktopWhoseDialogIsGone) {
 
 /// The stand-alone host, asked for a colour of the screen.
 const StandaloneSuite3 kScreenHost{
-    {{[](const char* key) -> const char* { return std::string_view(key) == "pick" ? "1" : nullptr; }}},
+    {{[](const char* key) -> const char* { return std::string_view(key) == "pick" ? "1" : nullptr; },
+      {},
+      {},
+      {},
+      {}},
+     {}},
     [](std::uint16_t, std::uint16_t, std::uint16_t) { FAIL() << "nothing was taken"; }};
 
 class LongProblem : public PickFailures {

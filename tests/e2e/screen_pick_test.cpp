@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <memory>
 #include <sstream>
 #include <thread>
 #include <unistd.h>
@@ -89,8 +90,9 @@ class Painter {
             reinterpret_cast<Resources* (*)(Display*, Window)>(dlsym(library, "XRRGetScreenResources"));
         const auto set =
             reinterpret_cast<void (*)(Display*, Window, Monitor*)>(dlsym(library, "XRRSetMonitor"));
-        if (!resources || !set) return false;
-        const Resources* has = resources(display_, root());
+        const auto free = reinterpret_cast<void (*)(Resources*)>(dlsym(library, "XRRFreeScreenResources"));
+        if (!resources || !set || !free) return false;
+        const std::unique_ptr<Resources, decltype(free)> has(resources(display_, root()), free);
         if (!has || has->outputs < 1) return false;
         Monitor one{atom("Left"), True, False, 1, 0, 0, left, height, left, height, has->output};
         Monitor two{atom("Right"), False,  False,        0,      left,   0,

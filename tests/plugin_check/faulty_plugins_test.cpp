@@ -5,6 +5,7 @@
 
 #include <set>
 #include <sstream>
+#include <string_view>
 
 namespace chromalog {
 namespace {
@@ -25,6 +26,11 @@ void PrintTo(const Faulty& faulty, std::ostream* out) {
 class FaultyPlugIn : public testing::TestWithParam<Faulty> {};
 
 TEST_P(FaultyPlugIn, IsCaughtByItsCheckAlone) {
+#if defined(__SANITIZE_ADDRESS__)
+    const std::string_view name = GetParam().plugin;
+    if (name == "at_exit" || name == "grows" || name == "late_writes")
+        GTEST_SKIP() << "the sanitizer keeps what is given back, and ends who reads it itself";
+#endif
     const ProgramResult result =
         runProgram({PLUGIN_CHECK, std::string(FAULTY_PLUGINS "/") + GetParam().plugin + ".so"});
     EXPECT_EQ(result.exitCode, 1) << result.err;
