@@ -21,7 +21,8 @@ std::int16_t secondInk(const Outlet<TextField>& field) {
     // Clamped well inside 64 bits before the product; 16 bits saturate far earlier.
     constexpr std::int64_t bound = 1'000'000'000;
     const std::int64_t percent = std::clamp(integerValue(field->text()), -bound, bound);
-    return saturated16(static_cast<double>((100 - percent) * 255 / 100));
+    const std::int64_t level = (100 - percent) * 255 / 100; // a whole number of 255
+    return saturated16(static_cast<double>(level));
 }
 
 template <typename Ink> Inks inksOf(const ValueFields& f, Ink ink) {

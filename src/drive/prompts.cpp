@@ -51,7 +51,8 @@ void answer(QFileDialog& panel, const QString& path) {
 
 QMessageBox* replaceQuestion() {
     auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    const QWidget* asker = box ? box->parentWidget() : nullptr;
+    if (!box) return nullptr;
+    const QWidget* asker = box->parentWidget();
     const bool panel = qobject_cast<const QFileDialog*>(asker) || qobject_cast<const QPrintDialog*>(asker);
     return panel && box->button(QMessageBox::Yes) ? box : nullptr;
 }

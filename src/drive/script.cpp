@@ -108,7 +108,9 @@ std::optional<std::string> wrongWords(const Row& row, const std::vector<std::str
     const auto optional = row.words.find_first_of("?+");
     const auto least = std::min(optional, row.words.size());
     const bool repeats = row.words.ends_with('+');
-    const auto most = repeats ? words.size() : optional == row.words.npos ? least : row.words.size() - 1;
+    const auto most = repeats                              ? words.size()
+                      : optional == std::string_view::npos ? least
+                                                           : row.words.size() - 1;
     if (words.size() < least || words.size() > most) return wrongCount(row);
     for (std::size_t i = 0; i < words.size(); ++i)
         if (auto wrong = wrongWord(row.words[i < least ? i : repeats ? least - 1 : i + 1], words[i]))

@@ -15,7 +15,7 @@ constexpr bool isHexDigit(char c) {
 
 /// Whether `rest`, which begins with #, is that and hexadecimal digits up to the next blank.
 bool isHexColour(std::string_view rest) {
-    const auto end = std::ranges::find_if(rest, isBlank);
+    const auto* const end = std::ranges::find_if(rest, isBlank);
     return end - rest.begin() > 1 && std::all_of(rest.begin() + 1, end, isHexDigit);
 }
 

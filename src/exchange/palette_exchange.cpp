@@ -29,7 +29,7 @@ std::vector<std::string> readableTypes() {
 
 std::string withoutExtension(std::string_view name) {
     const std::size_t dot = name.rfind('.');
-    return std::string(dot == name.npos || dot == 0 ? name : name.substr(0, dot));
+    return std::string(dot == std::string_view::npos || dot == 0 ? name : name.substr(0, dot));
 }
 
 } // namespace
@@ -139,6 +139,7 @@ void PaletteExchange::exportList(SwatchPanel& panel) {
     if (!choice) return;
     if (choice->selectedOnly) {
         std::vector<PaletteColour> selected;
+        selected.reserve(rows.size());
         for (const int row : rows)
             selected.push_back(std::move(list.colours.at(static_cast<std::size_t>(row))));
         list.colours = std::move(selected);

@@ -36,7 +36,8 @@ void PatchesView::drawRect(Canvas& canvas) {
     const double edge = edgeOf(colours_.size(), width, height);
     const auto columns = static_cast<std::size_t>(std::max(1.0, std::floor(width / edge)));
     for (std::size_t i = 0; i < colours_.size(); ++i) {
-        const double y = edge * static_cast<double>(i / columns);
+        const std::size_t row = i / columns;
+        const double y = edge * static_cast<double>(row);
         if (y >= height) break;
         canvas.setFill(colours_[i]);
         canvas.fillRect({edge * static_cast<double>(i % columns), y, edge, edge});

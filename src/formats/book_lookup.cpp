@@ -15,11 +15,12 @@ std::uint64_t tagOf(const BookKey& key) {
 
 } // namespace
 
-BookIndex::BookIndex(Bytes file) : space_(0) {
+BookIndex::BookIndex(Bytes file) {
     BookCursor book(file);
     space_ = book.space();
     const int count = std::max<int>(book.count(), 0);
-    tags_.resize(std::bit_ceil(static_cast<std::size_t>(count + count / 4 + 1))); // one in five stays empty
+    const auto keys = static_cast<std::size_t>(count);
+    tags_.resize(std::bit_ceil(keys + keys / 4 + 1)); // one in five stays empty
     components_.resize(tags_.size());
     BookColour colour;
     for (int i = 0; i < count && book.next(colour); ++i) {

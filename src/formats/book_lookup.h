@@ -29,7 +29,7 @@ class BookIndex {
     /// The slot that has the tag, or the empty one where it would stand.
     std::size_t slotOf(std::uint64_t tag) const;
 
-    std::int16_t space_;
+    std::int16_t space_ = 0;
     std::vector<std::uint64_t>
         tags_; ///< by slot: the key above 16 bits of 1; 0 is empty. A power of two of them
     std::vector<BookComponents> components_; ///< by slot

@@ -34,8 +34,8 @@ constexpr BookChoice kPantoneCoated{"PANTONE solid coated.acb"},
     kPantoneUncoated{"PANTONE solid uncoated.acb"};
 
 struct HksTest {
-    char fifth; ///< 0: any
-    char sixth;
+    std::uint8_t fifth; ///< 0: any
+    std::uint8_t sixth;
     BookChoice book;
 };
 

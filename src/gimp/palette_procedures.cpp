@@ -59,7 +59,7 @@ Palette paletteOfGimp(const std::string& name) {
 
 /// The name that GIMP has given it: it makes equal ones differ.
 std::string makeGimpPalette(const Palette& palette) {
-    const std::string name = takenText(gimp_palette_new(palette.title.c_str()));
+    std::string name = takenText(gimp_palette_new(palette.title.c_str()));
     bool taken = !name.empty();
     for (const PaletteColour& colour : palette.colours) {
         const auto& c = colour.components;

@@ -45,7 +45,7 @@ std::string gimpsCmykProfile() {
         gimp_get_color_configuration(), g_object_unref);
     char* path = nullptr;
     if (preferences) g_object_get(preferences.get(), "cmyk-profile", &path, nullptr);
-    const std::string profile = takenText(path);
+    std::string profile = takenText(path);
     if (profile.empty()) return {};
     try {
         const standalone::LcmsConverter proof(profile);

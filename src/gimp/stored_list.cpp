@@ -19,7 +19,7 @@ namespace {
 
 std::string preferencesPath() {
     const char* named = std::getenv("CHROMALOG_DATA_DIR");
-    const std::string path = applicationDataDirectory(named && *named ? named : userApplicationsDirectory());
+    std::string path = applicationDataDirectory(named && *named ? named : userApplicationsDirectory());
     if (path.empty()) throw std::runtime_error("there is no home folder for Chromalog's lists");
     return path;
 }

@@ -26,12 +26,12 @@ std::string undoListing(std::string_view description) {
     constexpr std::size_t kShortestRest = 6; // fewer characters after a further opening mark hold no label
     std::string listing = " ";
     std::size_t open = description.find('!');
-    while (open != description.npos) {
+    while (open != std::string_view::npos) {
         const std::size_t close = description.find('!', open + 1);
-        if (close == description.npos) break;
+        if (close == std::string_view::npos) break;
         listing.append(description.substr(open + 1, close - open - 1)).push_back('\r');
         open = description.find('!', close + 1);
-        if (open != description.npos && description.size() - open - 1 < kShortestRest) break;
+        if (open != std::string_view::npos && description.size() - open - 1 < kShortestRest) break;
     }
     return listing;
 }

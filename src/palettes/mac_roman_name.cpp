@@ -38,7 +38,7 @@ char32_t takeComposed(std::string_view& text) {
     const char32_t mark = takeCodePoint(rest);
     for (const Marked& row : kMarked)
         if (const std::size_t at = row.letters.find(static_cast<char>(c));
-            row.mark == mark && at != row.letters.npos) {
+            row.mark == mark && at != std::string_view::npos) {
             text = rest;
             return row.composed[at];
         }
@@ -65,7 +65,7 @@ const Table& romanBytes() {
 
 std::string romanOf(char32_t c) {
     if (c < 0x80) return {static_cast<char>(c)};
-    const auto found = std::ranges::lower_bound(romanBytes(), c, {}, &Table::value_type::first);
+    const auto* const found = std::ranges::lower_bound(romanBytes(), c, {}, &Table::value_type::first);
     if (found != romanBytes().end() && found->first == c) return {static_cast<char>(found->second)};
     std::string utf8;
     appendUtf8(utf8, c);

@@ -85,7 +85,7 @@ constexpr std::string_view kHexDigits = "0123456789abcdefABCDEF";
 std::string extensionOf(std::string_view path) {
     path.remove_prefix(std::min(path.rfind('/') + 1, path.size())); // npos + 1 is 0
     const std::size_t dot = path.rfind('.');
-    return dot == path.npos ? std::string() : lowerCase(path.substr(dot + 1));
+    return dot == std::string_view::npos ? std::string() : lowerCase(path.substr(dot + 1));
 }
 
 /// The first line of a text that is no comment and not empty.
@@ -109,12 +109,13 @@ std::optional<PaletteFormat> formatOfText(Bytes file, std::string_view extension
     const bool isSheet = extension == "css" || extension == "scss";
     const std::string_view line = firstLine(file);
     const std::string_view plain = trimmed(line.substr(0, line.find(';')));
-    const bool isEight = plain.size() == 8 && plain.find_first_not_of(kHexDigits) == plain.npos;
+    const bool isEight = plain.size() == 8 && plain.find_first_not_of(kHexDigits) == std::string_view::npos;
     if (isEight && extension != "hex") return F::paintNet;
     if (beginsWithColour(line) && !isSheet) return F::hex;
     const std::string_view text(reinterpret_cast<const char*>(file.data()), file.size());
-    const bool hasProperties = text.find("--") != text.npos || text.find('$') != text.npos;
-    if (isSheet || (hasProperties && text.find(':') != text.npos)) return F::css;
+    const bool hasProperties =
+        text.find("--") != std::string_view::npos || text.find('$') != std::string_view::npos;
+    if (isSheet || (hasProperties && text.find(':') != std::string_view::npos)) return F::css;
     if (extension == "txt" && line.empty()) return F::paintNet;
     return extension == "hex" ? std::optional(F::hex) : std::nullopt;
 }
@@ -144,12 +145,12 @@ const PaletteFormatRules& rulesOf(PaletteFormat format) {
 }
 
 std::optional<PaletteFormat> formatOfWord(std::string_view word) {
-    const auto found = std::ranges::find(kFormats, word, &PaletteFormatRules::word);
+    const auto* const found = std::ranges::find(kFormats, word, &PaletteFormatRules::word);
     return found == std::end(kFormats) ? std::nullopt : std::optional(found->format);
 }
 
 std::optional<PaletteFormat> formatOfExtension(std::string_view path) {
-    const auto found = std::ranges::find(kFormats, extensionOf(path), &PaletteFormatRules::extension);
+    const auto* const found = std::ranges::find(kFormats, extensionOf(path), &PaletteFormatRules::extension);
     return found == std::end(kFormats) ? std::nullopt : std::optional(found->format);
 }
 

@@ -30,6 +30,7 @@ Colour kept(const Rgb& rgb) {
 
 std::vector<TakenColour> takenFrom(const std::vector<PictureColour>& colours) {
     std::vector<TakenColour> taken;
+    taken.reserve(colours.size());
     for (const PictureColour& each : colours)
         taken.push_back({kept(each.rgb), std::string(nearestCssName(each.rgb)), each.share});
     return taken;

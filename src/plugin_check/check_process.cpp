@@ -48,6 +48,7 @@ struct SpawnSettings {
 
 pid_t start(std::vector<std::string> words) {
     std::vector<char*> pointers;
+    pointers.reserve(words.size() + 1);
     for (std::string& word : words)
         pointers.push_back(word.data());
     pointers.push_back(nullptr);

@@ -77,7 +77,7 @@ std::span<const Check> checks() {
 }
 
 const Check* checkNamed(std::string_view name) {
-    const auto found =
+    const auto* const found =
         std::ranges::find(kChecks, name, [](const Check& check) { return std::string_view(check.name); });
     return found == std::end(kChecks) ? nullptr : found;
 }

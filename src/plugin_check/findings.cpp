@@ -21,7 +21,7 @@ std::string oneLine(std::string text) {
 void readLine(Findings& found, const std::string& line) {
     const auto blank = line.find(' ');
     const std::string kind = line.substr(0, blank),
-                      text = blank == line.npos ? std::string() : line.substr(blank + 1);
+                      text = blank == std::string::npos ? std::string() : line.substr(blank + 1);
     if (kind == kSkipped) found.skipped = text;
     if (kind == kUnable) found.unable = text;
     if (kind == kComplete) found.complete = true;

@@ -31,7 +31,7 @@ constexpr Owner kOwners[] = {
 
 std::string ownerOf(const std::string& misuse) {
     for (const auto& [says, check] : kOwners)
-        if (misuse.find(says) != misuse.npos) return check;
+        if (misuse.find(says) != std::string_view::npos) return check;
     return "arguments";
 }
 

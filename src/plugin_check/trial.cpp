@@ -51,7 +51,7 @@ standalone::HostRun& Trial::run() {
 }
 
 standalone::HostRun::Answer Trial::pick(const standalone::HostColour& offered) {
-    const auto answer = run().pick(offered);
+    auto answer = run().pick(offered);
     const bool changed = answer.colour.components != offered.components;
     if (answer.result != hostNoErr && changed)
         faultOf("answer", "the pick ended with " + std::to_string(answer.result) + " and changed the colour");

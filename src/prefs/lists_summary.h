@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <ctime>
 #include <optional>
 #include <string>
@@ -12,7 +13,7 @@ struct ListsSummary {
         int count = 0;    ///< 0..5000, whatever the file says
         std::string name; ///< ASCII that can be printed, other characters as '?'
     };
-    List lists[2];
+    std::array<List, 2> lists;
     std::time_t written = 0; ///< when these lists were stored
 };
 

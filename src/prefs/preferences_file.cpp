@@ -21,7 +21,7 @@ static_assert(standsAt<offsetof(GlobalRecord, numColors1)>(kFileCounts[0]));
 static_assert(standsAt<offsetof(GlobalRecord, numColors2)>(kFileCounts[1]));
 static_assert(standsAt<offsetof(GlobalRecord, swatchName1)>(kFileNames[0]));
 static_assert(standsAt<offsetof(GlobalRecord, swatchName2)>(kFileNames[1]));
-static_assert(kPreferencesOffset >= offsetof(GlobalRecord, pickerRecord) + sizeof(PickerRecord*));
+static_assert(kPreferencesOffset >= offsetof(GlobalRecord, pickerRecord) + sizeof(void*));
 
 /// Of memory from calloc, which the system fills with zeros only where it is touched.
 struct Free {

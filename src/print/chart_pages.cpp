@@ -38,7 +38,8 @@ PrintPage degradePage(const GradientCorners& corners, Size page) {
 }
 
 PrintPage tonePage(const ToneCircle& circle, const Colour& second, Size page) {
-    const Size cell{page.w / toneRings, page.h / (toneSectors / 2)};
+    constexpr int rows = toneSectors / 2;
+    const Size cell{page.w / toneRings, page.h / rows};
     PrintPage printed;
     for (int j = toneSectors - 1; j >= 0; --j)
         for (int k = toneRings; k >= 0; --k)

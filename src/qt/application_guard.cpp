@@ -15,6 +15,7 @@
 #include <clocale>
 #include <cstdlib>
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -279,7 +280,7 @@ ApplicationGuard::~ApplicationGuard() {
     if (!own_) return;
     guarded([this] {
         if (!keep_ || !leavesTheDesktop()) return;
-        kept = new Kept{nullptr, std::setlocale(LC_ALL, nullptr)};
+        kept = std::make_unique<Kept>(Kept{nullptr, std::setlocale(LC_ALL, nullptr)}).release();
         kept->application = std::move(own_);
     });
     own_.reset();

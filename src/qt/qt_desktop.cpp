@@ -89,7 +89,7 @@ std::unique_ptr<Form> QtDesktop::loadForm(std::string_view name, const FormOwner
     const QString file = toQt(settings_.formsDirectory) + '/' + toQt(name) + ".ui";
     const bool replaced = !settings_.formsDirectory.empty() && QFile::exists(file);
     auto root = replaced ? formFromFile(file, settings_.readForm, problems) : builtForm(name);
-    if (!replaced && !root) problems.push_back("there is no such form");
+    if (!replaced && !root) problems.emplace_back("there is no such form");
     std::unique_ptr<QtForm> form;
     if (root) {
         form = std::make_unique<QtForm>(std::move(root), *this, std::string(name));

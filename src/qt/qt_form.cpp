@@ -80,7 +80,7 @@ struct Connector {
         auto* widget = find<ViewWidget>();
         if (!widget) return false;
         widget->setView(view, &desktop);
-        disconnects.push_back([widget = QPointer<ViewWidget>(widget)] {
+        disconnects.emplace_back([widget = QPointer<ViewWidget>(widget)] {
             if (widget) widget->setView(nullptr);
         });
         return true;

@@ -165,7 +165,7 @@ Colours bareColours(std::string_view piece) {
     const std::vector<std::string_view> words = wordsOf(piece);
     if (words.size() < 2) return {};
     const auto hexes = static_cast<std::size_t>(std::ranges::count_if(words, isLongHex));
-    const Colours list = wholeLine(words);
+    Colours list = wholeLine(words);
     if (!list.empty() && (hexes == 0 || hexes == words.size())) return list; // not "ffffff white"
     if (isLongHex(words.front()))
         return {{nameFrom(piece.substr(words.front().size())), *readCssColour(words.front())}};

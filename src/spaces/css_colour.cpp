@@ -49,7 +49,7 @@ std::optional<ReadColour> readHex(std::string_view digits, bool bare) {
 
 std::optional<ReadColour> readName(std::string_view lower) {
     if (lower == "transparent") return ReadColour{{}, 0};
-    const auto found = std::ranges::lower_bound(kCssColours, lower, {}, &CssColour::name);
+    const auto* const found = std::ranges::lower_bound(kCssColours, lower, {}, &CssColour::name);
     if (found == std::end(kCssColours) || found->name != lower) return std::nullopt;
     return ReadColour{rgbOfBytes(found->rgb)};
 }

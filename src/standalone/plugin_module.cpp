@@ -29,7 +29,7 @@ constexpr const char* kModuleFile = "Chromalog.so";
 
 fs::path programPath() {
     std::error_code error;
-    const fs::path link = fs::read_symlink("/proc/self/exe", error);
+    fs::path link = fs::read_symlink("/proc/self/exe", error);
     if (!error) return link;
     // Without /proc the kernel still tells the name that the program was started by.
     const auto* started = reinterpret_cast<const char*>(getauxval(AT_EXECFN));

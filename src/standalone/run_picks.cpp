@@ -39,9 +39,8 @@ PickerSettings settingsOf(const CommandLine& line) {
 std::string conversions(const PickerSettings& used) {
     if (used.services == ServicesKind::closed) return "by the closed form";
     const std::string profile = cmykProfileOf(used);
-    const std::string lcms = profile.empty()
-                                 ? "by Little CMS, CMYK by the closed form: no profile is installed"
-                                 : "by Little CMS, CMYK profile " + profile;
+    std::string lcms = profile.empty() ? "by Little CMS, CMYK by the closed form: no profile is installed"
+                                       : "by Little CMS, CMYK profile " + profile;
     if (used.services == ServicesKind::none) return lcms + "; the plug-in is offered none";
     if (used.services == ServicesKind::error) return lcms + "; those that the plug-in asks for fail";
     return lcms;

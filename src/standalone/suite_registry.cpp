@@ -19,7 +19,7 @@ std::int32_t SuiteRegistry::acquire(const char* name, std::int32_t version, cons
         return kSPBadParameterError;
     }
     const auto found = offered_.find({name, version});
-    if (found == offered_.end() || withheld_.count(name)) return kSPSuiteNotFoundError;
+    if (found == offered_.end() || withheld_.contains(name)) return kSPSuiteNotFoundError;
     ++acquired_[found->first];
     *suite = found->second;
     return kSPNoError;

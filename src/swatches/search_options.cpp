@@ -23,7 +23,7 @@ std::string folded(std::string_view utf8, const SearchOptions& options) {
             takeCodePoint(rest);
             const std::string letter(from, rest.data());
             const std::string plain = lossyAscii(letter);
-            text += plain.find('?') == plain.npos ? plain : letter;
+            text += plain.find('?') == std::string::npos ? plain : letter;
         }
     } else {
         text = utf8;
@@ -80,7 +80,7 @@ SwatchTest swatchTest(std::string_view text, const SearchOptions& options) {
     if (css && css->none()) css.reset();
     return [options, hex, css, asked = folded(text, options)](const FCOStruct& record) {
         const std::string name = folded(macRomanToUtf8(zeroTerminatedName(record)), options);
-        if (!asked.empty() && name.find(asked) != name.npos) return true;
+        if (!asked.empty() && name.find(asked) != std::string::npos) return true;
         if (!hex.empty() && hexText(channelsOf(shownColour(record))).starts_with(hex)) return true;
         return css && css->has(shownColour(record));
     };

@@ -7,11 +7,9 @@
 #include <cstdint>
 #include <limits>
 
-namespace chromalog {
-
 /// Where things stand in a swatch list: points, y down. `bounds` is the view's bounds, `frameY` its frame's
 /// origin.
-namespace swatch_geometry {
+namespace chromalog::swatch_geometry {
 
 inline constexpr double kRowPitch = ScrollView::kRowPitch; ///< a step scrolls one row
 inline constexpr double kMargin = 5;
@@ -79,5 +77,4 @@ constexpr RowRange rowsInClip(const Rect& clip, double frameY, int count) {
     return {first, std::max(first, firstRowBelow(clip.y + clip.h + kInkAbove, frameY, count))};
 }
 
-} // namespace swatch_geometry
-} // namespace chromalog
+} // namespace chromalog::swatch_geometry

@@ -80,15 +80,15 @@ void toneView::drawRect(Canvas& canvas) {
              --sector) { // where outlines overlap the later one shows
             const double start = sector * sectorDegrees;
             const double end = (sector + 1) * sectorDegrees;
-            Canvas::Cell& cell = cells.emplace_back(Path(), toneCell(circle, second, ring, sector));
+            cells.push_back({Path(), toneCell(circle, second, ring, sector)});
+            Canvas::Cell& cell = cells.back();
             cell.path.arc(centre, outer, start, end, false);
             cell.path.arc(centre, inner, end, start, true);
             cell.path.close();
         }
     }
-    Canvas::Cell& middleCell =
-        cells.emplace_back(Path(), Colour::rgb(second.red(), second.green(), second.blue()));
-    middleCell.path.oval({radius - radius / 8, radius - radius / 8, radius / 4, radius / 4});
+    cells.push_back({Path(), Colour::rgb(second.red(), second.green(), second.blue())});
+    cells.back().path.oval({radius - radius / 8, radius - radius / 8, radius / 4, radius / 4});
     canvas.drawCells(cells);
 }
 

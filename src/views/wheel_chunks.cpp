@@ -68,7 +68,7 @@ std::size_t fillWheelChunks(const WheelChunk* chunks, const float* factors, std:
             for (int i = 0; i < chunkPixels; ++i) {
                 const std::uint32_t fixedMiddle = s.fixed(middle[i]);
                 const std::uint32_t fixedLow = s.fixed(low[i]);
-                whole[i] |= s.wholeBit(fixedMiddle) | s.wholeBit(fixedLow);
+                whole[i] |= BrightnessScale::wholeBit(fixedMiddle) | BrightnessScale::wholeBit(fixedLow);
                 const std::uint32_t m = fixedMiddle << toHighest;
                 const std::uint32_t l = fixedLow << toHighest;
                 out[i] = top | (m >> middleDown & middleMask) | (l >> lowDown & lowMask);

@@ -260,7 +260,7 @@ class WhatFollows : public SecondColour {
             control<HeadlessColorWell>(*desktop_, "complementColor").onShow = [this] { tell("harmonies"); };
             for (auto [name, word] :
                  {std::pair{"myToneView", "tone"}, {"lumiView", "strip"}, {"chromaView", "wheel"}})
-                view(name).setHost(&hosts_.emplace_back([this, word] { tell(word); }));
+                view(name).setHost(&hosts_.emplace_back([this, word = word] { tell(word); }));
             steps(c);
         });
     }

@@ -55,7 +55,8 @@ void writeKey(ByteWriter& out, std::size_t number) {
 
 std::string plainBookText(std::string_view text) {
     if (text.starts_with(kTranslated))
-        if (const std::size_t value = text.find('='); value != text.npos) text.remove_prefix(value + 1);
+        if (const std::size_t value = text.find('='); value != std::string_view::npos)
+            text.remove_prefix(value + 1);
     std::string plain;
     for (std::size_t i = 0; i < text.size(); ++i) {
         const char sign = text[i] == '^' && i + 1 < text.size() ? text[i + 1] : '\0';

@@ -34,7 +34,7 @@ std::string readName(ByteReader& in) {
 bool readColour(ByteReader in, PaletteColour& colour) {
     colour.name = readName(in);
     const Bytes word = in.take(4);
-    const auto model =
+    const auto* const model =
         std::ranges::find_if(kModels, [&word](const Model& m) { return std::ranges::equal(m.word, word); });
     if (model == std::end(kModels)) return false;
     colour.space = model->space;
@@ -65,7 +65,7 @@ void writeName(ByteWriter& out, const std::string& name) {
 }
 
 void writeColour(ByteWriter& out, const PaletteColour& colour) {
-    const auto model = std::ranges::find(kModels, colour.space, &Model::space);
+    const auto* const model = std::ranges::find(kModels, colour.space, &Model::space);
     writeName(out, colour.name);
     out.bytes(model == std::end(kModels) ? kModels[0].word : model->word);
     const AseReals reals = aseRealsOf(colour);

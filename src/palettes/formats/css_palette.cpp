@@ -24,7 +24,7 @@ class Pieces {
                 skipPast(rest_.find("*/", 2), 2);
             } else if (c == '"' || c == '\'') {
                 const std::size_t end = rest_.find(c, 1);
-                piece.append(rest_, 0, end == rest_.npos ? end : end + 1);
+                piece.append(rest_, 0, end == std::string_view::npos ? end : end + 1);
                 skipPast(end, 1);
             } else {
                 rest_.remove_prefix(1);
@@ -37,7 +37,7 @@ class Pieces {
 
   private:
     void skipPast(std::size_t found, std::size_t size) {
-        rest_ = found == rest_.npos ? std::string_view() : rest_.substr(found + size);
+        rest_ = found == std::string_view::npos ? std::string_view() : rest_.substr(found + size);
     }
 
     std::string_view rest_;
@@ -67,7 +67,7 @@ ReadPalette readCssPalette(Bytes file) {
     for (std::string piece; pieces.next(piece);) {
         const std::string_view declaration = trimmed(piece);
         const std::size_t colon = declaration.find(':');
-        if (colon == declaration.npos) continue;
+        if (colon == std::string_view::npos) continue;
         const std::string_view name = variableName(trimmed(declaration.substr(0, colon)));
         if (name.empty()) continue;
         const std::string_view after = declaration.substr(colon + 1);

@@ -14,7 +14,7 @@ bool isComment(std::string_view line) {
 
 std::optional<PaletteColour> colourOf(std::string_view line) {
     if (line.starts_with('#')) line.remove_prefix(1);
-    const auto end = std::ranges::find_if_not(line, isHexDigit);
+    const auto* const end = std::ranges::find_if_not(line, isHexDigit);
     const auto size = static_cast<std::size_t>(end - line.begin());
     const bool isWord = end != line.end() && (isLetter(*end) || isDigit(*end));
     auto colour = isWord ? std::nullopt : colourOfHex(line.substr(0, size));

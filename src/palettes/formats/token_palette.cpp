@@ -253,7 +253,7 @@ std::vector<std::uint8_t> writeTokenPalette(const Palette& palette) {
         if (!group || colour.group != *group) out.enter(groupNames(colour.group));
         group = &colour.group;
         out.member(colour.name);
-        out.raw("{ \"$type\": \"color\", \"$value\": \"" + hexOf(colour) + "\" }");
+        out.raw(R"({ "$type": "color", "$value": ")" + hexOf(colour) + R"(" })");
     }
     return out.take();
 }

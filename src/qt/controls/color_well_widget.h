@@ -34,8 +34,6 @@ class ColorWellWidget : public QWidget, public DragSource {
     QSize minimumSizeHint() const override { return {24, 24}; }
 
     bool isPressable() const { return property("action").isValid(); }
-
-  public Q_SLOTS:
     void copyAsHex();
 
   Q_SIGNALS:

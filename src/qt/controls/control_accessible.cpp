@@ -27,10 +27,10 @@ class StepperAccessible : public QAccessibleWidget, public QAccessibleValueInter
     /// By single steps, as a person goes.
     void setCurrentValue(const QVariant& wanted) override {
         guarded([&] {
-            if (!(stepper_->increment() > 0)) return;
             const double to = std::clamp(wanted.toDouble(), stepper_->minimum(), stepper_->maximum());
-            const double steps = std::round((to - stepper_->value()) / stepper_->increment());
-            for (double step = 0; step < std::abs(steps); ++step)
+            if (!(stepper_->increment() > 0) || std::isnan(to)) return;
+            const long steps = std::lround((to - stepper_->value()) / stepper_->increment());
+            for (long step = 0; step < std::abs(steps); ++step)
                 steps > 0 ? stepper_->stepForwards() : stepper_->stepBackwards();
         });
     }

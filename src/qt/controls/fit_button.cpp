@@ -153,7 +153,7 @@ void FitButton::paintArrow(QPainter& painter) const {
 QString FitButton::withTerm(const QString& text) const {
     if (terms_.isEmpty()) return text;
     for (const QString& term : terms_.split('|')) {
-        const QString both = text + " \u00b7 " + term;
+        QString both = text + " \u00b7 " + term;
         if (fontMetrics().size(Qt::TextShowMnemonic, both).width() + 2 * side <= width()) return both;
     }
     return text;

@@ -42,7 +42,7 @@ std::unique_ptr<DialogWindow> formFromFile(const QString& path, ReadForm read,
     std::unique_ptr<DialogWindow> window(qobject_cast<DialogWindow*>(root.get()));
     if (root && !window) problems.push_back(fromQt(path) + ": its root is no dialog");
     if (!window) return nullptr;
-    root.release(); // the same object
+    static_cast<void>(root.release()); // the same object
     reportDoubles(*window, problems);
     completeForm(*window);
     return window;

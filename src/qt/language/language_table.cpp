@@ -47,7 +47,7 @@ std::unique_ptr<LanguageTable> readLanguage(const std::string& code) {
 
 std::string languageAmong(const QStringList& names) {
     for (const QString& name : names) {
-        const std::string code = fromQt(name.section('-', 0, 0).section('_', 0, 0));
+        std::string code = fromQt(name.section('-', 0, 0).section('_', 0, 0));
         if (std::ranges::find(kLanguages, code) != std::end(kLanguages)) return code;
     }
     return std::string(kLanguages[0]);

@@ -22,7 +22,8 @@ QList<QWidget*> WorkColumn::sections() const {
     for (QWidget* child : findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
         if (!child->isHidden()) shown.append(child);
     if (stageFirst_)
-        std::ranges::stable_partition(shown, [](auto* child) { return qobject_cast<StageBox*>(child); });
+        std::stable_partition(shown.begin(), shown.end(),
+                              [](auto* child) { return qobject_cast<StageBox*>(child); });
     return shown;
 }
 

@@ -138,7 +138,7 @@ class SaveDialog : public TypedPanel {
 
   protected:
     QString meant() const override {
-        const QString path = TypedPanel::meant().isEmpty() ? named() : TypedPanel::meant();
+        QString path = TypedPanel::meant().isEmpty() ? named() : TypedPanel::meant();
         if (path.isEmpty()) return path;
         return withExtension(QDir::isAbsolutePath(path) ? path : directory().filePath(path), extension_);
     }

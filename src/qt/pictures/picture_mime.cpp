@@ -16,20 +16,20 @@ constexpr const char* kName = translatable("the pasted picture");
 
 QString fileIn(const QMimeData& mime) {
     for (const QUrl& url : mime.urls())
-        if (const QString path = url.toLocalFile(); !path.isEmpty()) return path;
+        if (QString path = url.toLocalFile(); !path.isEmpty()) return path;
     return {};
 }
 
 /// The first encoding that we read; empty where there is none.
 QString encodingIn(const QMimeData& mime) {
     for (const PictureKind& kind : pictureKinds())
-        if (const QString type = toQt(kind.mime); mime.hasFormat(type)) return type;
+        if (QString type = toQt(kind.mime); mime.hasFormat(type)) return type;
     return {};
 }
 
 PictureSource fetch(const QMimeData& mime) {
     if (const QString path = fileIn(mime); !path.isEmpty()) return pictureAt(fromQt(path));
-    if (const QString type = encodingIn(mime); !type.isEmpty())
+    if (QString type = encodingIn(mime); !type.isEmpty())
         return {translated(kName), [bytes = mime.data(type)](const WorkProgress& progress) {
                     return readPictureBytes(translated(kName), bytes, progress);
                 }};

@@ -28,7 +28,7 @@ constexpr uint kFirstVersionThatPicks = 2;
 
 /// Empty where no bus is said to be: the library would start one.
 QString sessionBus() {
-    const QString named = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
+    QString named = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
     const QString socket = qEnvironmentVariable("XDG_RUNTIME_DIR") + "/bus";
     if (!named.isEmpty() || !QFile::exists(socket)) return named;
     return "unix:path=" + QString::fromLatin1(QUrl::toPercentEncoding(socket, "/"));

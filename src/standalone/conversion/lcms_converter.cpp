@@ -152,8 +152,8 @@ LcmsConverter::~LcmsConverter() = default;
 Components LcmsConverter::convert(Space from, Space to, const Components& components) const {
     if (from == to) return components;
     const auto& profiles = transforms_->profiles;
-    if (!profiles.count(from)) return convert(Space::rgb, to, closedToRgb(from, components));
-    if (!profiles.count(to)) return closedFromRgb(to, convert(from, Space::rgb, components));
+    if (!profiles.contains(from)) return convert(Space::rgb, to, closedToRgb(from, components));
+    if (!profiles.contains(to)) return closedFromRgb(to, convert(from, Space::rgb, components));
 
     const Components in = clamped(from, components);
     cmsHTRANSFORM transform = transforms_->get(from, to);

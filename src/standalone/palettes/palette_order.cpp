@@ -27,6 +27,7 @@ template <typename Key> void sortBy(Palette& palette, const Key& keyOf) {
         keys.emplace_back(keyOf(colour), keys.size());
     std::ranges::sort(keys);
     std::vector<PaletteColour> sorted;
+    sorted.reserve(keys.size());
     for (const Sortable& key : keys)
         sorted.push_back(std::move(palette.colours[key.second]));
     palette.colours = std::move(sorted);
