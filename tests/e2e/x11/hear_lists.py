@@ -3,7 +3,7 @@ import json
 import subprocess
 import sys
 
-from accessible_dialog import Atspi, find_dialog, nodes
+from accessible_dialog import find_dialog, listen, nodes
 from gi.repository import GLib
 
 PATIENCE = 30  # seconds until all must have been heard
@@ -20,12 +20,9 @@ def hear(event):
         GLib.timeout_add(500, loop.quit)
 
 
-listener = Atspi.EventListener.new(hear)
-for kind in ("object:state-changed:selected", "object:state-changed:showing", "object:state-changed:focused",
-             "object:children-changed", "object:model-changed", "object:property-change:accessible-description"):
-    listener.register(kind)
-
 dialog = find_dialog()
+listener = listen(dialog, hear, "object:state-changed:selected", "object:state-changed:showing", "object:state-changed:focused",
+                  "object:children-changed", "object:model-changed", "object:property-change:accessible-description")
 rows = next(node for node in nodes(dialog) if node.get_role_name() == "list" and node.get_name().startswith("Swatch list 1"))
 told["interfaces"] = rows.get_interfaces()
 table = rows.get_table_iface()

@@ -2,7 +2,7 @@
 import json
 import sys
 
-from accessible_dialog import Atspi, find_dialog, nodes
+from accessible_dialog import find_dialog, listen, nodes
 from gi.repository import GLib
 
 PATIENCE = 30  # seconds until something must have been heard
@@ -19,10 +19,9 @@ def hear(event):
         loop.quit()
 
 
-listener = Atspi.EventListener.new(hear)
-listener.register("object:state-changed:showing")
-listener.register("object:property-change:accessible-name")
-for node in nodes(find_dialog()):
+dialog = find_dialog()
+listener = listen(dialog, hear, "object:state-changed:showing", "object:property-change:accessible-name")
+for node in nodes(dialog):
     if node.get_name() == "Clear" and node.get_description().startswith("Empties list 1"):
         node.get_action_iface().do_action(0)
         break
