@@ -5,7 +5,8 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-fno-gnu-unique>)
 endif()
 if(CHROMALOG_SANITIZE)
-  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  # -O1 and lines alone: findings name their places, and the build takes half the time.
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1 -g1)
   add_link_options(-fsanitize=address,undefined)
   # For programs that load the plug-in: what is known of the libraries' own leaks.
   add_library(leaks_of_libraries OBJECT ${CMAKE_CURRENT_LIST_DIR}/leaks_of_libraries.c)
