@@ -69,6 +69,14 @@ class WindowMemoryTest : public DesktopTest {
     static QWidget* box(QDialog& window) { return window.findChild<QWidget*>("boxTones"); }
 };
 
+TEST(FrameAround, IsNoneWhileTheWindowManagerPutsItThere) {
+    const QRect window(250, 80, 1280, 760);
+    EXPECT_EQ(frameAround(window, {249, 60, 1282, 785}), QRect(249, 60, 1282, 785));
+    EXPECT_EQ(frameAround(window, window), window);
+    EXPECT_EQ(frameAround(window, {250, 80, 1, 1}), window);
+    EXPECT_EQ(frameAround(window, {0, 0, 1282, 785}), window);
+}
+
 TEST(WindowPlace, APanelStandsBesideTheDialogWhereThereIsRoom) {
     const QRect screen(0, 20, 1600, 900), dialog(250, 100, 1000, 600);
     const QSize panel(240, 400);

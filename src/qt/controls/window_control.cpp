@@ -53,11 +53,19 @@ void WindowControl::whenClosed(std::function<void()> f) {
     if (widget_) widget_->onClose = std::move(f);
 }
 
+QRect frameAround(const QRect& window, const QRect& frame) {
+    return frame.contains(window) ? frame : window;
+}
+
 namespace {
+
+QRect frameOf(const QWidget& window) {
+    return frameAround(window.geometry(), window.frameGeometry());
+}
 
 /// What a panel will take of the screen: the size of its form, and a frame like its dialog's.
 QSize sizeOnScreen(const QWidget& panel, const QWidget& dialog) {
-    return panel.size().expandedTo(panel.minimumSizeHint()) + dialog.frameGeometry().size() - dialog.size();
+    return panel.size().expandedTo(panel.minimumSizeHint()) + frameOf(dialog).size() - dialog.size();
 }
 
 /// Below the other panels that stand there; where the screen has no room for that, over them with their
@@ -67,7 +75,7 @@ QPoint besideOthers(const QWidget& panel, const QWidget& dialog, QRect wanted, i
     QRect below = wanted, over = wanted;
     for (const auto* other : dialog.findChildren<DialogWindow*>(Qt::FindDirectChildrenOnly)) {
         if (other == &panel || !other->isVisible()) continue;
-        const QRect frame = other->frameGeometry();
+        const QRect frame = frameOf(*other);
         if (frame.intersects(below)) below.moveTop(frame.bottom() + gap);
         if (frame.intersects(over)) over.moveTop(std::max(over.top(), frame.top() + title));
     }
@@ -78,7 +86,7 @@ QPoint besideOthers(const QWidget& panel, const QWidget& dialog, QRect wanted, i
 /// Where its screen has room, to the right of the window that carries it; else over that window's right edge.
 void placeByDialog(QWidget& panel, const QWidget& dialog) {
     constexpr int gap = 8; // pixels
-    const QRect around = dialog.frameGeometry(), free = dialog.screen()->availableGeometry();
+    const QRect around = frameOf(dialog), free = dialog.screen()->availableGeometry();
     const QSize size = sizeOnScreen(panel, dialog);
     const int width = size.width() + gap, most = free.right() - width;
     const bool fits = around.right() + gap <= most;
@@ -130,7 +138,7 @@ void WindowControl::standBeside(Window& other, bool left) {
     const auto* beside = dynamic_cast<WindowControl*>(&other);
     if (!widget_ || !beside || !beside->dialog()) return;
     const QDialog& dialog = *beside->dialog();
-    const auto place = placeBeside(dialog.frameGeometry(), sizeOnScreen(*widget_, dialog),
+    const auto place = placeBeside(frameOf(dialog), sizeOnScreen(*widget_, dialog),
                                    dialog.screen()->availableGeometry(), left);
     if (place) widget_->move(*place);
 }

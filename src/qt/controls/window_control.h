@@ -34,6 +34,10 @@ constexpr Qt::WindowFlags kDialogFlags =
 /// where the screen has room on neither.
 std::optional<QPoint> placeBeside(const QRect& window, QSize size, const QRect& available, bool left);
 
+/// The frame that the toolkit tells of, where it is one around that window. A frame that the window manager
+/// is just putting around is a single pixel to it: none counts then.
+QRect frameAround(const QRect& window, const QRect& frame);
+
 class WindowControl : public WidgetControl<Window, DialogWindow> {
   public:
     explicit WindowControl(DialogWindow*);
