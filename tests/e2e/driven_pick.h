@@ -81,7 +81,8 @@ class DrivenPick : public testing::Test {
     ProgramResult pick(const std::vector<std::string>& options) const {
         const golden::RunRecorder recorder(folder_.path());
         const auto result = runProgram(command(options), environment_);
-        recorder.keep(options, result);
+        if (!environment_.contains("CHROMALOG_FORMS")) // fonts decide on places in forms of its own
+            recorder.keep(options, result);
         return result;
     }
 

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <fstream>
 #include <iterator>
+#include <regex>
 #include <set>
 
 namespace chromalog::golden {
@@ -63,6 +64,25 @@ std::vector<std::string> commandOf(const Step& step, const TemporaryFolder& fold
     return words;
 }
 
+std::set<std::string> namesInFrozenForms() {
+    static const std::regex name("name=\"(\\w+)\"");
+    std::set<std::string> names;
+    for (const auto& form : fs::directory_iterator(GOLDEN_FORMS)) {
+        const std::string text = readFile(form.path());
+        for (std::sregex_iterator found(text.begin(), text.end(), name), end; found != end; ++found)
+            names.insert((*found)[1]);
+    }
+    return names;
+}
+
+/// Fonts decide on places in panels that have no frozen form.
+void forgetPlacesElsewhere(Part& part) {
+    static const std::set<std::string> placed = namesInFrozenForms();
+    if (part.kind != Part::Kind::state) return;
+    for (auto& [name, outlet] : part.value["outlets"].items())
+        if (!placed.contains(name)) outlet.erase("frame");
+}
+
 } // namespace
 
 std::vector<std::string> scriptNames() {
@@ -105,6 +125,7 @@ Record replayTests() {
     Record record;
     for (const std::string& file : files)
         std::ranges::move(readRecord(file), std::back_inserter(record));
+    std::ranges::for_each(record, forgetPlacesElsewhere);
     return record;
 }
 

@@ -261,8 +261,8 @@ TEST_F(Languages, NothingIsLeftAfterAPick) {
 }
 
 TEST_F(Languages, ThePseudoLanguageBracketsEveryAlternative) {
-    EXPECT_EQ(pseudoText("&Open…|Open"), "[&Open…~~]|[Open~]");
-    EXPECT_EQ(pseudoText("%1 of list %2"), "[%1 of list %2~~~~]");
+    EXPECT_EQ(pseudoText("&Open…|Open"), "[&Open…ss]|[Opens]");
+    EXPECT_EQ(pseudoText("%1 of list %2"), "[%1 of list %2ssss]");
 }
 
 TEST(LanguageOfTheDesktop, IsTheFirstOfWhichThereIsATable) {

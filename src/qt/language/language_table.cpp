@@ -60,7 +60,7 @@ std::string languageOfDesktop() {
 std::string pseudoText(const std::string& english) {
     QStringList all;
     for (const QString& text : toQt(english).split('|'))
-        all.append('[' + text + QString(std::max<qsizetype>(1, text.size() / 3), '~') + ']');
+        all.append('[' + text + QString(text.size() / 3, 's') + ']'); // a letter of middling width
     return fromQt(all.join('|'));
 }
 

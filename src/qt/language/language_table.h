@@ -26,7 +26,7 @@ std::unique_ptr<LanguageTable> readLanguage(const std::string& code);
 std::string languageAmong(const QStringList& names);
 std::string languageOfDesktop();
 
-/// "&Open…|Open" as "[&Open…~~]|[Open~]": every alternative in brackets, a third longer.
+/// "&Open…|Open" as "[&Open…ss]|[Opens]": every alternative in brackets, a third longer.
 std::string pseudoText(const std::string& english);
 
 } // namespace chromalog
