@@ -43,6 +43,10 @@ GuardedBlock::GuardedBlock(const GuardedBlock& from, std::size_t size) : Guarded
     std::memset(data() + taken, kFreshByte, size - taken);
 }
 
+void GuardedBlock::copyFrom(const GuardedBlock& from) {
+    std::memcpy(data(), from.bytes_.get() + kGuard, size());
+}
+
 bool GuardedBlock::guardsIntact() const {
     return all(bytes_.get(), kGuard, kGuardByte) && all(bytes_.get() + kGuard + size(), kGuard, kGuardByte);
 }

@@ -21,6 +21,8 @@ class GuardedBlock {
     /// A copy at another address, longer or shorter.
     GuardedBlock(const GuardedBlock& from, std::size_t size);
 
+    void copyFrom(const GuardedBlock&); ///< of the same size
+
     char* data() { return reinterpret_cast<char*>(bytes_.get()) + kGuard; }
     std::size_t size() const { return size_; }
     bool guardsIntact() const;

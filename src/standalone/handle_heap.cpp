@@ -2,6 +2,8 @@
 
 #include "abi/result_codes.h"
 
+#include <utility>
+
 namespace chromalog::standalone {
 
 Handle HandleHeap::make(std::int32_t size) {
@@ -50,7 +52,6 @@ char* HandleHeap::lock(Handle handle) {
     Block* block = find(handle, "lockProc");
     if (!block || failing_ == Failing::lockProc) return nullptr;
     checkOldPlace(*block);
-    block->oldPlace.reset();
     ++block->locks;
     return block->master = block->memory.data();
 }
@@ -64,10 +65,13 @@ void HandleHeap::unlock(Handle handle) {
         return;
     }
     if (--block->locks > 0) return;
-    GuardedBlock newPlace(block->memory, block->memory.size());
     if (!block->memory.guardsIntact()) misuse("unlockProc", *block, "was written past its ends");
-    block->oldPlace = std::move(block->memory);
-    block->memory = std::move(newPlace);
+    checkOldPlace(*block);
+    if (block->oldPlace && block->oldPlace->size() == block->memory.size())
+        block->oldPlace->copyFrom(block->memory);
+    else
+        block->oldPlace.emplace(block->memory, block->memory.size());
+    std::swap(*block->oldPlace, block->memory);
     block->oldPlace->poison();
     block->master = nullptr;
 }

@@ -3,6 +3,7 @@
 #include "standalone/conversion/closed_converter.h"
 #include "standalone/host_run.h"
 
+#include <array>
 #include <cstring>
 #include <gmock/gmock.h>
 
@@ -35,6 +36,29 @@ TEST_F(HostTest, AHandleMovesWhenItIsUnlockedAndKeepsItsContents) {
     char* const second = handleProcs()->lockProc(handle, 0);
     EXPECT_NE(second, first);
     EXPECT_EQ(std::string(second, 5000), std::string(5000, 'x'));
+    handleProcs()->unlockProc(handle);
+    handleProcs()->disposeProc(handle);
+}
+
+TEST_F(HostTest, AHandleGoesToAndFroBetweenTwoPlaces) {
+    const Handle handle = handleProcs()->newProc(5000);
+    std::array<char*, 2> places{};
+    for (const char contents : {'a', 'b', 'c', 'd'}) {
+        char* const now = handleProcs()->lockProc(handle, 1);
+        if (contents > 'a') EXPECT_EQ(std::string(now, 5000), std::string(5000, contents - 1));
+        EXPECT_NE(now, places[0]);
+        places = {now, places[0]};
+        std::memset(now, contents, 5000);
+        handleProcs()->unlockProc(handle);
+        EXPECT_EQ(std::string(now, 5000), std::string(5000, '\xDB'))
+            << "what a reader of the old place finds";
+    }
+    EXPECT_EQ(handleProcs()->setSizeProc(handle, 6000), hostNoErr);
+    char* const longer = handleProcs()->lockProc(handle, 1);
+    longer[5999] = 'e';
+    EXPECT_EQ(std::string(longer, 5000), std::string(5000, 'd'));
+    handleProcs()->unlockProc(handle);
+    EXPECT_EQ(handleProcs()->lockProc(handle, 1)[5999], 'e');
     handleProcs()->unlockProc(handle);
     handleProcs()->disposeProc(handle);
 }

@@ -65,6 +65,16 @@ TEST(Misuse, HandlesAreNamed) {
              slot = reinterpret_cast<std::intptr_t>(handle);
          },
          "unlockProc: handle 1 was written after it was unlocked"},
+        {[](PickerRecord& r, std::intptr_t& slot) { // the place before, while it is locked in another
+             const Handle handle = newLocked(r);
+             char* const old = *handle;
+             r.handleProcs->unlockProc(handle);
+             r.handleProcs->lockProc(handle, 1);
+             old[7] = 1;
+             r.handleProcs->unlockProc(handle);
+             slot = reinterpret_cast<std::intptr_t>(handle);
+         },
+         "unlockProc: handle 1 was written after it was unlocked"},
         {[](PickerRecord& r, std::intptr_t& slot) {
              const Handle handle = newLocked(r);
              (*handle)[100] = 1;
