@@ -9,8 +9,10 @@ namespace chromalog {
 
 /// Captions, layouts, spacers, groups, boxes and the toolkit's own children stand in a form for looks alone.
 inline bool isDecoration(const QString& objectName) {
-    static constexpr std::array prefixes = {"caption", "layout", "spacer", "group", "box", "qt_"};
-    return objectName.isEmpty() || std::any_of(prefixes.begin(), prefixes.end(), [&](const char* prefix) {
+    static constexpr std::array<QLatin1String, 6> prefixes = {
+        QLatin1String("caption"), QLatin1String("layout"), QLatin1String("spacer"),
+        QLatin1String("group"),   QLatin1String("box"),    QLatin1String("qt_")};
+    return objectName.isEmpty() || std::any_of(prefixes.begin(), prefixes.end(), [&](QLatin1String prefix) {
                return objectName.startsWith(prefix);
            });
 }

@@ -52,10 +52,20 @@ QtDesktopSettings QtDesktopSettings::fromEnvironment() {
     return settings;
 }
 
+namespace {
+/// An application of our own keeps it from pick to pick: reading its pictures is a twentieth of a further
+/// one.
+QIcon windowIcon(bool ownApplication) {
+    if (!ownApplication) return productIcon();
+    if (QGuiApplication::windowIcon().isNull()) QGuiApplication::setWindowIcon(productIcon());
+    return QGuiApplication::windowIcon();
+}
+} // namespace
+
 QtDesktop::QtDesktop(QtDesktopSettings settings)
     : keyboard(&QGuiApplication::queryKeyboardModifiers), settings_(std::move(settings)),
       log_(settings_.logToSystem), texts_(settings_.formsDirectory),
-      language_(settings_.language, settings_.ownApplication), icon_(productIcon()) {
+      language_(settings_.language, settings_.ownApplication), icon_(windowIcon(settings_.ownApplication)) {
     installAccessibility();
 }
 
@@ -75,13 +85,14 @@ std::unique_ptr<QMimeData> plainCopy(const QMimeData& ours) {
 /// What the clipboard holds of ours becomes the toolkit's own: the module may be unloaded before the
 /// clipboard is read.
 QtDesktop::~QtDesktop() {
+    removeAccessibility();
+    if (!copied_) return; // asking the window system takes its time
     QClipboard* clipboard = QGuiApplication::clipboard();
     const auto ours = [clipboard] { return dynamic_cast<const ColourMime*>(clipboard->mimeData()); };
     guarded([&] {
         if (ours()) clipboard->setMimeData(plainCopy(*ours()).release());
     });
     if (ours()) guarded([&] { clipboard->clear(); }); // there was no memory for a copy
-    removeAccessibility();
 }
 
 std::unique_ptr<Form> QtDesktop::loadForm(std::string_view name, const FormOwner& owner) {
@@ -199,6 +210,7 @@ const Pasteboard& QtDesktop::generalPasteboard() const {
 }
 
 void QtDesktop::setGeneralPasteboard(const Pasteboard& pasteboard) {
+    copied_ = true;
     QGuiApplication::clipboard()->setMimeData(new ColourMime(pasteboard));
 }
 

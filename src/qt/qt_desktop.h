@@ -146,6 +146,7 @@ class QtDesktop : public Desktop {
     mutable Pasteboard pasteboard_;  ///< the clipboard as last read
     WId hostWindow_ = hostWindow(0); ///< as the window system names it
     bool modalRan_ = false;
+    bool copied_ = false; ///< the clipboard may hold what is ours
     bool forPerson_ = false;
     std::string settingsPath_; ///< empty where nothing is remembered
     LengthUnit lengthUnit_ = LengthUnit::points;

@@ -32,11 +32,17 @@ namespace {
 struct Connector {
     DialogWindow& root;
     QtDesktop& desktop;
+    const std::multimap<QString, QObject*>& named;
     QString name;
     std::vector<std::shared_ptr<void>>& controls;
     std::vector<std::function<void()>>& disconnects;
 
-    template <typename Widget> Widget* find() const { return root.findChild<Widget*>(name); }
+    template <typename Type> Type* find() const {
+        const auto [first, end] = named.equal_range(name);
+        for (auto entry = first; entry != end; ++entry)
+            if (auto* object = qobject_cast<Type*>(entry->second)) return object;
+        return nullptr;
+    }
 
     /// Wraps a widget in the control.
     template <typename Control, typename Widget, typename Type>
@@ -53,8 +59,7 @@ struct Connector {
         return wrap<FieldControl>(o, find<QLineEdit>()) || wrap<LabelControl>(o, find<QLabel>());
     }
     bool operator()(Outlet<Button>* o) const {
-        return wrap<ButtonControl>(o, find<QAbstractButton>()) ||
-               wrap<ItemControl>(o, root.findChild<QAction*>(name));
+        return wrap<ButtonControl>(o, find<QAbstractButton>()) || wrap<ItemControl>(o, find<QAction>());
     }
     bool operator()(Outlet<Slider>* o) const { return wrap<SliderControl>(o, find<QSlider>()); }
     bool operator()(Outlet<TextView>* o) const { return wrap<TextViewControl>(o, find<QPlainTextEdit>()); }
@@ -87,6 +92,14 @@ struct Connector {
     }
 };
 
+/// What outlets may name. Objects that share a name stay in their order.
+std::multimap<QString, QObject*> namedObjects(const QObject& root) {
+    std::multimap<QString, QObject*> named;
+    for (QObject* object : root.findChildren<QObject*>())
+        if (!isDecoration(object->objectName())) named.emplace(object->objectName(), object);
+    return named;
+}
+
 /// A menu item that changes how the window looks and no more.
 bool isOfTheWindow(const QObject& sender) {
     return sender.property(kShows).isValid() || sender.property(kSurround).isValid();
@@ -111,8 +124,9 @@ DialogWindow* QtForm::window() const {
 
 std::vector<std::string> QtForm::connect(const FormOwner& owner) {
     std::vector<std::string> problems;
+    const auto named = namedObjects(*root_);
     for (const OutletEntry& entry : owner.outlets)
-        if (!connectOutlet(entry) && !entry.extra)
+        if (!connectOutlet(entry, named) && !entry.extra)
             problems.push_back("outlet " + std::string(entry.name) + " is not connected");
     if (owner.colours) new ColourActions(*root_, *owner.colours);
     connectFolds(*root_);
@@ -127,8 +141,9 @@ std::vector<std::string> QtForm::connect(const FormOwner& owner) {
     return problems;
 }
 
-bool QtForm::connectOutlet(const OutletEntry& entry) {
-    return std::visit(Connector{*root_, desktop_, toQt(entry.name), controls_, disconnects_}, entry.target);
+bool QtForm::connectOutlet(const OutletEntry& entry, const std::multimap<QString, QObject*>& named) {
+    return std::visit(Connector{*root_, desktop_, named, toQt(entry.name), controls_, disconnects_},
+                      entry.target);
 }
 
 bool QtForm::connectAction(QObject* sender, const FormOwner& owner) {

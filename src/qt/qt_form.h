@@ -30,7 +30,7 @@ class QtForm : public Form {
     const std::string& name() const { return name_; }
 
   private:
-    bool connectOutlet(const OutletEntry&);
+    bool connectOutlet(const OutletEntry&, const std::multimap<QString, QObject*>& named);
     bool connectAction(QObject* sender, const FormOwner&);
     std::vector<std::string> unusedNames(const FormOwner&) const;
     QStringList ownMenus() const; ///< names of those that buttons of the form open by themselves

@@ -20,6 +20,14 @@ QString nameOf(const Shortcut& shortcut, int list) {
     return QString(shortcut.control).replace("%1", QString::number(list));
 }
 
+/// Whether the keys are those of a control of that name, of either list.
+bool areOf(const Shortcut& shortcut, const QString& name) {
+    const QLatin1String control(shortcut.control);
+    if (!control.endsWith(QLatin1String("%1"))) return name == control;
+    return name.size() == control.size() - 1 && name.startsWith(control.chopped(2)) &&
+           (name.back() == '1' || name.back() == '2');
+}
+
 QString shown(const QKeySequence& keys) {
     return keys.toString(QKeySequence::NativeText);
 }
@@ -114,9 +122,7 @@ void Shortcuts::noteList(const QWidget* focus) {
 QString Shortcuts::keysOf(const QWidget& widget) const {
     QStringList keys;
     for (const Shortcut& shortcut : shortcuts())
-        if (const QString name = widget.objectName();
-            name == nameOf(shortcut, 1) || name == nameOf(shortcut, 2))
-            keys.append(shown(QKeySequence(shortcut.keys)));
+        if (areOf(shortcut, widget.objectName())) keys.append(shown(QKeySequence(shortcut.keys)));
     const auto* button = qobject_cast<const QAbstractButton*>(&widget);
     if (button && !button->shortcut().isEmpty()) keys.append(shown(button->shortcut()));
     return keys.join(", ");

@@ -45,6 +45,21 @@ TEST(LogRing, RedrawsDoNotPushTheOthersOut) {
 
 class ServicesTest : public DesktopTest {};
 
+TEST_F(ServicesTest, AnApplicationOfOurOwnKeepsTheIcon) {
+    QtDesktopSettings own = settings();
+    own.ownApplication = false;
+    const auto iconWith = [&own] {
+        const QtDesktop desktop(own);
+        return QGuiApplication::windowIcon();
+    };
+    EXPECT_TRUE(iconWith().isNull()) << "another's is left alone";
+    own.ownApplication = true;
+    const QIcon first = iconWith(), further = iconWith();
+    EXPECT_FALSE(first.pixmap(48, 48).isNull());
+    EXPECT_EQ(further.cacheKey(), first.cacheKey());
+    QGuiApplication::setWindowIcon({});
+}
+
 TEST_F(ServicesTest, AKeyWithoutATextStandsForItself) {
     EXPECT_EQ(StringTable().text("!Load Swatch!"), "!Load Swatch!");
     EXPECT_EQ(StringTable(folder.path()).text("unheard of"), "unheard of");
