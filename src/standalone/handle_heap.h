@@ -12,8 +12,8 @@ namespace chromalog::standalone {
 
 /// The host's moveable memory. A block really moves at its last unlock: the old place is filled with rubbish
 /// and watched from then on, after the call as well, and the master pointer is null while the block is not
-/// locked. It moves to and fro between two places: new memory would cost a page fault for each 4 kB, a fifth of
-/// a further pick.
+/// locked. It moves to and fro between two places: new memory would cost a page fault for each 4 kB, a fifth
+/// of a further pick.
 class HandleHeap {
   public:
     enum class Failing { nothing, newProc, lockProc };
