@@ -15,10 +15,6 @@
 namespace chromalog {
 namespace {
 
-struct Extent {
-    std::size_t begin, end;
-};
-
 /// What the disk holds next of a file that is `said` bytes long; the file's position is its begin. What lies
 /// between `from` and there reads as zeros. Where nobody knows of holes: all that is left. Nothing where the
 /// disk fails.
@@ -41,7 +37,8 @@ std::optional<Extent> nextExtent(int fd, std::size_t from, std::size_t said) {
 /// where the disk fails. `roomFor` gives so many bytes at least of one buffer, zero where nothing was read
 /// yet. Holes are not read: the system would first make pages of zeros for them.
 template <typename RoomFor>
-std::optional<std::size_t> readToEnd(int fd, std::size_t said, std::size_t limit, RoomFor roomFor) {
+std::optional<std::size_t> readToEnd(int fd, std::size_t said, std::size_t limit, RoomFor roomFor,
+                                     std::vector<Extent>* held = nullptr) {
     std::size_t filled = 0, end = 0;
     while (filled < limit) {
         if (filled >= end) {
@@ -55,6 +52,7 @@ std::optional<std::size_t> readToEnd(int fd, std::size_t said, std::size_t limit
         if (got < 0 && errno == EINTR) continue;
         if (got < 0) return std::nullopt;
         if (got == 0) break;
+        if (held) held->push_back({filled, filled + static_cast<std::size_t>(got)});
         filled += static_cast<std::size_t>(got);
     }
     return filled;
@@ -91,12 +89,13 @@ std::optional<std::vector<std::uint8_t>> readDataFromFileAtURL(const std::string
 }
 
 std::optional<std::size_t> readFileInto(const std::string& path, std::span<std::uint8_t> zeros,
-                                        FileIdentity* read) {
+                                        FileIdentity* read, std::vector<Extent>* held) {
     std::optional<Descriptor> file;
     struct stat status;
     if (!openRegular(path, file, status)) return std::nullopt;
     const auto said = static_cast<std::size_t>(status.st_size);
-    const auto length = readToEnd(file->get(), said, zeros.size(), [zeros](std::size_t) { return zeros; });
+    const auto length = readToEnd(
+        file->get(), said, zeros.size(), [zeros](std::size_t) { return zeros; }, held);
     if (length && read) *read = identityOf(status);
     return length;
 }

@@ -21,10 +21,15 @@ std::optional<std::vector<std::uint8_t>> readDataFromFileAtURL(const std::string
                                                                std::size_t limit = kLongestRead,
                                                                FileIdentity* read = nullptr);
 
+/// A stretch of a file.
+struct Extent {
+    std::size_t begin, end;
+};
+
 /// The same into memory that is all zeros, as much of the file as it holds: how many bytes. Where the file
-/// has holes, the memory is not touched.
+/// has holes, the memory is not touched; `held` gets what was, in order.
 std::optional<std::size_t> readFileInto(const std::string& path, std::span<std::uint8_t> zeros,
-                                        FileIdentity* read = nullptr);
+                                        FileIdentity* read = nullptr, std::vector<Extent>* held = nullptr);
 
 /// Whether a write waits until the disk has it. Later is for writes on a person's every step: a power failure
 /// may then bring back an older file, a crash of the program cannot.

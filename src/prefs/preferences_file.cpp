@@ -61,16 +61,21 @@ std::span<const std::uint8_t> preferencesImage(const GlobalRecord& record) {
     return {reinterpret_cast<const std::uint8_t*>(&record) + kPreferencesOffset, kPreferencesImage};
 }
 
+namespace {
+
 /// Memory that is as the file has it is left alone: pages that nobody wrote yet stay the system's.
-void applyPreferences(GlobalRecord& record, std::span<const std::uint8_t> file) {
+void copyWhereOther(std::span<std::uint8_t> to, std::span<const std::uint8_t> from) {
     constexpr std::size_t kPiece = 4096;
-    const std::size_t length = std::min(file.size(), kPreferencesImage);
-    std::uint8_t* image = writableImage(record).data();
-    for (std::size_t at = 0; at < length; at += kPiece) {
-        const std::size_t count = std::min(kPiece, length - at);
-        if (std::memcmp(image + at, file.data() + at, count) != 0)
-            std::memcpy(image + at, file.data() + at, count);
+    for (std::size_t at = 0; at < from.size(); at += kPiece) {
+        const std::size_t count = std::min(kPiece, from.size() - at);
+        if (std::memcmp(&to[at], &from[at], count) != 0) std::memcpy(&to[at], &from[at], count);
     }
+}
+
+} // namespace
+
+void applyPreferences(GlobalRecord& record, std::span<const std::uint8_t> file) {
+    copyWhereOther(writableImage(record), file.first(std::min(file.size(), kPreferencesImage)));
 }
 
 /// Into a record that is still empty the file is read at once.
@@ -86,9 +91,17 @@ bool readPreferences(GlobalRecord& record, PreferencesStore& store) {
     const std::unique_ptr<std::uint8_t, Free> zeros(
         static_cast<std::uint8_t*>(std::calloc(kPreferencesImage, 1)));
     if (!zeros) throw std::bad_alloc();
-    const auto length = store.read({zeros.get(), kPreferencesImage});
-    if (length) applyPreferences(record, {zeros.get(), *length});
-    return length.has_value();
+    std::vector<Extent> held;
+    const auto length = store.read({zeros.get(), kPreferencesImage}, &held);
+    if (!length) return false;
+    std::size_t at = 0;
+    for (const auto& [begin, end] : held) { // the rest of the file is zeros, which take no memory unread
+        clear(image.subspan(at, begin - at));
+        copyWhereOther(image.subspan(begin), {&zeros.get()[begin], end - begin});
+        at = end;
+    }
+    clear(image.subspan(at, *length - at));
+    return true;
 }
 
 } // namespace chromalog

@@ -33,9 +33,9 @@ PreferencesStore::PreferencesStore(std::string path)
     : path_(std::move(path)), mark_(besideReal(path_, ".open")), copies_(path_), atStart_(identityOf(path_)) {
 }
 
-std::optional<std::size_t> PreferencesStore::read(std::span<std::uint8_t> zeros) {
+std::optional<std::size_t> PreferencesStore::read(std::span<std::uint8_t> zeros, std::vector<Extent>* held) {
     FileIdentity file;
-    const auto length = readFileInto(path_, zeros, &file);
+    const auto length = readFileInto(path_, zeros, &file, held);
     if (length) ourFiles()[path_] = file;
     return length;
 }

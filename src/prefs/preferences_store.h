@@ -32,7 +32,7 @@ class PreferencesStore {
 
     /// Reads the file into memory that is all zeros, as much as it holds: how many bytes. Nothing where errno
     /// says why.
-    std::optional<std::size_t> read(std::span<std::uint8_t> zeros);
+    std::optional<std::size_t> read(std::span<std::uint8_t> zeros, std::vector<Extent>* held = nullptr);
     void skip(); ///< it is not read: what is there, whoever wrote it, is kept as PATH.skipped
 
     /// Writes `data`, followed by `zeros` zero bytes. The first time, the file as it was when the pick began

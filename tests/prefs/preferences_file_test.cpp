@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <filesystem>
+#include <fstream>
 #include <memory>
 #include <random>
 
@@ -169,6 +171,29 @@ TEST_F(PreferencesFile, AFileOfAnyLengthChangesExactlyItsOwnBytes) {
         std::copy_n(bytes.begin(), length, expected.begin() + 18);
         applyPreferences(*record, bytes);
         ASSERT_TRUE(copyOf(*record) == expected) << bytes.size();
+    }
+}
+
+TEST_F(PreferencesFile, AFileWithHolesChangesExactlyItsOwnBytes) {
+    std::mt19937 random(12);
+    for (int round = 0; round < 40; ++round) {
+        const std::size_t size = 1 + random() % (kPreferencesSize + 100'000);
+        {
+            std::ofstream out(path, std::ios::binary | std::ios::trunc);
+            for (std::size_t at = random() % 300'000; at < size; at += 1 + random() % 700'000) {
+                out.seekp(static_cast<std::streamoff>(at));
+                out << std::string(std::min<std::size_t>(size - at, random() % 9'000),
+                                   static_cast<char>(round));
+            }
+        }
+        std::filesystem::resize_file(path, size);
+        const auto bytes = readDataFromFileAtURL(path);
+        ASSERT_TRUE(bytes && bytes->size() == size);
+        Bytes expected = copyOf(*record);
+        std::copy_n(bytes->begin(), std::min<std::size_t>(size, sizeof(GlobalRecord) - 18),
+                    expected.begin() + 18);
+        ASSERT_TRUE(read(path, *record));
+        ASSERT_TRUE(copyOf(*record) == expected) << size;
     }
 }
 
