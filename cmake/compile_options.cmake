@@ -4,6 +4,14 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # A unique symbol would keep the module mapped after dlclose.
   add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-fno-gnu-unique>)
 endif()
+# A release is built small: a quarter of what is resident beside the toolkit would be code otherwise, and less is to
+# map before the window shows.
+add_compile_options($<$<CONFIG:Release>:-Os>)
+# built_for_speed(TARGET file...): but for what a person waits for with every movement, or with a long list.
+function(built_for_speed target)
+  set_source_files_properties(${ARGN} TARGET_DIRECTORY ${target} PROPERTIES
+    COMPILE_OPTIONS $<$<CONFIG:Release>:-O3> SKIP_PRECOMPILE_HEADERS ON)
+endfunction()
 if(CHROMALOG_SANITIZE)
   # -O1 and lines alone: findings name their places, and the build takes half the time.
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1 -g1)
