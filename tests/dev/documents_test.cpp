@@ -45,6 +45,15 @@ TEST_F(Documents, ALineThatFailsIsNamedWithWhatItSaid) {
                                   HasSubstr("failed"), HasSubstr("page.md:4: false")));
 }
 
+TEST_F(Documents, ALineThatShowsAFaultMustEndSo) {
+    const char* page = "<!-- ends with 3: shows a fault -->\n\n    exit 3\n\nText\n\n    true\n";
+    EXPECT_EQ(documents(page).exitCode, 0);
+    const auto other = documents("<!-- ends with 3: shows a fault -->\n\n    true\n");
+    EXPECT_EQ(other.exitCode, 1);
+    EXPECT_THAT(other.out, HasSubstr("failed"));
+    EXPECT_EQ(documents("<!-- ends with 3: but not the next -->\n\nText\n\n    exit 3\n").exitCode, 1);
+}
+
 TEST_F(Documents, WhatOpensThePickerAnswersIt) {
     const auto ran = documents("Text\n\n    chromalog --color red  # opens\n    chromalog --help\n");
     EXPECT_THAT(ran.out, AllOf(HasSubstr("chromalog --color red --accept"), HasSubstr("chromalog --help"),
