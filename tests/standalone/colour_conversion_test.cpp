@@ -142,6 +142,23 @@ TEST(ColourConversion, AProfileThatServesOneWayAloneIsRefusedBeforeAPick) {
     }
 }
 
+TEST(ColourConversion, WhatTheProfileWasNotAskedForBeforeItsFileWentGoesByRgb) {
+    const std::filesystem::path installed = LcmsConverter::installedCmykProfile();
+    if (installed.empty()) GTEST_SKIP() << "libgs-common is not installed";
+    const test::TemporaryFolder folder;
+    std::filesystem::copy_file(installed, folder / "inks.icc");
+    const LcmsConverter whole(installed), lost(folder / "inks.icc");
+    std::filesystem::remove(folder / "inks.icc");
+    const Components inks{200, 40, 90, 250}, lab{150, 170, 90};
+    EXPECT_EQ(lost.convert(Space::cmyk, Space::rgb, inks), whole.convert(Space::cmyk, Space::rgb, inks));
+    const Components rgb = whole.convert(Space::cmyk, Space::rgb, inks);
+    EXPECT_EQ(lost.convert(Space::cmyk, Space::lab, inks), whole.convert(Space::rgb, Space::lab, rgb));
+    EXPECT_EQ(lost.convert(Space::lab, Space::cmyk, lab),
+              whole.convert(Space::rgb, Space::cmyk, whole.convert(Space::lab, Space::rgb, lab)));
+    EXPECT_NE(whole.convert(Space::lab, Space::cmyk, lab), lost.convert(Space::lab, Space::cmyk, lab))
+        << "the pair's own transform is another one";
+}
+
 struct Services : ::testing::Test {
     Services() {
         ledger.beginCall();

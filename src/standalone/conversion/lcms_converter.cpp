@@ -113,20 +113,31 @@ Profile openCmyk(const std::string& path) {
 
 } // namespace
 
+/// Each is made when it is first asked for. The file of a CMYK profile is opened for each anew: an open
+/// profile keeps every table that was read through it, beside the copy that the transform has.
 struct LcmsConverter::Transforms {
     std::map<Space, Profile> profiles;
+    std::string cmykProfile;
     std::map<std::pair<Space, Space>, Transform> made;
+
+    bool knows(Space space) const {
+        return profiles.contains(space) || (space == Space::cmyk && !cmykProfile.empty());
+    }
 
     cmsHTRANSFORM get(Space from, Space to) {
         const auto found = made.find({from, to});
         if (found != made.end()) return found->second.get();
-        const bool bytes = worksInBytes(from, to);
+        const bool bytes = worksInBytes(from, to), inks = from == Space::cmyk || to == Space::cmyk;
+        const Profile cmyk = inks ? openCmyk(cmykProfile) : Profile(nullptr, cmsCloseProfile);
+        const auto profileOf = [&](Space space) {
+            return space == Space::cmyk ? cmyk.get() : profiles.at(space).get();
+        };
         // Not optimised: single colours do not pay for the table of grid points, which takes long to make
         // and moves most colours by some units.
         constexpr cmsUInt32Number flags =
             cmsFLAGS_BLACKPOINTCOMPENSATION | cmsFLAGS_NOOPTIMIZE | cmsFLAGS_NOCACHE;
         cmsHTRANSFORM transform = cmsCreateTransform(
-            profiles.at(from).get(), bytes ? byteTypeOf(from) : codingOf(from).type, profiles.at(to).get(),
+            profileOf(from), bytes ? byteTypeOf(from) : codingOf(from).type, profileOf(to),
             bytes ? byteTypeOf(to) : codingOf(to).type, INTENT_RELATIVE_COLORIMETRIC, flags);
         if (!transform) throw failure("the colour profiles cannot be connected");
         made.emplace(std::pair{from, to}, Transform(transform, cmsDeleteTransform));
@@ -142,7 +153,7 @@ LcmsConverter::LcmsConverter(const std::string& cmykProfile) : transforms_(std::
     profiles.emplace(Space::xyz, Profile(cmsCreateXYZProfile(), cmsCloseProfile));
     profiles.emplace(Space::gray, Profile(makeGray(), cmsCloseProfile));
     if (cmykProfile.empty()) return;
-    profiles.emplace(Space::cmyk, openCmyk(cmykProfile));
+    transforms_->cmykProfile = cmykProfile;
     transforms_->get(Space::rgb, Space::cmyk); // a profile that cannot serve is refused here, not in a pick
     transforms_->get(Space::cmyk, Space::rgb);
 }
@@ -151,12 +162,16 @@ LcmsConverter::~LcmsConverter() = default;
 
 Components LcmsConverter::convert(Space from, Space to, const Components& components) const {
     if (from == to) return components;
-    const auto& profiles = transforms_->profiles;
-    if (!profiles.contains(from)) return convert(Space::rgb, to, closedToRgb(from, components));
-    if (!profiles.contains(to)) return closedFromRgb(to, convert(from, Space::rgb, components));
+    if (!transforms_->knows(from)) return convert(Space::rgb, to, closedToRgb(from, components));
+    if (!transforms_->knows(to)) return closedFromRgb(to, convert(from, Space::rgb, components));
 
     const Components in = clamped(from, components);
-    cmsHTRANSFORM transform = transforms_->get(from, to);
+    cmsHTRANSFORM transform = nullptr;
+    try {
+        transform = transforms_->get(from, to);
+    } catch (const std::runtime_error&) { // the CMYK profile's file went meanwhile; RGB's way is open
+        return convert(Space::rgb, to, convert(from, Space::rgb, components));
+    }
     return worksInBytes(from, to) ? convertBytes(transform, in)
                                   : convertDoubles(transform, codingOf(from), codingOf(to), in);
 }
