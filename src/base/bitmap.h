@@ -16,6 +16,7 @@ struct Bitmap {
     int width = 0;
     int height = 0;
     std::vector<std::uint32_t> pixels; ///< width * height
+    bool cut = false; ///< said to be opaque or 0 in every pixel, which is drawn in half the time
 
     bool empty() const { return width <= 0 || height <= 0; }
 

@@ -44,9 +44,15 @@ inline QColor carrying(const QColor& ground, const QColor& text, double least) {
     return firstStandingOut(ground, darkens ? Qt::black : Qt::white, text, least);
 }
 
-/// Of frames around controls that lie on the window's ground.
+/// Of frames around controls that lie on the window's ground. Found once for each pair of colours: every well
+/// asks whenever it is painted.
 inline QColor hairline(const QPalette& palette) {
-    return quietOn(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 3);
+    static QColor ground, text, line;
+    const QColor window = palette.color(QPalette::Window), words = palette.color(QPalette::WindowText);
+    if (!line.isValid() || window != ground || words != text) line = quietOn(window, words, 3);
+    ground = window;
+    text = words;
+    return line;
 }
 
 /// What the lists' black names and blue frame lie on: white in a light window, else a light grey that does

@@ -199,7 +199,8 @@ void PaintCanvas::drawBitmap(const Bitmap& bitmap, const Rect& into) {
     if (bitmap.empty()) return;
     painted();
     const QImage image(reinterpret_cast<const uchar*>(bitmap.pixels.data()), bitmap.width, bitmap.height,
-                       bitmap.width * 4, QImage::Format_ARGB32);
+                       bitmap.width * 4,
+                       bitmap.cut ? QImage::Format_ARGB32_Premultiplied : QImage::Format_ARGB32);
     const QRectF target = map(into);
     const bool exact = target.width() * scale_ == bitmap.width && target.height() * scale_ == bitmap.height;
     painter_.setRenderHint(QPainter::SmoothPixmapTransform, target_.toScreen && !exact);

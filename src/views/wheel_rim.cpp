@@ -20,7 +20,7 @@ std::uint32_t mixed(std::uint32_t a, std::uint32_t b, float shareOfA) {
     for (int shift = 0; shift <= 16; shift += 8) {
         const auto from = static_cast<float>((a >> shift) & 0xFF),
                    to = static_cast<float>((b >> shift) & 0xFF);
-        out |= static_cast<std::uint32_t>(std::lround(from * shareOfA + to * (1 - shareOfA))) << shift;
+        out |= static_cast<std::uint32_t>(from * shareOfA + to * (1 - shareOfA) + 0.5F) << shift;
     }
     return out;
 }
@@ -43,6 +43,7 @@ void WheelRim::measure(const Bitmap& wheel) {
     bitmap_.width = bitmap_.height = 0; // measured anew, should there be no memory for it now
     rim_.clear();
     bitmap_.pixels.assign(wheel.pixels.size(), 0);
+    bitmap_.cut = true;
     for (int y = 0; y < wheel.height; ++y)
         measureRow(wheel, y);
     bitmap_.width = wheel.width;

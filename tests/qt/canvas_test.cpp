@@ -88,6 +88,19 @@ TEST_F(CanvasTest, APictureIsDrawnPixelByPixelAndUpright) {
     EXPECT_EQ(picture(2, 2, true, draw), (Rows{"rb", "kr"}));
 }
 
+TEST_F(CanvasTest, ACutPictureShowsWhatTheSamePixelsShowUncut) {
+    Bitmap bitmap{3, 2, {red, 0, black, blue, 0, red}};
+    const auto draw = [&](Canvas& c) {
+        c.setFill(Colour::rgb(0, 0, 1));
+        c.fillRect({0, 0, 2, 1});
+        c.drawBitmap(bitmap, {0, 0, 3, 2});
+    };
+    const Rows uncut = picture(3, 2, true, draw);
+    EXPECT_EQ(uncut, (Rows{"rbk", "b.r"}));
+    bitmap.cut = true;
+    EXPECT_EQ(picture(3, 2, true, draw), uncut);
+}
+
 TEST_F(CanvasTest, EveryByteOfAColourSurvives) {
     for (int byte = 0; byte < 256; ++byte) {
         view.draw = [&](Canvas& c) {

@@ -54,6 +54,15 @@ TEST(WheelRim, OutsideIsTheSurround) {
     EXPECT_GT(corners, 200 * 200 / 5);
 }
 
+TEST(WheelRim, ShowsOrHidesAPixelWhole) {
+    const Bitmap wheel = plainWheelPicture(99, 0.5F);
+    WheelRim rim;
+    const Bitmap& around = rim.around(wheel, 0.5F, kDark);
+    EXPECT_TRUE(around.cut);
+    for (const std::uint32_t pixel : around.pixels)
+        ASSERT_TRUE(pixel == 0 || pixel >= kOpaque) << std::hex << pixel;
+}
+
 TEST(WheelRim, BetweenTheTwoTheRimRunsOut) {
     const Bitmap wheel = plainWheelPicture(322, 1);
     WheelRim rim;
