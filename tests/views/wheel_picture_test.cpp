@@ -67,7 +67,9 @@ TEST(WheelPicture, AKeptMeasureServesTheNextPictureOfItsSize) {
         EXPECT_TRUE(equalsPlain(picture, size, brightness)) << size << " at " << brightness;
         const std::uint32_t* pixels = picture.bitmap().pixels.data();
         if (!first) first = pixels;
-        if (brightness == 1) EXPECT_EQ(pixels, first) << "the same memory: nothing was measured";
+        if (brightness == 1) {
+            EXPECT_EQ(pixels, first) << "the same memory: nothing was measured";
+        }
     }
     WheelPicture::keepMeasure(false);
     WheelPicture picture;
