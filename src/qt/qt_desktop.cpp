@@ -52,20 +52,10 @@ QtDesktopSettings QtDesktopSettings::fromEnvironment() {
     return settings;
 }
 
-namespace {
-/// An application of our own keeps it from pick to pick: reading its pictures is a twentieth of a further
-/// one.
-QIcon windowIcon(bool ownApplication) {
-    if (!ownApplication) return productIcon();
-    if (QGuiApplication::windowIcon().isNull()) QGuiApplication::setWindowIcon(productIcon());
-    return QGuiApplication::windowIcon();
-}
-} // namespace
-
 QtDesktop::QtDesktop(QtDesktopSettings settings)
     : keyboard(&QGuiApplication::queryKeyboardModifiers), settings_(std::move(settings)),
       log_(settings_.logToSystem), texts_(settings_.formsDirectory),
-      language_(settings_.language, settings_.ownApplication), icon_(windowIcon(settings_.ownApplication)) {
+      language_(settings_.language, settings_.ownApplication) {
     installAccessibility();
 }
 
@@ -105,7 +95,7 @@ std::unique_ptr<Form> QtDesktop::loadForm(std::string_view name, const FormOwner
     if (root) {
         form = std::make_unique<QtForm>(std::move(root), *this, std::string(name));
         adoptHostWindow(*form->window());
-        form->window()->setWindowIcon(icon_);
+        if (!icon_.isNull()) form->window()->setWindowIcon(icon_);
         forms_.push_back(form.get());
         for (std::string& problem : form->connect(owner))
             problems.push_back(std::move(problem));
@@ -114,6 +104,18 @@ std::unique_ptr<Form> QtDesktop::loadForm(std::string_view name, const FormOwner
         log(std::string(name) + ": " + problem);
     mishaps_.rethrow();
     return form;
+}
+
+/// To the windows that are there. An application of our own keeps it for every window, from pick to pick:
+/// reading its pictures is a twentieth of a further one.
+void QtDesktop::giveIcon() {
+    if (settings_.ownApplication) {
+        if (QGuiApplication::windowIcon().isNull()) QGuiApplication::setWindowIcon(productIcon());
+        return;
+    }
+    if (icon_.isNull()) icon_ = productIcon();
+    for (const QtForm* form : forms_)
+        if (form->window()) form->window()->setWindowIcon(icon_);
 }
 
 /// The dialog stays above the host's main window and is blocked with it.
@@ -139,6 +141,7 @@ std::int64_t QtDesktop::runModal(Window& window) {
         return 0;
     }
     mishaps_.rethrow(); // of the time when the dialog was made
+    QTimer::singleShot(0, &context_, [this] { guarded([this] { giveIcon(); }); }); // no window waits for it
     const std::int64_t code = modalLoops_.run(*control->dialog());
     mishaps_.rethrow();
     return code;
@@ -172,6 +175,7 @@ void QtDesktop::runAlert(const Alert& alert) {
     const QPointer<QWidget> asking = frontWindow();
     const bool active = asking && QApplication::activeWindow() == asking;
     QMessageBox box(QMessageBox::Warning, "Chromalog", QString(), QMessageBox::NoButton, asking);
+    giveIcon();
     box.setWindowIcon(icon_);
     box.setTextFormat(Qt::PlainText);
     box.setText(toQt(alert.message));

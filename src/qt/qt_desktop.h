@@ -117,6 +117,7 @@ class QtDesktop : public Desktop {
   private:
     QWidget* frontWindow() const;
     void adoptHostWindow(QWidget&);
+    void giveIcon();
 
     QtDesktopSettings settings_;
     LogRing log_;
@@ -138,7 +139,7 @@ class QtDesktop : public Desktop {
     Completions completions_;
     FileHabits fileHabits_;
     FilePanels panels_{fileHabits_};
-    QIcon icon_;
+    QIcon icon_; ///< of the windows in another's application, once one was shown
     std::vector<QtForm*> forms_;
     QPointer<QMessageBox> openAlert_;
     std::vector<Alert> alerts_;

@@ -16,6 +16,7 @@
 #include <QPixmapCache>
 #include <QPointer>
 #include <QPushButton>
+#include <QTimer>
 
 #include <clocale>
 #include <ctime>
@@ -45,18 +46,30 @@ TEST(LogRing, RedrawsDoNotPushTheOthersOut) {
 
 class ServicesTest : public DesktopTest {};
 
+/// Of the dialog and of the application, after a pick.
+std::pair<QIcon, QIcon> iconsOfAPick(const QtDesktopSettings& settings) {
+    QtDesktop desktop(settings);
+    Outlet<Window> window;
+    FormOwner owner;
+    owner.outlets = {{"window", &window}};
+    const auto form = desktop.loadForm("dialog", owner);
+    QTimer::singleShot(0, [&desktop] { QTimer::singleShot(0, [&desktop] { desktop.stopModal(0); }); });
+    desktop.runModal(*window);
+    return {desktop.widget("window")->windowIcon(), QGuiApplication::windowIcon()};
+}
+
 TEST_F(ServicesTest, AnApplicationOfOurOwnKeepsTheIcon) {
+    writeDialog("dialog", "");
     QtDesktopSettings own = settings();
     own.ownApplication = false;
-    const auto iconWith = [&own] {
-        const QtDesktop desktop(own);
-        return QGuiApplication::windowIcon();
-    };
-    EXPECT_TRUE(iconWith().isNull()) << "another's is left alone";
+    const auto [ofDialog, ofOthers] = iconsOfAPick(own);
+    EXPECT_FALSE(ofDialog.pixmap(48, 48).isNull());
+    EXPECT_TRUE(ofOthers.isNull()) << "another's is left alone";
     own.ownApplication = true;
-    const QIcon first = iconWith(), further = iconWith();
+    const auto [shown, first] = iconsOfAPick(own);
+    EXPECT_FALSE(shown.pixmap(48, 48).isNull());
     EXPECT_FALSE(first.pixmap(48, 48).isNull());
-    EXPECT_EQ(further.cacheKey(), first.cacheKey());
+    EXPECT_EQ(iconsOfAPick(own).second.cacheKey(), first.cacheKey());
     QGuiApplication::setWindowIcon({});
 }
 
