@@ -142,21 +142,57 @@ TEST(ColourConversion, AProfileThatServesOneWayAloneIsRefusedBeforeAPick) {
     }
 }
 
-TEST(ColourConversion, WhatTheProfileWasNotAskedForBeforeItsFileWentGoesByRgb) {
+/// The table is there and is none.
+TEST(ColourConversion, AProfileWithABrokenTableIsRefusedBeforeAPick) {
+    std::ifstream installed(LcmsConverter::installedCmykProfile(), std::ios::binary);
+    if (!installed) GTEST_SKIP() << "libgs-common is not installed";
+    const std::string whole(std::istreambuf_iterator<char>(installed), {});
+    const test::TemporaryFolder folder;
+    const auto numberAt = [&whole](std::size_t at) {
+        std::size_t number = 0;
+        for (std::size_t i = at; i < at + 4; ++i)
+            number = number << 8 | static_cast<std::uint8_t>(whole[i]);
+        return number;
+    };
+    for (const std::string way : {"A2B", "B2A"}) {
+        std::string broken = whole;
+        for (std::size_t tag = 132, end = 132 + numberAt(128) * 12; tag < end; tag += 12)
+            if (whole.compare(tag, 3, way) == 0) broken.replace(numberAt(tag + 4), 4, "none");
+        ASSERT_NE(broken, whole);
+        std::ofstream(folder / way, std::ios::binary) << broken;
+        EXPECT_THROW(LcmsConverter{folder / way}, std::runtime_error) << way;
+    }
+}
+
+TEST(ColourConversion, AProfileServesOnWhereItsFileHasGone) {
     const std::filesystem::path installed = LcmsConverter::installedCmykProfile();
     if (installed.empty()) GTEST_SKIP() << "libgs-common is not installed";
     const test::TemporaryFolder folder;
     std::filesystem::copy_file(installed, folder / "inks.icc");
-    const LcmsConverter whole(installed), lost(folder / "inks.icc");
+    const LcmsConverter whole(installed), gone(folder / "inks.icc");
     std::filesystem::remove(folder / "inks.icc");
     const Components inks{200, 40, 90, 250}, lab{150, 170, 90};
-    EXPECT_EQ(lost.convert(Space::cmyk, Space::rgb, inks), whole.convert(Space::cmyk, Space::rgb, inks));
-    const Components rgb = whole.convert(Space::cmyk, Space::rgb, inks);
-    EXPECT_EQ(lost.convert(Space::cmyk, Space::lab, inks), whole.convert(Space::rgb, Space::lab, rgb));
-    EXPECT_EQ(lost.convert(Space::lab, Space::cmyk, lab),
-              whole.convert(Space::rgb, Space::cmyk, whole.convert(Space::lab, Space::rgb, lab)));
-    EXPECT_NE(whole.convert(Space::lab, Space::cmyk, lab), lost.convert(Space::lab, Space::cmyk, lab))
-        << "the pair's own transform is another one";
+    EXPECT_EQ(gone.convert(Space::cmyk, Space::rgb, inks), whole.convert(Space::cmyk, Space::rgb, inks));
+    EXPECT_EQ(gone.convert(Space::rgb, Space::cmyk, lab), whole.convert(Space::rgb, Space::cmyk, lab));
+    EXPECT_EQ(gone.convert(Space::cmyk, Space::lab, inks), whole.convert(Space::cmyk, Space::lab, inks));
+    EXPECT_EQ(gone.convert(Space::lab, Space::cmyk, lab), whole.convert(Space::lab, Space::cmyk, lab));
+}
+
+/// As on a disk that fails: what was not read before cannot be read any more.
+TEST(ColourConversion, WhereAProfileCannotBeReadAnyMoreRgbIsTheWay) {
+    const std::filesystem::path installed = LcmsConverter::installedCmykProfile();
+    if (installed.empty()) GTEST_SKIP() << "libgs-common is not installed";
+    const test::TemporaryFolder folder;
+    std::filesystem::copy_file(installed, folder / "inks.icc");
+    const LcmsConverter whole(installed), cut(folder / "inks.icc");
+    std::filesystem::resize_file(folder / "inks.icc", 200);
+    const Components inks{200, 40, 90, 250}, lab{150, 170, 90};
+    const auto rgbOf = [&cut](Space space, const Components& c) { return cut.convert(space, Space::rgb, c); };
+    EXPECT_EQ(cut.convert(Space::rgb, Space::cmyk, lab), whole.convert(Space::rgb, Space::cmyk, lab));
+    EXPECT_EQ(cut.convert(Space::lab, Space::cmyk, lab),
+              whole.convert(Space::rgb, Space::cmyk, rgbOf(Space::lab, lab)));
+    EXPECT_EQ(cut.convert(Space::cmyk, Space::lab, inks),
+              whole.convert(Space::rgb, Space::lab, rgbOf(Space::cmyk, inks)));
 }
 
 struct Services : ::testing::Test {

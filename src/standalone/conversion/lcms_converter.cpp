@@ -113,38 +113,35 @@ Profile openCmyk(const std::string& path) {
 
 } // namespace
 
-/// Each is made when it is first asked for. The file of a CMYK profile is opened for each anew: an open
-/// profile keeps every table that was read through it, beside the copy that the transform has.
 struct LcmsConverter::Transforms {
     std::map<Space, Profile> profiles;
-    std::string cmykProfile;
     std::map<std::pair<Space, Space>, Transform> made;
-
-    bool knows(Space space) const {
-        return profiles.contains(space) || (space == Space::cmyk && !cmykProfile.empty());
-    }
 
     cmsHTRANSFORM get(Space from, Space to) {
         const auto found = made.find({from, to});
         if (found != made.end()) return found->second.get();
-        const bool bytes = worksInBytes(from, to), inks = from == Space::cmyk || to == Space::cmyk;
-        const Profile cmyk = inks ? openCmyk(cmykProfile) : Profile(nullptr, cmsCloseProfile);
-        const auto profileOf = [&](Space space) {
-            return space == Space::cmyk ? cmyk.get() : profiles.at(space).get();
-        };
+        return make(from, profiles.at(from).get(), to, profiles.at(to).get());
+    }
+
+    cmsHTRANSFORM make(Space from, cmsHPROFILE source, Space to, cmsHPROFILE target) {
+        const bool bytes = worksInBytes(from, to);
         // Not optimised: single colours do not pay for the table of grid points, which takes long to make
         // and moves most colours by some units.
         constexpr cmsUInt32Number flags =
             cmsFLAGS_BLACKPOINTCOMPENSATION | cmsFLAGS_NOOPTIMIZE | cmsFLAGS_NOCACHE;
-        cmsHTRANSFORM transform = cmsCreateTransform(
-            profileOf(from), bytes ? byteTypeOf(from) : codingOf(from).type, profileOf(to),
-            bytes ? byteTypeOf(to) : codingOf(to).type, INTENT_RELATIVE_COLORIMETRIC, flags);
+        cmsHTRANSFORM transform = cmsCreateTransform(source, bytes ? byteTypeOf(from) : codingOf(from).type,
+                                                     target, bytes ? byteTypeOf(to) : codingOf(to).type,
+                                                     INTENT_RELATIVE_COLORIMETRIC, flags);
         if (!transform) throw failure("the colour profiles cannot be connected");
         made.emplace(std::pair{from, to}, Transform(transform, cmsDeleteTransform));
         return transform;
     }
 };
 
+/// A profile that cannot serve is refused here, not in a pick. Of the two ways through it the one to ink is
+/// made, which every pick wants at once, and of the other its table is read. An open profile keeps every
+/// table that was read through it, beside the copy that the transform has: the way to ink, whose table is by
+/// far the largest, has an opening of its own.
 LcmsConverter::LcmsConverter(const std::string& cmykProfile) : transforms_(std::make_unique<Transforms>()) {
     const Listening listening;
     auto& profiles = transforms_->profiles;
@@ -153,23 +150,28 @@ LcmsConverter::LcmsConverter(const std::string& cmykProfile) : transforms_(std::
     profiles.emplace(Space::xyz, Profile(cmsCreateXYZProfile(), cmsCloseProfile));
     profiles.emplace(Space::gray, Profile(makeGray(), cmsCloseProfile));
     if (cmykProfile.empty()) return;
-    transforms_->cmykProfile = cmykProfile;
-    transforms_->get(Space::rgb, Space::cmyk); // a profile that cannot serve is refused here, not in a pick
-    transforms_->get(Space::cmyk, Space::rgb);
+    Profile cmyk = openCmyk(cmykProfile);
+    if (!cmsReadTag(cmyk.get(), cmsIsTag(cmyk.get(), cmsSigAToB1Tag) ? cmsSigAToB1Tag : cmsSigAToB0Tag))
+        throw failure(cmykProfile + " cannot be converted from");
+    transforms_->make(Space::rgb, profiles.at(Space::rgb).get(), Space::cmyk, openCmyk(cmykProfile).get());
+    profiles.emplace(Space::cmyk, std::move(cmyk));
 }
 
 LcmsConverter::~LcmsConverter() = default;
 
 Components LcmsConverter::convert(Space from, Space to, const Components& components) const {
     if (from == to) return components;
-    if (!transforms_->knows(from)) return convert(Space::rgb, to, closedToRgb(from, components));
-    if (!transforms_->knows(to)) return closedFromRgb(to, convert(from, Space::rgb, components));
+    const auto& profiles = transforms_->profiles;
+    if (!profiles.contains(from)) return convert(Space::rgb, to, closedToRgb(from, components));
+    if (!profiles.contains(to)) return closedFromRgb(to, convert(from, Space::rgb, components));
 
     const Components in = clamped(from, components);
     cmsHTRANSFORM transform = nullptr;
     try {
         transform = transforms_->get(from, to);
-    } catch (const std::runtime_error&) { // the CMYK profile's file went meanwhile; RGB's way is open
+    } catch (const std::runtime_error&) { // the disk fails where a CMYK profile lies
+        if (from == Space::cmyk && to == Space::rgb) return closedToRgb(from, in);
+        if (from != Space::cmyk && to != Space::cmyk) throw;
         return convert(Space::rgb, to, convert(from, Space::rgb, components));
     }
     return worksInBytes(from, to) ? convertBytes(transform, in)
