@@ -82,8 +82,21 @@ void chromaticCircleView::drawRect(Canvas& canvas) {
     canvas.strokePath(markers());
 }
 
+/// In pieces only where each has a place that is exact in binary: seams would show between others.
+void chromaticCircleView::drawRim(Canvas& canvas) {
+    const Bitmap& shown = shownPicture(canvas.deviceScale());
+    const Rect whole = bounds();
+    const double unit = whole.w / shown.width;
+    const auto cut = unit == 1 || unit == 0.5 ? WheelRim::Cut::frame : WheelRim::Cut::whole;
+    for (const auto& [x, y, bitmap] : rim_.around(shown, brightness_, surround(), cut)) {
+        const double width = bitmap.width * unit, height = bitmap.height * unit;
+        const Rect place{whole.x + x * unit, whole.y + whole.h - y * unit - height, width, height};
+        canvas.drawBitmap(bitmap, cut == WheelRim::Cut::whole ? whole : place);
+    }
+}
+
 void chromaticCircleView::drawDisplayLayer(Canvas& canvas) {
-    canvas.drawBitmap(rim_.around(shownPicture(canvas.deviceScale()), brightness_, surround()), bounds());
+    drawRim(canvas);
     for (WheelTool* tool : tools_)
         tool->drawOverWheel(canvas);
     strokeWithHalo(canvas, markers());

@@ -49,6 +49,7 @@ class chromaticCircleView : public View {
     float pictureRow(double y) const;
     Colour pixelAt(double x, float row) const;
     const Bitmap& shownPicture(double scale);
+    void drawRim(Canvas&);
     Path markers() const;
 
     WorkingColours& colours_;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace chromalog {
 namespace {
@@ -25,35 +26,73 @@ std::uint32_t mixed(std::uint32_t a, std::uint32_t b, float shareOfA) {
     return out;
 }
 
+/// The pieces of a picture, still empty. The middle that a frame leaves out lies within the disc, two pixels
+/// from its rim.
+std::vector<WheelRim::Piece> piecesOf(int size, WheelRim::Cut cut) {
+    struct Box {
+        int x, y, width, height;
+    };
+    std::vector<Box> boxes{{0, 0, size, size}};
+    const double radius = size / 2.0;
+    const int side = static_cast<int>(std::ceil(radius - (radius - 3) * std::numbers::sqrt2 / 2));
+    if (const int middle = size - 2 * side; cut == WheelRim::Cut::frame && middle > 0)
+        boxes = {{0, 0, size, side},
+                 {0, side, side, middle},
+                 {size - side, side, side, middle},
+                 {0, size - side, size, side}};
+    std::vector<WheelRim::Piece> pieces;
+    for (const Box& box : boxes) {
+        WheelRim::Piece& piece = pieces.emplace_back(box.x, box.y);
+        piece.bitmap.pixels.assign(static_cast<std::size_t>(box.width) * box.height, 0);
+        piece.bitmap.width = box.width;
+        piece.bitmap.height = box.height;
+        piece.bitmap.cut = true;
+    }
+    return pieces;
+}
+
 } // namespace
 
-const Bitmap& WheelRim::around(const Bitmap& wheel, float disc, const Colour& surround) {
+const std::vector<WheelRim::Piece>& WheelRim::around(const Bitmap& wheel, float disc, const Colour& surround,
+                                                     Cut cut) {
     const std::uint32_t ground = opaquePixel(surround);
-    const bool measured = bitmap_.width == wheel.width && surround_ == ground;
+    const bool measured = size_ == wheel.width && surround_ == ground && cut_ == cut;
     if (!measured) {
         surround_ = ground;
-        measure(wheel);
+        cut_ = cut;
+        measure(wheel, cut);
     }
     if (!measured || disc_ != disc) blend(wheel);
     disc_ = disc;
-    return bitmap_;
+    return pieces_;
 }
 
-void WheelRim::measure(const Bitmap& wheel) {
-    bitmap_.width = bitmap_.height = 0; // measured anew, should there be no memory for it now
+void WheelRim::measure(const Bitmap& wheel, Cut cut) {
+    size_ = 0; // measured anew, should there be no memory for it now
     rim_.clear();
-    bitmap_.pixels.assign(wheel.pixels.size(), 0);
-    bitmap_.cut = true;
+    pieces_.clear();
+    if (wheel.empty()) return;
+    pieces_ = piecesOf(wheel.width, cut);
     for (int y = 0; y < wheel.height; ++y)
         measureRow(wheel, y);
-    bitmap_.width = wheel.width;
-    bitmap_.height = wheel.height;
+    size_ = wheel.width;
+}
+
+/// With the surround, from one column to another.
+void WheelRim::fill(int y, int begin, int end) {
+    for (Piece& piece : pieces_) {
+        Bitmap& part = piece.bitmap;
+        if (y < piece.y || y >= piece.y + part.height) continue;
+        const int first = std::clamp(begin - piece.x, 0, part.width),
+                  last = std::clamp(end - piece.x, 0, part.width);
+        const auto row = part.pixels.begin() + static_cast<std::ptrdiff_t>(y - piece.y) * part.width;
+        std::fill(row + first, row + last, surround_);
+    }
 }
 
 /// From the row's end inwards to the disc, and the other half likewise: most pixels are never looked at.
 void WheelRim::measureRow(const Bitmap& wheel, int y) {
     const double radius = wheel.width / 2.0, dy = y - radius;
-    const auto row = bitmap_.pixels.begin() + static_cast<std::ptrdiff_t>(y) * wheel.width;
     const auto isIn = [&](int x, double within) {
         return within > 0 && (x - radius) * (x - radius) + dy * dy <= within * within;
     };
@@ -62,8 +101,8 @@ void WheelRim::measureRow(const Bitmap& wheel, int y) {
         ++left;
     while (right > left && !isIn(right - 1, radius + 1))
         --right;
-    std::fill(row, row + left, surround_);
-    std::fill(row + right, row + wheel.width, surround_);
+    fill(y, 0, left);
+    fill(y, right, wheel.width);
     for (; left < right && !isIn(left, radius - 1); ++left)
         addPixel(wheel, left, y);
     for (int x = right; x > left && !isIn(x - 1, radius - 1); --x)
@@ -74,11 +113,21 @@ void WheelRim::measureRow(const Bitmap& wheel, int y) {
 /// as picks read it.
 void WheelRim::addPixel(const Bitmap& wheel, int x, int y) {
     const auto radius = static_cast<float>(wheel.width / 2.0);
-    const std::size_t at = static_cast<std::size_t>(y) * wheel.width + x;
+    const auto indexOf = [](const Bitmap& bitmap, long column, long row) {
+        return static_cast<std::uint32_t>(row * bitmap.width + column);
+    };
+    const auto holds = [x, y](const Piece& piece) {
+        return x >= piece.x && x < piece.x + piece.bitmap.width && y >= piece.y &&
+               y < piece.y + piece.bitmap.height;
+    };
+    const auto piece = std::ranges::find_if(pieces_, holds);
+    if (piece == pieces_.end()) return; // not so near
+    RimPixel pixel{indexOf(piece->bitmap, x - piece->x, y - piece->y), indexOf(wheel, x, y), 1,
+                   static_cast<std::uint32_t>(piece - pieces_.begin())};
     float hue = 0, saturation = 0;
     getColorWheelValue(x, y, &hue, &saturation, radius);
     if (saturation < 1) {
-        if (wheel.pixels[at] < kOpaque) rim_.push_back({at, at, 1});
+        if (wheel.pixels[pixel.from] < kOpaque) rim_.push_back(pixel);
         return;
     }
     const float distance = saturation * radius, inward = (radius - 1) / distance;
@@ -86,13 +135,15 @@ void WheelRim::addPixel(const Bitmap& wheel, int x, int y) {
         return std::clamp(std::lround(radius + (static_cast<float>(v) - radius) * inward), 0L,
                           wheel.width - 1L);
     };
-    rim_.push_back({at, static_cast<std::size_t>(moved(y)) * wheel.width + moved(x),
-                    std::clamp(1 - (distance - radius), 0.0F, 1.0F)});
+    pixel.from = indexOf(wheel, moved(x), moved(y));
+    pixel.share = std::clamp(1 - (distance - radius), 0.0F, 1.0F);
+    rim_.push_back(pixel);
 }
 
 void WheelRim::blend(const Bitmap& wheel) {
     for (const RimPixel& pixel : rim_)
-        bitmap_.pixels[pixel.at] = mixed(wheel.pixels[pixel.from], surround_, pixel.share);
+        pieces_[pixel.piece].bitmap.pixels[pixel.at] =
+            mixed(wheel.pixels[pixel.from], surround_, pixel.share);
 }
 
 } // namespace chromalog

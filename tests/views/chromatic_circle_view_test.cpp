@@ -375,8 +375,11 @@ TEST_F(ChromaticCircleView, TheScreenAloneGetsHalosAndTheSurround) {
     EXPECT_EQ(marks[1].path.elements, line[0].path.elements);
     EXPECT_TRUE(marks[1].colour.sameRgb(Colour::rgb(1, 1, 1)));
     EXPECT_EQ(marks[1].width, 1);
-    EXPECT_EQ(layer.primitives.front().kind, Primitive::Kind::bitmap) << "the marks stand over the surround";
-    EXPECT_EQ(layer.primitives.front().rect, view.bounds());
+    for (std::size_t i = 0; i < 4; ++i)
+        EXPECT_EQ(layer.primitives[i].kind, Primitive::Kind::bitmap) << "the marks stand over the surround";
+    const Rect all = view.bounds(), top = layer.primitives.front().rect, bottom = layer.primitives[3].rect;
+    EXPECT_EQ(top, (Rect{all.x, all.y + all.h - top.h, all.w, top.h})) << "y grows upwards";
+    EXPECT_EQ(bottom, (Rect{all.x, all.y, all.w, top.h}));
 }
 
 TEST_F(ChromaticCircleView, TellsAssistiveTechnologyTheSecondColour) {
