@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 namespace chromalog {
 namespace {
@@ -42,11 +43,8 @@ std::vector<WheelRim::Piece> piecesOf(int size, WheelRim::Cut cut) {
                  {0, size - side, size, side}};
     std::vector<WheelRim::Piece> pieces;
     for (const Box& box : boxes) {
-        WheelRim::Piece& piece = pieces.emplace_back(box.x, box.y);
-        piece.bitmap.pixels.assign(static_cast<std::size_t>(box.width) * box.height, 0);
-        piece.bitmap.width = box.width;
-        piece.bitmap.height = box.height;
-        piece.bitmap.cut = true;
+        std::vector<std::uint32_t> pixels(static_cast<std::size_t>(box.width) * box.height);
+        pieces.push_back({box.x, box.y, {box.width, box.height, std::move(pixels), true}});
     }
     return pieces;
 }
