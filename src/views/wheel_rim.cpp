@@ -18,11 +18,12 @@ std::uint32_t opaquePixel(const Colour& c) {
 }
 
 std::uint32_t mixed(std::uint32_t a, std::uint32_t b, float shareOfA) {
+    constexpr float half = 0.5F; // rounds; a call of lround would be three for each pixel in every frame
     std::uint32_t out = kOpaque;
     for (int shift = 0; shift <= 16; shift += 8) {
         const auto from = static_cast<float>((a >> shift) & 0xFF),
                    to = static_cast<float>((b >> shift) & 0xFF);
-        out |= static_cast<std::uint32_t>(from * shareOfA + to * (1 - shareOfA) + 0.5F) << shift;
+        out |= static_cast<std::uint32_t>(from * shareOfA + to * (1 - shareOfA) + half) << shift;
     }
     return out;
 }
