@@ -153,7 +153,8 @@ void addPluginOptions(CLI::App& app) {
     app.add_flag_callback(
         "--clipboard", [] {},
         "Copy the colour that OK returns, and stay without a window until another program copies something");
-    app.add_option("--screenshot", "Write a picture of the dialog")
+    app.add_option("--screenshot",
+                   "Write a picture of the dialog, which stays open unless --accept or --cancel closes it")
         ->check(kPictureFile)
         ->type_name("FILE.png");
     app.add_option("--drive", "Play a script against the dialog")
