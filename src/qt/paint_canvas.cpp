@@ -202,7 +202,14 @@ void PaintCanvas::drawBitmap(const Bitmap& bitmap, const Rect& into) {
                        bitmap.width * 4,
                        bitmap.cut ? QImage::Format_ARGB32_Premultiplied : QImage::Format_ARGB32);
     const QRectF target = map(into);
-    const bool exact = target.width() * scale_ == bitmap.width && target.height() * scale_ == bitmap.height;
+    // At a broken scale a picture made for its place is off by a part of a pixel. Mixed anew, the wheel and
+    // the surround over it would each take something of what lies beside the rim: a pale line in a dark
+    // surround.
+    const double tolerance = scale_ == 1 ? 0 : 0.999;
+    const auto fits = [&](double covered, int pixels) {
+        return std::abs(covered * scale_ - pixels) <= tolerance;
+    };
+    const bool exact = fits(target.width(), bitmap.width) && fits(target.height(), bitmap.height);
     painter_.setRenderHint(QPainter::SmoothPixmapTransform, target_.toScreen && !exact);
     painter_.drawImage(target, image);
 }

@@ -101,6 +101,26 @@ TEST_F(CanvasTest, ACutPictureShowsWhatTheSamePixelsShowUncut) {
     EXPECT_EQ(picture(3, 2, true, draw), uncut);
 }
 
+TEST_F(CanvasTest, APictureMadeForItsPlaceIsNotMixedAtABrokenScale) {
+    for (const int side : {166, 167}) { // of 166.67 pixels
+        Bitmap halves{side, side, {}};
+        for (int i = 0; i < side * side; ++i)
+            halves.pixels.push_back(i % side < side / 2 ? red : blue);
+        QImage device(170, 170, QImage::Format_RGB32);
+        device.setDevicePixelRatio(5 / 3.0);
+        device.fill(Qt::black);
+        {
+            QPainter painter(&device);
+            PaintCanvas(painter, {{0, 0, 100, 100}, false, {0, 0, 100, 100}})
+                .drawBitmap(halves, {0, 0, 100, 100});
+        }
+        for (int x = 0; x < 165; ++x) {
+            const QRgb pixel = device.pixel(x, 80);
+            EXPECT_TRUE(pixel == red || pixel == blue) << side << ": " << x << " is " << std::hex << pixel;
+        }
+    }
+}
+
 TEST_F(CanvasTest, EveryByteOfAColourSurvives) {
     for (int byte = 0; byte < 256; ++byte) {
         view.draw = [&](Canvas& c) {
