@@ -68,6 +68,8 @@ void ColourEntries::observeControls() {
             entry->field->whenEdited([this, &side, entry] { typed(side, *entry); });
             entry->field->whenEditingEnds([this, &side, entry] { left(side, *entry); });
         }
+        for (const Outlet<TextField>* ink : {&side.fields.C, &side.fields.M, &side.fields.Y, &side.fields.K})
+            (*ink)->whenEditingEnds([this] { follow(); }); // the field may show another number now
         side.choice->whenMenuOpens([this, &side] { return choices(side); });
     }
 }

@@ -78,6 +78,16 @@ TEST(ColourEntries, TheInksAreThoseOfFieldsThatAreFilledLater) {
     EXPECT_EQ(dialog.text("secondInks"), "12 30 70 0");
 }
 
+TEST(ColourEntries, TheInksAreThoseThatAFieldShowsOnceItIsLeft) {
+    Entered dialog;
+    auto& black = static_cast<HeadlessTextField&>(*dialog.colours.second.K);
+    black.type("40"); // the second colour gives all inks back as the host has them
+    EXPECT_EQ(dialog.text("secondInks"), "90 30 70 40");
+    black.endEditing();
+    EXPECT_EQ(black.text(), "0");
+    EXPECT_EQ(dialog.text("secondInks"), "90 30 70 0");
+}
+
 TEST(ColourEntries, ATextTakesEffectAsItIsTyped) {
     for (const char* text : {"#369", "#336699", "336699", "RGB(51 102 153)", " #336699; ", "hsl(210 50% 40%)",
                              "color: #336699;"}) {
