@@ -107,7 +107,7 @@ Profile openCmyk(const std::string& path) {
     if (cmsGetColorSpace(profile.get()) != cmsSigCmykData)
         throw std::runtime_error(path + " is no CMYK profile");
     if (!cmsIsIntentSupported(profile.get(), INTENT_RELATIVE_COLORIMETRIC, LCMS_USED_AS_OUTPUT))
-        throw std::runtime_error(path + " cannot be converted to");
+        throw std::runtime_error(path + " cannot be converted to: it is damaged, or no profile for printing");
     return profile;
 }
 
@@ -152,7 +152,7 @@ LcmsConverter::LcmsConverter(const std::string& cmykProfile) : transforms_(std::
     if (cmykProfile.empty()) return;
     Profile cmyk = openCmyk(cmykProfile);
     if (!cmsReadTag(cmyk.get(), cmsIsTag(cmyk.get(), cmsSigAToB1Tag) ? cmsSigAToB1Tag : cmsSigAToB0Tag))
-        throw failure(cmykProfile + " cannot be converted from");
+        throw failure(cmykProfile + " cannot be converted from: it is damaged, or no profile for printing");
     transforms_->make(Space::rgb, profiles.at(Space::rgb).get(), Space::cmyk, openCmyk(cmykProfile).get());
     profiles.emplace(Space::cmyk, std::move(cmyk));
 }
