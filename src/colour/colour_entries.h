@@ -47,8 +47,8 @@ class ColourEntries {
         std::optional<ColourNotation> notation{}; ///< of the reading; none: the inks show
         Colour shown{};                           ///< what the fields show
         bool shows = false;
-        std::string shownInks =
-            {}; ///< as the fields of the inks held them: at the start they are filled last
+        /// As the fields of the inks held them: at the start they are filled last.
+        std::string shownInks{};
     };
 
     void typed(Side&, Entry&);

@@ -87,11 +87,12 @@ void chromaticCircleView::drawRim(Canvas& canvas) {
     const Bitmap& shown = shownPicture(canvas.deviceScale());
     const Rect whole = bounds();
     const double unit = whole.w / shown.width;
-    const auto cut = unit == 1 || unit == 0.5 ? WheelRim::Cut::frame : WheelRim::Cut::whole;
+    const bool exact = whole.w == whole.h && (unit == 1 || unit == 0.5);
+    const auto cut = exact ? WheelRim::Cut::frame : WheelRim::Cut::whole;
     for (const auto& [x, y, bitmap] : rim_.around(shown, brightness_, surround(), cut)) {
         const double width = bitmap.width * unit, height = bitmap.height * unit;
         const Rect place{whole.x + x * unit, whole.y + whole.h - y * unit - height, width, height};
-        canvas.drawBitmap(bitmap, cut == WheelRim::Cut::whole ? whole : place);
+        canvas.drawBitmap(bitmap, exact ? place : whole);
     }
 }
 

@@ -362,7 +362,7 @@ TEST_F(ChromaticCircleView, AKeyPastTheRimDoesNothing) {
 
 TEST_F(ChromaticCircleView, TheScreenAloneGetsHalosAndTheSurround) {
     setMode(2);
-    test::RecordingCanvas own, layer;
+    test::RecordingCanvas own, layer, oblong;
     view.drawRect(own);
     view.drawDisplayLayer(layer);
     const auto line = own.only(Primitive::Kind::strokePath), marks = layer.only(Primitive::Kind::strokePath);
@@ -380,6 +380,9 @@ TEST_F(ChromaticCircleView, TheScreenAloneGetsHalosAndTheSurround) {
     const Rect all = view.bounds(), top = layer.primitives.front().rect, bottom = layer.primitives[3].rect;
     EXPECT_EQ(top, (Rect{all.x, all.y + all.h - top.h, all.w, top.h})) << "y grows upwards";
     EXPECT_EQ(bottom, (Rect{all.x, all.y, all.w, top.h}));
+    view.layOut({0, 0, 200, 150});
+    view.drawDisplayLayer(oblong);
+    EXPECT_EQ(oblong.primitives.front().rect, view.bounds()) << "stretched as the picture is";
 }
 
 TEST_F(ChromaticCircleView, TellsAssistiveTechnologyTheSecondColour) {
